@@ -1,0 +1,17 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/bitmap.h"
+#include "platform/error.h"
+
+#include <cstdint>
+#include <vector>
+
+namespace wallgrid {
+
+/// The bitmap as a PNG file (W3C, "Portable Network Graphics (PNG) Specification", third edition): RGBA with straight
+/// alpha, 8 bits a sample, no colour profile, so that pixel values pass unchanged. The same bitmap gives the same
+/// bytes. Fails when there is no memory for the result.
+Expected<std::vector<std::uint8_t>> encodePng(const Bitmap& bitmap);
+
+} // namespace wallgrid
