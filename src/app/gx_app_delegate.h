@@ -1,0 +1,143 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "app/project_file.h"
+#include "items/gx_item.h"
+#include "platform/array_controller.h"
+#include "platform/bitmap.h"
+#include "platform/color.h"
+#include "platform/desktop.h"
+#include "platform/image.h"
+#include "platform/views.h"
+
+#include <cstdint>
+#include <memory>
+#include <string_view>
+#include <utility>
+
+namespace wallgrid {
+
+/// The application's one controller, and the document itself: the output size, two colours, the item list and the
+/// preset list, and the raster composed of them. It drives the interface through the views it is connected to and
+/// works without any. One thread; the desktop it is given must outlive it.
+class GXAppDelegate {
+public:
+    using ItemController = ArrayController<GXItem>;
+    using ItemArrayRef = ItemController::ContentRef;
+
+    /// The pasteboard type of rows dragged inside and between the two tables.
+    static constexpr std::string_view kRowDragType = "BasicTableViewDragAndDropDataType";
+
+    /// Views that belong to the interface, each may be missing. They must outlive the controller or be disconnected.
+    struct Outlets {
+        Window* outputWindow = nullptr; ///< holds the large preview, `pvwImageWell`
+        TableView* table = nullptr;     ///< the main list table
+        TableView* ptable = nullptr;    ///< the preset table
+        ImageView* miniPvw = nullptr;   ///< the small preview in the main window
+    };
+
+    enum class TerminateReply {
+        TerminateNow,
+    };
+
+    explicit GXAppDelegate(const Desktop& desktop);
+    GXAppDelegate(const GXAppDelegate&) = delete;
+    GXAppDelegate& operator=(const GXAppDelegate&) = delete;
+
+    // Start and end ------------------------------------------------------------------------------------------------
+
+    void connect(const Outlets& outlets) { m_outlets = outlets; }
+    /// Registers both tables for the drag type. May run more than once.
+    void awakeFromNib();
+    /// Builds the launch document, the preset list and the preview, and composes for the first time.
+    void applicationDidFinishLaunching();
+    /// Quitting never asks.
+    TerminateReply applicationShouldTerminate() const { return TerminateReply::TerminateNow; }
+
+    // The document -------------------------------------------------------------------------------------------------
+
+    std::int32_t OutputWidth() const { return m_OutputWidth; }
+    void setOutputWidth(std::int32_t width) { m_OutputWidth = width; }
+    std::int32_t OutputHeight() const { return m_OutputHeight; }
+    void setOutputHeight(std::int32_t height) { m_OutputHeight = height; }
+    ColorRef bgColor() const { return m_bgColor; }
+    void setBgColor(ColorRef color) { m_bgColor = std::move(color); }
+    ColorRef edgeColor() const { return m_edgeColor; }
+    void setEdgeColor(ColorRef color) { m_edgeColor = std::move(color); }
+
+    /// Row 0 is the topmost item of the output. Empty before launch.
+    ItemArrayRef allScreensArray() const { return m_allScreensArray; }
+    void setAllScreensArray(ItemArrayRef items);
+    ItemArrayRef presetScreensArray() const { return m_presetScreensArray; }
+    void setPresetScreensArray(ItemArrayRef presets);
+    /// All insertions into and removals from the lists go through these; they hold the selections.
+    ItemController& arraycontroller() { return m_arraycontroller; }
+    ItemController& presetarraycontroller() { return m_presetarraycontroller; }
+
+    /// The next number of default names: "Layer %i", "Untitled %i".
+    std::int32_t screenNumber() const { return m_screenNumber; }
+
+    // Composition --------------------------------------------------------------------------------------------------
+
+    /// What every observed change leads to: renders the selected item again, reloads the table, composes.
+    void observeValueForKeyPath();
+    /// The update pass: composes the raster anew and shows it, at most once in 0.1 seconds; a call in between renders
+    /// nothing and is not made up for later (see hasSkippedUpdate()).
+    void update();
+    /// Lets the next update pass render.
+    void timerupdate() { m_shouldUpdate = true; }
+    bool shouldUpdate() const { return m_shouldUpdate; }
+    void setShouldUpdate(bool shouldUpdate) { m_shouldUpdate = shouldUpdate; }
+    /// An update pass has rendered nothing since the last one that rendered: the raster may be behind the document.
+    bool hasSkippedUpdate() const { return m_hasSkippedUpdate; }
+
+    /// The raster of the last composition; empty before the first, and when the output size gives none.
+    BitmapRef offscreenRep() const { return m_offscreenRep; }
+    /// The image that the previews show: `offscreenRep` at the output size.
+    ImageRef img() const { return m_img; }
+    ImageView* pvwImageWell() const { return m_pvwImageWell; }
+
+    // Files --------------------------------------------------------------------------------------------------------
+
+    /// Writes the document to a project file chosen in a save panel; "mpr" is appended unless it is there.
+    void saveProject();
+    /// Replaces the document by a project file chosen in an open panel, and renders in any case.
+    void openProject();
+    /// Replaces the document by the project file at a location, given as a URL string. An alert says when there is no
+    /// readable file; a file that is no project changes nothing. (`application:openFile:`)
+    bool applicationOpenFile(std::string_view fileName);
+    /// Puts the project in the place of the document. The colours, the presets and `screenNumber` stay.
+    void loadProject(const Project& project);
+    Project project() const;
+
+    /// Writes the raster of the last composition as a PNG chosen in a save panel; "png" is appended unless it is there.
+    void saveAction();
+
+private:
+    void buildPreview();
+    void compose();
+    void show(ImageRef image);
+    void reloadTable();
+
+    Desktop m_desktop;
+    Outlets m_outlets;
+
+    ItemArrayRef m_allScreensArray;
+    ItemArrayRef m_presetScreensArray;
+    ItemController m_arraycontroller;
+    ItemController m_presetarraycontroller;
+    std::int32_t m_OutputWidth = 0;
+    std::int32_t m_OutputHeight = 0;
+    ColorRef m_bgColor;
+    ColorRef m_edgeColor;
+    std::int32_t m_screenNumber = 0;
+
+    BitmapRef m_offscreenRep;
+    ImageRef m_img;
+    ImageView* m_pvwImageWell = nullptr; // owned by the output window
+    bool m_shouldUpdate = false;
+    bool m_hasSkippedUpdate = false;
+    std::shared_ptr<GXAppDelegate*> m_self; // what pending timers know of this object; they may outlive it
+};
+
+} // namespace wallgrid

@@ -1,0 +1,26 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "items/gx_item.h"
+#include "platform/error.h"
+#include "platform/file.h"
+
+#include <cstdint>
+
+namespace wallgrid {
+
+/// A project: the document as project files (extension "mpr") hold it. The file is a keyed archive whose root is the
+/// array [output height, output width, items], the height first.
+struct Project {
+    std::int32_t outputHeight = 0;
+    std::int32_t outputWidth = 0;
+    ItemArray items;
+};
+
+/// Reads and renders every item. Fails, without having touched anything else, when the bytes are no archive, the root
+/// has another shape, or an item cannot be read.
+Expected<Project> readProject(Bytes bytes);
+
+Bytes writeProject(const Project& project);
+
+} // namespace wallgrid

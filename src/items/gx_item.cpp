@@ -1,0 +1,88 @@
+// SPDX-License-Identifier: MIT
+#include "items/gx_item.h"
+
+#include <algorithm>
+#include <type_traits>
+
+namespace wallgrid {
+
+std::span<const GXItem::Field> GXItem::fields()
+{
+    static const Field table[] = {
+        {"col", "col", &GXItem::m_col, true},
+        {"bgEnable", "bgenable", &GXItem::m_bgEnable, true},
+        {"BoarderEnable", "boarderenable", &GXItem::m_BoarderEnable, true},
+        {"panelWidth", "panelwidth", &GXItem::m_panelWidth, true},
+        {"panelHeight", "panelheight", &GXItem::m_panelHeight, true},
+        {"row", "row", &GXItem::m_row, true},
+        {"rectColor", "rectcolor", &GXItem::m_rectColor, true},
+        {"visible", "visible", &GXItem::m_visible, true},
+        {"screenSizeHeight", "screenheight", &GXItem::m_screenSizeHeight, false},
+        {"screenSizeWidth", "screenwidth", &GXItem::m_screenSizeWidth, false},
+        {"xpoint", "xpoint", &GXItem::m_xpoint, true},
+        {"ypoint", "ypoint", &GXItem::m_ypoint, true},
+        {"XYFontSize", "xyfontsize", &GXItem::m_XYFontSize, true},
+        {"XYFontEnable", "xyenable", &GXItem::m_XYFontEnable, true},
+        {"screenFontEnable", "fontenable", &GXItem::m_screenFontEnable, true},
+        {"CircleEnable", "circleenable", &GXItem::m_CircleEnable, true},
+        {"screenFontSize", "screenfontsize", &GXItem::m_screenFontSize, true},
+        {"circleColor", "circlecolor", &GXItem::m_circleColor, true},
+        {"boarderColor", "boardercolor", &GXItem::m_boarderColor, true},
+        {"label", "label", &GXItem::m_label, false},
+        {"boarderWidth", "boarderwidth", &GXItem::m_boarderWidth, true},
+        {"circleBWidth", "circlebwidth", &GXItem::m_circleBWidth, true},
+    };
+    return table;
+}
+
+const GXItem::Captions& GXItem::captions() const
+{
+    const auto isEmpty = [](const Caption& caption) { return textOf(caption.text).empty(); };
+    return std::all_of(m_captions.fields.begin(), m_captions.fields.end(), isEmpty) ? standardCaptions() : m_captions;
+}
+
+void GXItem::encodeWithCoder(KeyedArchiver& coder) const
+{
+    for (const Field& field : fields()) {
+        std::visit(
+            [&](auto member) {
+                using Value = std::remove_cvref_t<decltype(this->*member)>;
+                if constexpr (std::is_same_v<Value, std::int32_t>)
+                    coder.encodeInt(this->*member, field.archiveKey);
+                else if constexpr (std::is_same_v<Value, bool>)
+                    coder.encodeBool(this->*member, field.archiveKey);
+                else
+                    coder.encodeObject(this->*member, field.archiveKey);
+            },
+            field.member);
+    }
+}
+
+void GXItem::decodeFields(KeyedDecoder& coder)
+{
+    for (const Field& field : fields()) {
+        std::visit(
+            [&](auto member) {
+                auto& value = this->*member;
+                using Value = std::remove_cvref_t<decltype(value)>;
+                if constexpr (std::is_same_v<Value, std::int32_t>)
+                    value = coder.decodeInt(field.archiveKey);
+                else if constexpr (std::is_same_v<Value, bool>)
+                    value = coder.decodeBool(field.archiveKey);
+                else if constexpr (std::is_same_v<Value, ColorRef>)
+                    value = coder.decodeColor(field.archiveKey);
+                else
+                    value = coder.decodeString(field.archiveKey);
+            },
+            field.member);
+    }
+}
+
+void GXItem::copyFieldsTo(GXItem& copy) const
+{
+    for (const Field& field : fields())
+        std::visit([&](auto member) { copy.*member = this->*member; }, field.member);
+    copy.m_thumbnail = m_thumbnail;
+}
+
+} // namespace wallgrid

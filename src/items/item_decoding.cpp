@@ -1,0 +1,50 @@
+// SPDX-License-Identifier: MIT
+#include "items/item_decoding.h"
+
+#include "items/gx_screen.h"
+#include "items/gx_still.h"
+
+#include <string>
+#include <unordered_map>
+
+namespace wallgrid {
+
+namespace {
+
+Expected<ItemRef> decodeItem(const ArchivedObject& record)
+{
+    for (const std::string& name : record.classNames()) {
+        KeyedDecoder coder(record);
+        if (name == "GXScreen")
+            return GXScreen::initWithCoder(coder);
+        if (name == "GXStill")
+            return GXStill::initWithCoder(coder);
+    }
+    return failure("the file holds something that is neither a screen nor a still");
+}
+
+} // namespace
+
+Expected<ItemArray> decodeItems(const ArchivedObject& array)
+{
+    const auto records = array.elements();
+    if (!records)
+        return tl::unexpected(records.error());
+
+    ItemArray items;
+    items.reserve(records->size());
+    std::unordered_map<std::uint32_t, ItemRef> known;
+    for (const ArchivedObject& record : *records) {
+        ItemRef& item = known[record.id()];
+        if (!item) {
+            auto decoded = decodeItem(record);
+            if (!decoded)
+                return tl::unexpected(decoded.error());
+            item = std::move(*decoded);
+        }
+        items.push_back(item);
+    }
+    return items;
+}
+
+} // namespace wallgrid

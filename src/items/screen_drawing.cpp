@@ -1,0 +1,96 @@
+// SPDX-License-Identifier: MIT
+#include "items/gx_screen.h"
+#include "platform/graphics_context.h"
+
+#include <algorithm>
+#include <string>
+
+namespace wallgrid {
+
+namespace {
+
+/// Two's complement, as the sizes of every file that overflowed were computed.
+std::int32_t wrappedProduct(std::int32_t a, std::int32_t b)
+{
+    return static_cast<std::int32_t>(static_cast<std::uint32_t>(a) * static_cast<std::uint32_t>(b));
+}
+
+/// How many of `count` panels begin inside `length` pixels; fewer than `count` only when the product wrapped.
+std::int64_t panelsWithin(std::int64_t length, std::int64_t panel, std::int64_t count)
+{
+    return panel <= 0 ? 0 : std::min(count, (length + panel - 1) / panel);
+}
+
+} // namespace
+
+void GXScreen::drawInRect()
+{
+    m_screenSizeHeight = wrappedProduct(m_row, m_panelHeight);
+    m_screenSizeWidth = wrappedProduct(m_col, m_panelWidth);
+    // Panels paint every pixel, unless their number and their size are both negative.
+    const bool painted = m_row > 0 && m_col > 0;
+    m_offscreenRep = Bitmap::create(m_screenSizeWidth, m_screenSizeHeight,
+                                    painted ? Bitmap::Contents::Undefined : Bitmap::Contents::Cleared);
+    if (m_offscreenRep) {
+        GraphicsContext context(m_offscreenRep);
+        drawPanels(context);
+        drawTexts(context);
+        drawCircle(context);
+    }
+    m_thumbnail =
+        std::make_shared<Image>(Size{static_cast<double>(m_screenSizeWidth), static_cast<double>(m_screenSizeHeight)});
+    m_thumbnail->addRepresentation(m_offscreenRep);
+}
+
+void GXScreen::drawPanels(GraphicsContext& context) const
+{
+    const std::int64_t columns = panelsWithin(m_screenSizeWidth, m_panelWidth, m_col);
+    const std::int64_t rows = panelsWithin(m_screenSizeHeight, m_panelHeight, m_row);
+    if (columns <= 0 || rows <= 0)
+        return;
+
+    const PixelRect panel{0, 0, m_panelWidth, m_panelHeight};
+    if (m_bgEnable) {
+        context.setColor(m_rectColor);
+        context.fillRect(panel);
+    } else {
+        context.clearRect(panel);
+    }
+    if (m_BoarderEnable) {
+        context.setColor(m_boarderColor);
+        context.frameRect(panel, m_boarderWidth);
+    }
+    context.tile(panel, columns, rows);
+}
+
+void GXScreen::drawTexts(GraphicsContext& context) const
+{
+    const std::int64_t margin = m_circleBWidth;
+    if (m_screenFontEnable) {
+        const std::string text = std::to_string(m_screenSizeWidth) + " x " + std::to_string(m_screenSizeHeight);
+        context.drawText(text, {margin, margin}, m_screenFontSize, Color::whiteColor());
+    }
+    if (m_XYFontEnable) {
+        const std::string text = "xy " + std::to_string(m_xpoint) + " x " + std::to_string(m_ypoint);
+        context.drawText(text, {margin, std::int64_t{m_screenSizeHeight} - margin - m_XYFontSize}, m_XYFontSize,
+                         Color::whiteColor());
+    }
+}
+
+void GXScreen::drawCircle(GraphicsContext& context) const
+{
+    if (!m_CircleEnable)
+        return;
+    const std::int64_t width = m_screenSizeWidth;
+    const std::int64_t height = m_screenSizeHeight;
+    const std::int64_t line = m_circleBWidth;
+    // Each half is truncated on its own, so the circle sits where older files expect it.
+    const std::int64_t inset = line / 2;
+    context.setColor(m_circleColor);
+    if (width > height)
+        context.strokeCircle({width / 2 - height / 2 + inset, inset, height - line, height - line}, line);
+    else
+        context.strokeCircle({inset, inset - width / 2 + height / 2, width - line, width - line}, line);
+}
+
+} // namespace wallgrid

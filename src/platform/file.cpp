@@ -1,0 +1,128 @@
+// SPDX-License-Identifier: MIT
+#include "platform/file.h"
+
+#include <cerrno>
+#include <cstring>
+#include <fcntl.h>
+#include <filesystem>
+#include <sys/stat.h>
+#include <system_error>
+#include <unistd.h>
+
+namespace wallgrid {
+
+namespace {
+
+constexpr off_t kMaximumFileSize = off_t{1} << 30;
+
+std::string systemMessage(int error)
+{
+    return std::generic_category().message(error);
+}
+
+class FileDescriptor {
+public:
+    explicit FileDescriptor(int fd)
+        : m_fd(fd)
+    {
+    }
+    FileDescriptor(const FileDescriptor&) = delete;
+    FileDescriptor& operator=(const FileDescriptor&) = delete;
+    ~FileDescriptor() { close(); }
+
+    int get() const { return m_fd; }
+    bool close()
+    {
+        const int fd = std::exchange(m_fd, -1);
+        return fd < 0 || ::close(fd) == 0;
+    }
+
+private:
+    int m_fd;
+};
+
+bool writeAll(int fd, std::span<const std::uint8_t> bytes)
+{
+    while (!bytes.empty()) {
+        const ssize_t count = ::write(fd, bytes.data(), bytes.size());
+        if (count < 0 && errno == EINTR)
+            continue;
+        if (count < 0)
+            return false;
+        bytes = bytes.subspan(static_cast<std::size_t>(count));
+    }
+    return true;
+}
+
+/// The mode that a file made by open(2) would have; umask(2) can only be read by setting it.
+mode_t defaultMode()
+{
+    const mode_t mask = ::umask(0);
+    ::umask(mask);
+    return 0666 & ~mask;
+}
+
+} // namespace
+
+Expected<Bytes> readFile(const std::string& path)
+{
+    // O_NONBLOCK: opening a FIFO must not wait for a writer.
+    const FileDescriptor file(::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
+    struct stat info {};
+    if (file.get() < 0 || ::fstat(file.get(), &info) != 0)
+        return failure(systemMessage(errno));
+    if (!S_ISREG(info.st_mode))
+        return failure("not a regular file");
+    if (info.st_size > kMaximumFileSize)
+        return failure("the file is larger than 1 GiB");
+
+    Bytes bytes(static_cast<std::size_t>(info.st_size));
+    std::size_t filled = 0;
+    while (filled < bytes.size()) {
+        const ssize_t count = ::read(file.get(), bytes.data() + filled, bytes.size() - filled);
+        if (count < 0 && errno == EINTR)
+            continue;
+        if (count < 0)
+            return failure(systemMessage(errno));
+        if (count == 0)
+            break;
+        filled += static_cast<std::size_t>(count);
+    }
+    bytes.resize(filled);
+    return bytes;
+}
+
+Expected<void> writeFileAtomically(const std::string& path, std::span<const std::uint8_t> bytes)
+{
+    std::error_code error;
+    const std::filesystem::path resolved = std::filesystem::weakly_canonical(path, error);
+    if (error)
+        return failure(error.message());
+
+    mode_t mode = defaultMode();
+    struct stat info {};
+    if (::stat(resolved.c_str(), &info) == 0) {
+        if (!S_ISREG(info.st_mode))
+            return failure("not a regular file");
+        mode = info.st_mode & 07777;
+    }
+
+    std::string temporary = (resolved.parent_path() / ".wallgrid-XXXXXX").string();
+    FileDescriptor file(::mkostemp(temporary.data(), O_CLOEXEC));
+    if (file.get() < 0)
+        return failure(systemMessage(errno));
+    const bool written = writeAll(file.get(), bytes) && ::fchmod(file.get(), mode) == 0 && ::fsync(file.get()) == 0 &&
+                         file.close() && ::rename(temporary.c_str(), resolved.c_str()) == 0;
+    if (!written) {
+        const int reason = errno;
+        ::unlink(temporary.c_str());
+        return failure(systemMessage(reason));
+    }
+    // The new name is on the disk only when the folder is; a file system that cannot flush folders still has the file.
+    const FileDescriptor folder(::open(resolved.parent_path().c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    if (folder.get() >= 0)
+        ::fsync(folder.get());
+    return {};
+}
+
+} // namespace wallgrid

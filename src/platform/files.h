@@ -1,0 +1,33 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/error.h"
+#include "platform/file.h"
+#include "platform/log.h"
+#include "platform/url.h"
+
+#include <span>
+
+namespace wallgrid {
+
+/// Reads and writes whole files at locations, for callers that do not examine the result: what fails is told to the
+/// log, with the file and the reason.
+class Files {
+public:
+    explicit Files(Log& log)
+        : m_log(log)
+    {
+    }
+
+    Expected<Bytes> read(const Url& location) const;
+    /// See writeFileAtomically().
+    Expected<void> write(const Url& location, std::span<const std::uint8_t> bytes) const;
+
+    /// Tells the log that something is wrong with a file.
+    void report(const Url& location, const Error& error) const;
+
+private:
+    Log& m_log;
+};
+
+} // namespace wallgrid

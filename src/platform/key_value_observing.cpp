@@ -1,0 +1,26 @@
+// SPDX-License-Identifier: MIT
+#include "platform/key_value_observing.h"
+
+#include <utility>
+
+namespace wallgrid {
+
+KeyValueObservable::Observation KeyValueObservable::observe(Handler handler)
+{
+    auto shared = std::make_shared<const Handler>(std::move(handler));
+    std::erase_if(m_handlers, [](const auto& entry) { return entry.expired(); });
+    m_handlers.push_back(shared);
+    return Observation(std::move(shared));
+}
+
+void KeyValueObservable::didChangeValue(std::string_view key)
+{
+    // A handler may change the list of handlers, so walk a copy; those that end meanwhile are not called.
+    const auto handlers = m_handlers;
+    for (const auto& entry : handlers) {
+        if (const auto handler = entry.lock())
+            (*handler)(key);
+    }
+}
+
+} // namespace wallgrid

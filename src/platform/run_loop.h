@@ -1,0 +1,32 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <functional>
+#include <map>
+
+namespace wallgrid {
+
+/// Where one-shot timers come from: the only clock of the program.
+class RunLoop {
+public:
+    virtual ~RunLoop() = default;
+    /// Calls the handler once, on the main thread, when so many seconds have passed and control is back in the loop.
+    virtual void scheduleTimer(double seconds, std::function<void()> handler) = 0;
+};
+
+/// A run loop whose clock is turned by hand, for tests and for runs without an event loop.
+class ManualRunLoop : public RunLoop {
+public:
+    void scheduleTimer(double seconds, std::function<void()> handler) override;
+
+    /// Turns the clock forward and fires what falls due, in order of time, timers of the same time in order of their
+    /// scheduling.
+    void advance(double seconds);
+    std::size_t pendingTimers() const { return m_timers.size(); }
+
+private:
+    double m_now = 0;
+    std::multimap<double, std::function<void()>> m_timers;
+};
+
+} // namespace wallgrid

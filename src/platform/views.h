@@ -1,0 +1,43 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/geometry.h"
+#include "platform/image.h"
+
+#include <string_view>
+
+namespace wallgrid {
+
+/// The few things that the application controller asks of the interface's views. The interface owns them; frames are
+/// in points with the origin at the bottom-left corner of what contains the view.
+
+class ImageView {
+public:
+    virtual ~ImageView() = default;
+    /// Shows the image, scaled down in proportion where it does not fit. Empty clears the view.
+    virtual void setImage(ImageRef image) = 0;
+    /// The size changes, the origin stays.
+    virtual void setFrameSize(Size size) = 0;
+    /// From now on the view grows and shrinks with what contains it, in width and in height.
+    virtual void setFollowsContainer() = 0;
+};
+
+class Window {
+public:
+    virtual ~Window() = default;
+    virtual void setFrame(const Rect& frame) = 0;
+    /// A new image view in the window, at a frame; the window owns it.
+    virtual ImageView* addImageView(const Rect& frame) = 0;
+    virtual void show() = 0;
+};
+
+class TableView {
+public:
+    virtual ~TableView() = default;
+    /// The rows show their objects' present state when they are next painted.
+    virtual void reloadData() = 0;
+    /// The table takes drops that carry this pasteboard type. Registering again changes nothing.
+    virtual void registerForDraggedType(std::string_view type) = 0;
+};
+
+} // namespace wallgrid
