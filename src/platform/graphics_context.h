@@ -18,8 +18,8 @@ enum class CompositingOperation {
 };
 
 /// Draws on a bitmap: all the drawing that the program knows. Coordinates have their origin at the bitmap's
-/// bottom-left corner, y upwards, one unit a pixel; whatever lies outside the bitmap is clipped. A context on no
-/// bitmap draws nowhere. Products of samples are rounded to nearest.
+/// bottom-left corner, y upwards, one unit a pixel, and lie within ±2⁶⁰; whatever lies outside the bitmap is clipped. A
+/// context on no bitmap draws nowhere. Products of samples are rounded to nearest.
 class GraphicsContext {
 public:
     explicit GraphicsContext(BitmapRef bitmap);
@@ -34,6 +34,9 @@ public:
     void clearRect(const PixelRect& rect);
     /// Replaces a strip of `width` pixels along each side, inside the rectangle. 0 or less paints nothing.
     void frameRect(const PixelRect& rect, std::int64_t width);
+    /// Repeats the block of blockWidth × blockHeight pixels at the bitmap's lower-left corner, to the right and
+    /// upwards, until there are `columns` × `rows` of it. A grid of like panels is one panel drawn and then tiled.
+    void tile(std::int64_t blockWidth, std::int64_t blockHeight, std::int64_t columns, std::int64_t rows);
 
     /// Strokes the circle inscribed in a square with the current colour, blended; the line is centred on the circle.
     /// Each pixel takes the exact area that the ring covers of it. A width of 0 or less is the thinnest line, one
@@ -41,7 +44,7 @@ public:
     void strokeCircle(const PixelRect& square, std::int64_t lineWidth);
 
     /// Blends one line of text in the toolkit's system font over the pixels, the lower-left corner of its line box at
-    /// the point. Sizes are in pixels; 0 or less is 13.
+    /// the point. Sizes are in pixels; 0 or less is 13. An empty colour is the current one.
     void drawText(std::string_view text, PixelPoint point, double fontSize, const ColorRef& color);
 
     /// Draws the part of an image that `source` names (in the image's points, origin bottom-left), its lower-left
@@ -50,6 +53,9 @@ public:
 
 private:
     PixelRect bounds() const;
+    /// The pixel in drawing coordinates; it must lie in the bounds.
+    Pixel* at(std::int64_t x, std::int64_t y);
+    void fill(const PixelRect& rect, Pixel color);
 
     BitmapRef m_bitmap;
     Pixel m_color{255, 0, 0, 0};

@@ -13,7 +13,8 @@ class Image;
 using ImageRef = std::shared_ptr<Image>;
 
 /// A size in points and the rasters that show it. Drawing an image scales its first representation to its size, so a
-/// size set anew resizes the picture for every holder of the image and touches no pixel of it.
+/// size set anew resizes the picture for every holder of the image and touches no pixel of it. A bitmap that was added
+/// is not drawn on any more.
 class Image {
 public:
     explicit Image(Size size)
@@ -30,9 +31,25 @@ public:
     /// Empty when there is none.
     BitmapRef firstRepresentation() const;
 
+    /// The pixels that the image covers when a point is a pixel, from the origin; one that it covers in part counts.
+    PixelRect extent() const;
+    /// The first representation, when it has exactly the pixels of extent(); else empty.
+    BitmapRef unscaled() const;
+    /// A part of extent() as pixels. The last part asked for is kept, so that drawing an unchanged image again need not
+    /// scale it again. Empty when there is nothing to show or no memory.
+    BitmapRef scaledPart(const PixelRect& part) const;
+
 private:
+    struct Scaled {
+        Size size;
+        PixelRect part;
+        BitmapRef source;
+        BitmapRef pixels;
+    };
+
     Size m_size;
     std::vector<BitmapRef> m_representations;
+    mutable Scaled m_scaled;
 };
 
 } // namespace wallgrid

@@ -1,0 +1,206 @@
+// SPDX-License-Identifier: MIT
+#include "platform/graphics_context.h"
+
+#include "platform/blend.h"
+#include "platform/ring.h"
+#include "platform/toolkit.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstring>
+#include <utility>
+#include <vector>
+
+namespace wallgrid {
+
+namespace {
+
+constexpr double kDefaultFontSize = 13;
+/// Text is rasterised in pieces of at most this many pixels, however large the letters.
+constexpr std::int64_t kTextPieceWidth = 1 << 14;
+constexpr std::int64_t kTextPieceArea = 1 << 20;
+
+void copyPixels(Pixel* destination, const Pixel* source, std::int64_t count)
+{
+    std::memcpy(destination, source, static_cast<std::size_t>(count) * sizeof(Pixel));
+}
+
+} // namespace
+
+GraphicsContext::GraphicsContext(BitmapRef bitmap)
+    : m_bitmap(std::move(bitmap))
+{
+}
+
+PixelRect GraphicsContext::bounds() const
+{
+    return m_bitmap ? PixelRect{0, 0, m_bitmap->width(), m_bitmap->height()} : PixelRect{};
+}
+
+Pixel* GraphicsContext::at(std::int64_t x, std::int64_t y)
+{
+    return m_bitmap->row(static_cast<int>(m_bitmap->height() - 1 - y)).data() + x;
+}
+
+void GraphicsContext::setColor(const ColorRef& color)
+{
+    if (color)
+        m_color = color->pixel();
+}
+
+// Fills and frames
+
+void GraphicsContext::fill(const PixelRect& rect, Pixel color)
+{
+    const PixelRect part = intersection(rect, bounds());
+    if (part.empty())
+        return;
+    if (part.width == bounds().width) {
+        // Whole rows follow one another, the top one first.
+        fillPixels(at(0, part.top() - 1), color, static_cast<std::size_t>(part.width * part.height));
+        return;
+    }
+    for (std::int64_t y = part.y; y < part.top(); ++y)
+        fillPixels(at(part.x, y), color, static_cast<std::size_t>(part.width));
+}
+
+void GraphicsContext::fillRect(const PixelRect& rect)
+{
+    fill(rect, m_color);
+}
+
+void GraphicsContext::clearRect(const PixelRect& rect)
+{
+    fill(rect, {});
+}
+
+void GraphicsContext::frameRect(const PixelRect& rect, std::int64_t width)
+{
+    if (width <= 0 || rect.empty())
+        return;
+    if (width >= (std::min(rect.width, rect.height) + 1) / 2)
+        return fill(rect, m_color);
+    const std::int64_t sides = rect.height - 2 * width;
+    fill({rect.x, rect.y, rect.width, width}, m_color);
+    fill({rect.x, rect.y + width, width, sides}, m_color);
+    fill({rect.right() - width, rect.y + width, width, sides}, m_color);
+    fill({rect.x, rect.top() - width, rect.width, width}, m_color);
+}
+
+void GraphicsContext::tile(std::int64_t blockWidth, std::int64_t blockHeight, std::int64_t columns, std::int64_t rows)
+{
+    if (!m_bitmap || blockWidth <= 0 || blockHeight <= 0 || columns <= 0 || rows <= 0)
+        return;
+    // Compared by division: the products need not fit.
+    const auto tiled = [](std::int64_t block, std::int64_t count, std::int64_t limit) {
+        return count > limit / block ? limit : block * count;
+    };
+    const std::int64_t width = tiled(blockWidth, columns, bounds().width);
+    const std::int64_t height = tiled(blockHeight, rows, bounds().height);
+    for (std::int64_t y = 0; y < std::min(blockHeight, height); ++y) {
+        Pixel* const row = at(0, y);
+        for (std::int64_t done = std::min(blockWidth, width); done < width; done *= 2)
+            copyPixels(row + done, row, std::min(done, width - done));
+    }
+    for (std::int64_t y = blockHeight; y < height; ++y)
+        copyPixels(at(0, y), at(0, y - blockHeight), width);
+}
+
+// Strokes
+
+void GraphicsContext::strokeCircle(const PixelRect& square, std::int64_t lineWidth)
+{
+    if (square.width <= 0)
+        return;
+    const double radius = static_cast<double>(square.width) / 2;
+    const double halfLine = static_cast<double>(std::max<std::int64_t>(lineWidth, 1)) / 2;
+    const Ring ring{static_cast<double>(square.x) + radius, static_cast<double>(square.y) + radius, radius + halfLine,
+                    radius - halfLine};
+    const auto height = static_cast<double>(bounds().height);
+    const auto top = static_cast<std::int64_t>(std::ceil(std::clamp(ring.centerY + ring.outerRadius, 0.0, height)));
+    const auto bottom = static_cast<std::int64_t>(std::clamp(ring.centerY - ring.outerRadius, 0.0, height));
+    for (std::int64_t y = bottom; y < top; ++y) {
+        const RingRow row(ring, y);
+        Pixel* const pixels = at(0, y);
+        const std::int64_t end = std::min(row.touched().end, bounds().width);
+        for (std::int64_t x = std::max<std::int64_t>(row.touched().begin, 0); x < end;) {
+            const bool left = row.solidLeft().contains(x);
+            if (row.hole().contains(x)) {
+                x = row.hole().end;
+            } else if (left || row.solidRight().contains(x)) {
+                const std::int64_t runEnd = std::min(end, left ? row.solidLeft().end : row.solidRight().end);
+                blendColor(pixels + x, m_color, static_cast<std::size_t>(runEnd - x));
+                x = runEnd;
+            } else {
+                const auto coverage = static_cast<std::uint8_t>(std::clamp(row.coverage(x), 0.0, 1.0) * 255 + 0.5);
+                blendCoverage(pixels + x, m_color, &coverage, 1);
+                ++x;
+            }
+        }
+    }
+}
+
+// Texts
+
+void GraphicsContext::drawText(std::string_view text, PixelPoint point, double fontSize, const ColorRef& color)
+{
+    Toolkit* const toolkit = Toolkit::current();
+    if (!m_bitmap || !toolkit)
+        return;
+    const auto line = toolkit->layOutText(text, fontSize > 0 ? fontSize : kDefaultFontSize);
+    if (!line)
+        return;
+    PixelRect ink = line->inkBounds();
+    ink.x += point.x;
+    ink.y += point.y;
+    const PixelRect part = intersection(ink, bounds());
+    if (part.empty())
+        return;
+
+    const Pixel pixel = color ? color->pixel() : m_color;
+    const std::int64_t pieceWidth = std::min(part.width, kTextPieceWidth);
+    const std::int64_t pieceHeight = std::min(part.height, kTextPieceArea / pieceWidth);
+    std::vector<std::uint8_t> coverage(static_cast<std::size_t>(pieceWidth * pieceHeight));
+    for (std::int64_t y = part.y; y < part.top(); y += pieceHeight) {
+        for (std::int64_t x = part.x; x < part.right(); x += pieceWidth) {
+            const PixelRect piece = intersection(part, {x, y, pieceWidth, pieceHeight});
+            const auto width = static_cast<std::size_t>(piece.width);
+            const auto height = static_cast<std::size_t>(piece.height);
+            line->rasterize({x - point.x, y - point.y, piece.width, piece.height},
+                            std::span(coverage).first(width * height));
+            for (std::size_t row = 0; row < height; ++row)
+                blendCoverage(at(x, piece.top() - 1 - static_cast<std::int64_t>(row)), pixel,
+                              coverage.data() + row * width, width);
+        }
+    }
+}
+
+// Images
+
+void GraphicsContext::drawImage(const Image& image, PixelPoint point, const PixelRect& source,
+                                CompositingOperation operation)
+{
+    // From the image's coordinates to the bitmap's.
+    const std::int64_t dx = point.x - source.x;
+    const std::int64_t dy = point.y - source.y;
+    const PixelRect shown = intersection(source, image.extent());
+    const PixelRect part = intersection({shown.x + dx, shown.y + dy, shown.width, shown.height}, bounds());
+    if (shown.empty() || part.empty())
+        return;
+    PixelRect from{part.x - dx, part.y - dy, part.width, part.height};
+    BitmapRef raster = image.unscaled();
+    if (!raster) {
+        raster = image.scaledPart(from);
+        from = {0, 0, from.width, from.height};
+    }
+    if (!raster)
+        return;
+    const auto blend = operation == CompositingOperation::SourceOver ? blendOver : blendAtop;
+    for (std::int64_t y = 0; y < part.height; ++y) {
+        const int row = static_cast<int>(raster->height() - 1 - (from.y + y));
+        blend(at(part.x, part.y + y), std::as_const(*raster).row(row).data() + from.x,
+              static_cast<std::size_t>(part.width));
+    }
+}
+
+} // namespace wallgrid

@@ -1,0 +1,235 @@
+// SPDX-License-Identifier: MIT
+#include "picture.h"
+#include "platform/graphics_context.h"
+#include "platform/toolkit.h"
+
+#include <vector>
+
+using namespace wallgrid;
+using test::picture;
+using test::samePicture;
+
+namespace {
+
+constexpr std::int64_t kFar = std::int64_t(1) << 60;
+
+const ColorRef white = Color::whiteColor();
+const ColorRef red = Color::redColor();
+const ColorRef green = Color::greenColor();
+
+/// A 6 × 4 bitmap, all white, after some drawing.
+template <class Draw>
+BitmapRef onWhite(Draw draw)
+{
+    const BitmapRef bitmap = Bitmap::create(6, 4);
+    GraphicsContext context(bitmap);
+    context.setColor(white);
+    context.fillRect({0, 0, 6, 4});
+    context.setColor(red);
+    draw(context);
+    return bitmap;
+}
+
+} // namespace
+
+TEST(GraphicsContext, DrawsTwoFramedPanels)
+{
+    const BitmapRef expected = picture({
+        "WWWWWWWW",
+        "WRRWWRRW",
+        "WWWWWWWW",
+    });
+    const BitmapRef panels = Bitmap::create(8, 3);
+    GraphicsContext context(panels);
+    for (int i = 0; i < 2; ++i) {
+        context.setColor(red);
+        context.fillRect({4 * i, 0, 4, 3});
+        context.setColor(white);
+        context.frameRect({4 * i, 0, 4, 3}, 1);
+    }
+    EXPECT_TRUE(samePicture(panels, expected));
+
+    const BitmapRef tiled = Bitmap::create(8, 3);
+    GraphicsContext other(tiled);
+    other.setColor(red);
+    other.fillRect({0, 0, 4, 3});
+    other.setColor(white);
+    other.frameRect({0, 0, 4, 3}, 1);
+    other.tile(4, 3, 2, 1);
+    EXPECT_TRUE(samePicture(tiled, expected));
+}
+
+TEST(GraphicsContext, StartsOpaqueBlackAndKeepsItsColourWhenGivenNone)
+{
+    const BitmapRef bitmap = Bitmap::create(2, 1);
+    GraphicsContext context(bitmap);
+    context.setColor(nullptr);
+    context.fillRect({0, 0, 1, 1});
+    EXPECT_TRUE(samePicture(bitmap, picture({"K."})));
+    context.setColor(green);
+    context.setColor(nullptr);
+    context.fillRect({0, 0, 1, 1});
+    EXPECT_TRUE(samePicture(bitmap, picture({"G."})));
+}
+
+TEST(GraphicsContext, ClipsFillsWhereverTheyLie)
+{
+    const auto filled = [](PixelRect rect) { return onWhite([&](GraphicsContext& c) { c.fillRect(rect); }); };
+    const BitmapRef untouched = picture({"WWWWWW", "WWWWWW", "WWWWWW", "WWWWWW"});
+    const BitmapRef all = picture({"RRRRRR", "RRRRRR", "RRRRRR", "RRRRRR"});
+    EXPECT_TRUE(samePicture(filled({1, 0, 2, 3}), picture({"WWWWWW", "WRRWWW", "WRRWWW", "WRRWWW"})));
+    EXPECT_TRUE(samePicture(filled({-2, 2, 3, 9}), picture({"RWWWWW", "RWWWWW", "WWWWWW", "WWWWWW"})));
+    EXPECT_TRUE(samePicture(filled({5, -7, 9, 8}), picture({"WWWWWW", "WWWWWW", "WWWWWW", "WWWWWR"})));
+    EXPECT_TRUE(samePicture(filled({-kFar, -kFar, 2 * kFar, 2 * kFar}), all));
+    for (const PixelRect& rect : std::vector<PixelRect>{{6, 0, 1, 1},
+                                                        {0, 4, 1, 1},
+                                                        {-1, 0, 1, 4},
+                                                        {0, -1, 6, 1},
+                                                        {2, 2, 0, 2},
+                                                        {2, 2, 2, -1},
+                                                        {kFar, kFar, kFar, kFar}})
+        EXPECT_TRUE(samePicture(filled(rect), untouched)) << rect.x << ", " << rect.y;
+}
+
+TEST(GraphicsContext, FillsAndClearsByReplacing)
+{
+    const BitmapRef bitmap = onWhite([](GraphicsContext& context) {
+        context.setColor(Color::deviceRGB(1, 0.5, 0, 0.5));
+        context.fillRect({0, 0, 1, 1});
+        context.clearRect({1, 0, 1, 1});
+    });
+    EXPECT_EQ(bitmap->at(0, 3), (Pixel{128, 128, 64, 0}));
+    EXPECT_EQ(bitmap->at(1, 3), Pixel{});
+    EXPECT_EQ(bitmap->at(2, 3), (Pixel{255, 255, 255, 255}));
+}
+
+TEST(GraphicsContext, FramesAlongTheInside)
+{
+    const auto framed = [](PixelRect rect, std::int64_t width) {
+        return onWhite([&](GraphicsContext& c) { c.frameRect(rect, width); });
+    };
+    const BitmapRef untouched = picture({"WWWWWW", "WWWWWW", "WWWWWW", "WWWWWW"});
+    const BitmapRef all = picture({"RRRRRR", "RRRRRR", "RRRRRR", "RRRRRR"});
+    EXPECT_TRUE(samePicture(framed({0, 0, 6, 4}, 1), picture({"RRRRRR", "RWWWWR", "RWWWWR", "RRRRRR"})));
+    EXPECT_TRUE(samePicture(framed({0, 0, 5, 3}, 1), picture({"WWWWWW", "RRRRRW", "RWWWRW", "RRRRRW"})));
+    EXPECT_TRUE(samePicture(framed({-1, -1, 5, 4}, 1), picture({"WWWWWW", "RRRRWW", "WWWRWW", "WWWRWW"})));
+    EXPECT_TRUE(samePicture(framed({-2, -2, 10, 8}, 3), picture({"RRRRRR", "RWWWWR", "RWWWWR", "RRRRRR"})));
+    // At least half the smaller side fills all; an odd side is already full when the strips meet.
+    for (const std::int64_t width : {std::int64_t(2), std::int64_t(3), kFar})
+        EXPECT_TRUE(samePicture(framed({0, 0, 6, 4}, width), all)) << width;
+    EXPECT_TRUE(samePicture(framed({0, 0, 3, 5}, 2), picture({"RRRWWW", "RRRWWW", "RRRWWW", "RRRWWW"})));
+    for (const std::int64_t width : {std::int64_t(0), std::int64_t(-1), -kFar})
+        EXPECT_TRUE(samePicture(framed({0, 0, 6, 4}, width), untouched)) << width;
+    EXPECT_TRUE(samePicture(framed({2, 2, 0, 2}, 1), untouched));
+    EXPECT_TRUE(samePicture(framed({-kFar, -kFar, 2 * kFar, 2 * kFar}, 1), untouched));
+}
+
+TEST(GraphicsContext, TilesTheBlockAtTheLowerLeft)
+{
+    const auto tiled = [](std::int64_t width, std::int64_t height, std::int64_t columns, std::int64_t rows) {
+        return onWhite([&](GraphicsContext& c) {
+            c.fillRect({0, 0, 1, 1});
+            c.setColor(green);
+            c.fillRect({1, 1, 1, 1});
+            c.tile(width, height, columns, rows);
+        });
+    };
+    const BitmapRef once = picture({"WWWWWW", "WWWWWW", "WGWWWW", "RWWWWW"});
+    EXPECT_TRUE(samePicture(tiled(2, 2, 3, 2), picture({"WGWGWG", "RWRWRW", "WGWGWG", "RWRWRW"})));
+    EXPECT_TRUE(samePicture(tiled(2, 2, 2, 1), picture({"WWWWWW", "WWWWWW", "WGWGWW", "RWRWWW"})));
+    EXPECT_TRUE(samePicture(tiled(4, 3, 9, 9), picture({"RWWWRW", "WWWWWW", "WGWWWG", "RWWWRW"})));
+    EXPECT_TRUE(samePicture(tiled(3, 2, kFar, kFar), picture({"WGWWGW", "RWWRWW", "WGWWGW", "RWWRWW"})));
+    EXPECT_TRUE(samePicture(tiled(kFar, kFar, kFar, kFar), once));
+    EXPECT_TRUE(samePicture(tiled(1, 9, 2, 3), picture({"WWWWWW", "WWWWWW", "WWWWWW", "RRWWWW"})));
+    for (const auto& [columns, rows] : {std::pair(0, 2), std::pair(3, 0), std::pair(-1, -1)})
+        EXPECT_TRUE(samePicture(tiled(2, 2, columns, rows), once));
+    EXPECT_TRUE(samePicture(tiled(0, 2, 3, 3), once));
+}
+
+TEST(GraphicsContext, DrawsNowhereWithoutABitmap)
+{
+    GraphicsContext context(nullptr);
+    context.setColor(red);
+    context.fillRect({0, 0, 4, 4});
+    context.clearRect({0, 0, 4, 4});
+    context.frameRect({0, 0, 4, 4}, 1);
+    context.tile(1, 1, 4, 4);
+    context.strokeCircle({0, 0, 4, 4}, 1);
+    context.drawText("240 x 240", {0, 0}, 13, nullptr);
+    Image image({4, 4});
+    image.addRepresentation(picture({"RRRR"}));
+    context.drawImage(image, {0, 0}, {0, 0, 4, 4}, CompositingOperation::SourceOver);
+    SUCCEED();
+}
+
+namespace {
+
+/// Every "letter" is a box as wide as the font is high, its lower half covered whole and its upper half half, with a
+/// descent of one pixel that leaves the lowest row of the line box empty.
+class BoxToolkit : public Toolkit {
+public:
+    class Line : public TextLine {
+    public:
+        PixelRect box;
+        mutable std::size_t largest = 0;
+        PixelRect inkBounds() const override { return box; }
+        void rasterize(const PixelRect& area, std::span<std::uint8_t> coverage) const override
+        {
+            EXPECT_EQ(coverage.size(), static_cast<std::size_t>(area.width * area.height));
+            EXPECT_EQ(intersection(area, box), area);
+            EXPECT_LE(coverage.size(), std::size_t(1) << 20);
+            for (std::int64_t i = 0; i < area.width * area.height; ++i) {
+                const std::int64_t y = area.top() - 1 - i / area.width;
+                coverage[static_cast<std::size_t>(i)] = y < box.y + box.height / 2 ? 255 : 128;
+            }
+        }
+    };
+
+    BoxToolkit() { install(this); }
+    ~BoxToolkit() override { install(nullptr); }
+    std::unique_ptr<TextLine> layOutText(std::string_view text, double fontSize) override
+    {
+        auto line = std::make_unique<Line>();
+        const auto side = static_cast<std::int64_t>(fontSize);
+        line->box = {0, 1, side * static_cast<std::int64_t>(text.size()), side};
+        return line;
+    }
+    Expected<ImageRef> decodeImage(std::span<const std::uint8_t>) override { return failure("no images here"); }
+};
+
+} // namespace
+
+TEST(GraphicsContext, BlendsTextOverThePixels)
+{
+    const BitmapRef nothing = onWhite([](GraphicsContext& c) { c.drawText("a", {0, 0}, 2, red); });
+    EXPECT_TRUE(samePicture(nothing, picture({"WWWWWW", "WWWWWW", "WWWWWW", "WWWWWW"}))) << "there is no toolkit";
+
+    BoxToolkit toolkit;
+    const Pixel half{255, 255, 127, 127};
+    BitmapRef expected = picture({"WWWWWW", "WWWWWW", "WRRRRW", "WWWWWW"});
+    for (int x = 1; x < 5; ++x)
+        expected->row(1)[static_cast<std::size_t>(x)] = half;
+    EXPECT_TRUE(samePicture(onWhite([](GraphicsContext& c) { c.drawText("ab", {1, 0}, 2, red); }), expected));
+    EXPECT_TRUE(samePicture(onWhite([](GraphicsContext& c) {
+                                c.drawText("ab", {1, 0}, 2, nullptr);
+                            }),
+                            expected))
+        << "the current colour stands in for none";
+
+    expected = picture({"RRRRRR", "RRRRRR", "RRRRRR", "WWWWWW"});
+    for (const double size : {0.0, -4.0, 13.0})
+        EXPECT_TRUE(samePicture(onWhite([&](GraphicsContext& c) { c.drawText("a", {0, 0}, size, red); }), expected));
+    // Letters of a thousand kilometres, in pieces.
+    EXPECT_TRUE(samePicture(onWhite([](GraphicsContext& c) { c.drawText("abc", {-1000, 0}, 4e9, red); }), expected));
+}
+
+TEST(GraphicsContext, RasterisesWideTextInPieces)
+{
+    BoxToolkit toolkit;
+    const BitmapRef bitmap = Bitmap::create(40000, 70);
+    GraphicsContext context(bitmap);
+    context.drawText("a", {0, -1}, 50000, red);
+    for (int y = 0; y < bitmap->height(); ++y)
+        for (const Pixel& pixel : bitmap->row(y))
+            ASSERT_EQ(pixel, (Pixel{255, 255, 0, 0}));
+}

@@ -1,0 +1,162 @@
+// SPDX-License-Identifier: MIT
+#include "picture.h"
+#include "platform/graphics_context.h"
+
+#include <cmath>
+#include <numbers>
+#include <vector>
+
+using namespace wallgrid;
+
+namespace {
+
+/// The area that a disc around the origin shares with the rectangle from the origin to (x, y), negative for one
+/// negative side: an antiderivative in closed form, in long double.
+long double areaTo(long double x, long double y, long double radius)
+{
+    const long double sign = (x < 0) == (y < 0) ? 1 : -1;
+    x = std::min(std::abs(x), radius);
+    y = std::min(std::abs(y), radius);
+    if (x * x + y * y <= radius * radius)
+        return sign * x * y;
+    const auto underArc = [&](long double t) {
+        return (t * std::sqrt(radius * radius - t * t) + radius * radius * std::asin(t / radius)) / 2;
+    };
+    const long double corner = std::sqrt(radius * radius - y * y);
+    return sign * (corner * y + underArc(x) - underArc(corner));
+}
+
+long double discCoverage(long double x, long double y, long double radius)
+{
+    if (radius <= 0)
+        return 0;
+    return areaTo(x + 1, y + 1, radius) - areaTo(x, y + 1, radius) - areaTo(x + 1, y, radius) + areaTo(x, y, radius);
+}
+
+struct Circle {
+    PixelRect square;
+    std::int64_t lineWidth;
+
+    long double radius() const { return static_cast<long double>(square.width) / 2; }
+    long double outer() const { return radius() + halfLine(); }
+    long double inner() const { return radius() - halfLine(); }
+    long double halfLine() const { return static_cast<long double>(std::max<std::int64_t>(lineWidth, 1)) / 2; }
+    long double coverage(std::int64_t x, std::int64_t y) const
+    {
+        const long double left = static_cast<long double>(x - square.x) - radius();
+        const long double bottom = static_cast<long double>(y - square.y) - radius();
+        return discCoverage(left, bottom, outer()) - discCoverage(left, bottom, inner());
+    }
+};
+
+BitmapRef stroked(const Circle& circle, int width, int height, const ColorRef& color = Color::whiteColor())
+{
+    const BitmapRef bitmap = Bitmap::create(width, height);
+    GraphicsContext context(bitmap);
+    context.setColor(color);
+    context.strokeCircle(circle.square, circle.lineWidth);
+    return bitmap;
+}
+
+/// How far the alpha of any pixel is from 255 times the true area; and the sum of all alphas.
+struct Deviation {
+    long double worst = 0;
+    long double sum = 0;
+};
+
+Deviation deviation(const Circle& circle, const BitmapRef& bitmap)
+{
+    Deviation result;
+    for (int y = 0; y < bitmap->height(); ++y) {
+        for (int x = 0; x < bitmap->width(); ++x) {
+            const long double alpha = bitmap->at(x, y).a;
+            result.worst = std::max(result.worst, std::abs(alpha - 255 * circle.coverage(x, bitmap->height() - 1 - y)));
+            result.sum += alpha;
+        }
+    }
+    return result;
+}
+
+} // namespace
+
+// Rounding to 8 bits alone is off by one half.
+constexpr long double kTolerance = 0.501L;
+
+TEST(Ring, CoversTheTrueAreaOfEachPixel)
+{
+    for (const std::int64_t diameter : {1, 2, 3, 4, 5, 6, 7, 8, 11, 16, 23, 50, 101, 236, 301}) {
+        for (const std::int64_t lineWidth : {-3, 0, 1, 2, 3, 4, 5, 7, 10, 25, 100, 333}) {
+            const std::int64_t margin = std::max<std::int64_t>(lineWidth, 1) / 2 + 2;
+            const Circle circle{{margin, margin + 1, diameter, diameter}, lineWidth};
+            const auto side = static_cast<int>(diameter + 2 * margin + 2);
+            const Deviation off = deviation(circle, stroked(circle, side, side));
+            EXPECT_LE(off.worst, kTolerance) << diameter << " wide, line " << lineWidth;
+
+            const long double inner = std::max(circle.inner(), 0.0L);
+            const long double area =
+                std::numbers::pi_v<long double> * (circle.outer() * circle.outer() - inner * inner);
+            const long double touched = 2 * std::numbers::pi_v<long double> * (circle.outer() + 2);
+            EXPECT_LE(std::abs(off.sum / 255 - area), touched * 0.002L) << diameter << " wide, line " << lineWidth;
+        }
+    }
+}
+
+TEST(Ring, StaysExactOnLargeCirclesThatOverhang)
+{
+    // Windows of 200 × 160 pixels on the ring: its top, its right side, its lower left at 45 degrees, and around it.
+    for (const std::int64_t diameter : {999, 1000, 4096, 29999, 30000, 60000, 59999}) {
+        for (const std::int64_t lineWidth : {1, 4, 9, 250, 30001}) {
+            const std::int64_t diagonal = std::llround(static_cast<double>(diameter) * 0.5 * (1 - std::sqrt(0.5)));
+            for (const auto& [x, y] :
+                 std::vector<std::pair<std::int64_t, std::int64_t>>{{100 - diameter / 2, 80 - diameter},
+                                                                    {100 - diameter, 80 - diameter / 2},
+                                                                    {100 - diagonal, 80 - diagonal},
+                                                                    {100 - diameter / 2, 80 - diameter / 2},
+                                                                    {300, 0},
+                                                                    {0, -diameter - 100}}) {
+                const Circle circle{{x, y, diameter, diameter}, lineWidth};
+                EXPECT_LE(deviation(circle, stroked(circle, 200, 160)).worst, kTolerance)
+                    << diameter << " wide at " << x << ", " << y << ", line " << lineWidth;
+            }
+        }
+    }
+}
+
+TEST(Ring, BlendsATranslucentColourOverThePixels)
+{
+    const Circle circle{{-5, 3, 40, 40}, 6};
+    const BitmapRef bitmap = Bitmap::create(50, 50);
+    GraphicsContext context(bitmap);
+    context.setColor(Color::deviceRGB(0, 0, 1));
+    context.fillRect({0, 0, 50, 50});
+    context.setColor(Color::deviceRGB(1, 0, 0, 0.25)); // painted as 64 of 255
+    context.strokeCircle(circle.square, circle.lineWidth);
+    for (int y = 0; y < 50; ++y) {
+        for (int x = 0; x < 50; ++x) {
+            const double part = static_cast<double>(circle.coverage(x, 49 - y)) * 64;
+            const Pixel pixel = bitmap->at(x, y);
+            ASSERT_EQ(pixel.a, 255);
+            ASSERT_EQ(pixel.g, 0);
+            ASSERT_NEAR(pixel.r, part, 1.01) << x << ", " << y;
+            ASSERT_NEAR(pixel.b, 255 - part, 1.01) << x << ", " << y;
+        }
+    }
+}
+
+TEST(Ring, SurvivesEveryWhereAndEverySize)
+{
+    constexpr std::int64_t kFar = std::int64_t(1) << 60;
+    const BitmapRef empty = Bitmap::create(20, 10);
+    for (const PixelRect& square :
+         std::vector<PixelRect>{{0, 0, 0, 0}, {5, 5, -4, -4}, {kFar, 0, 8, 8}, {0, -kFar, 8, 8}})
+        EXPECT_TRUE(test::samePicture(stroked({square, 3}, 20, 10), empty));
+    // The innermost of a disc wider than the planet, and a thin ring of that size that passes far outside.
+    EXPECT_EQ(stroked({{-kFar, -kFar, 2 * kFar, 2 * kFar}, kFar}, 20, 10)->at(3, 3).a, 0);
+    EXPECT_EQ(stroked({{-kFar / 2, -kFar / 2, kFar, kFar}, kFar}, 20, 10)->at(3, 3).a, 255);
+    // A ring of 2³¹ pixels keeps its place to a pixel: its left edge touches column 0.
+    const std::int64_t side = (std::int64_t(1) << 31) - 1;
+    const BitmapRef edge = stroked({{1, -side / 2, side, side}, 2}, 20, 10);
+    EXPECT_EQ(edge->at(0, 5).a, 255);
+    EXPECT_EQ(edge->at(1, 5).a, 255);
+    EXPECT_EQ(edge->at(2, 5).a, 0);
+}
