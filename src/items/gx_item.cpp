@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "items/gx_item.h"
 
+#include "platform/keyed_archiver.h"
+
 #include <algorithm>
 #include <type_traits>
 

@@ -4,8 +4,8 @@
 #include "platform/color.h"
 #include "platform/image.h"
 #include "platform/key_value_observing.h"
-#include "platform/keyed_archiver.h"
-#include "platform/keyed_unarchiver.h"
+#include "platform/keyed_coding.h"
+#include "platform/keyed_decoder.h"
 #include "platform/string_ref.h"
 
 #include <array>

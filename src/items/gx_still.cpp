@@ -2,6 +2,7 @@
 #include "items/gx_still.h"
 
 #include "platform/image_file.h"
+#include "platform/keyed_archiver.h"
 
 #include <algorithm>
 #include <limits>

@@ -4,7 +4,7 @@
 #include "items/gx_screen.h"
 #include "items/gx_still.h"
 
-#include <string>
+#include <string_view>
 #include <unordered_map>
 
 namespace wallgrid {
@@ -13,13 +13,12 @@ namespace {
 
 Expected<ItemRef> decodeItem(const ArchivedObject& record)
 {
-    for (const std::string& name : record.classNames()) {
-        KeyedDecoder coder(record);
-        if (name == "GXScreen")
-            return GXScreen::initWithCoder(coder);
-        if (name == "GXStill")
-            return GXStill::initWithCoder(coder);
-    }
+    const std::string_view kind = record.classAmong({"GXScreen", "GXStill"});
+    KeyedDecoder coder(record);
+    if (kind == "GXScreen")
+        return GXScreen::initWithCoder(coder);
+    if (kind == "GXStill")
+        return GXStill::initWithCoder(coder);
     return failure("the file holds something that is neither a screen nor a still");
 }
 

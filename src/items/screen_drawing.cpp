@@ -60,7 +60,7 @@ void GXScreen::drawPanels(GraphicsContext& context) const
         context.setColor(m_boarderColor);
         context.frameRect(panel, m_boarderWidth);
     }
-    context.tile(panel, columns, rows);
+    context.tile(m_panelWidth, m_panelHeight, columns, rows);
 }
 
 void GXScreen::drawTexts(GraphicsContext& context) const

@@ -1,0 +1,74 @@
+// SPDX-License-Identifier: MIT
+#include "platform/file.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <fstream>
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+using namespace wallgrid;
+namespace fs = std::filesystem;
+
+namespace {
+
+class FileTest : public testing::Test {
+protected:
+    FileTest()
+    {
+        std::string pattern = (fs::temp_directory_path() / "wallgrid-test-XXXXXX").string();
+        folder = ::mkdtemp(pattern.data());
+    }
+    ~FileTest() override { fs::remove_all(folder); }
+
+    std::string path(const char* name) const { return (folder / name).string(); }
+    std::size_t entries() const
+    {
+        return static_cast<std::size_t>(std::distance(fs::directory_iterator(folder), fs::directory_iterator()));
+    }
+
+    fs::path folder;
+    const Bytes old{'o', 'l', 'd'};
+    const Bytes fresh = Bytes(3'000'000, 7);
+};
+
+} // namespace
+
+TEST_F(FileTest, WritesWholeFilesAndReadsThemBack)
+{
+    ASSERT_TRUE(writeFileAtomically(path("a"), old));
+    ASSERT_TRUE(writeFileAtomically(path("a"), fresh));
+    EXPECT_EQ(readFile(path("a")).value_or(Bytes()), fresh);
+    ASSERT_TRUE(writeFileAtomically(path("empty"), {}));
+    EXPECT_EQ(readFile(path("empty")).value_or(old), Bytes());
+    EXPECT_EQ(entries(), 2u) << "nothing else is left in the folder";
+}
+
+TEST_F(FileTest, KeepsPermissionsAndFollowsLinks)
+{
+    ASSERT_TRUE(writeFileAtomically(path("target"), old));
+    EXPECT_EQ(fs::status(path("target")).permissions() & fs::perms::group_read, fs::perms::group_read);
+    fs::permissions(path("target"), fs::perms::owner_read | fs::perms::owner_write);
+    fs::create_symlink("target", path("link"));
+    ASSERT_TRUE(writeFileAtomically(path("link"), fresh));
+    EXPECT_TRUE(fs::is_symlink(path("link")));
+    EXPECT_EQ(readFile(path("target")).value_or(Bytes()), fresh);
+    EXPECT_EQ(fs::status(path("target")).permissions(), fs::perms::owner_read | fs::perms::owner_write);
+}
+
+TEST_F(FileTest, RefusesWhatIsNoRegularFile)
+{
+    ASSERT_EQ(::mkfifo(path("pipe").c_str(), 0600), 0);
+    ASSERT_EQ(::truncate((std::ofstream(path("big")).put('x'), path("big").c_str()), (off_t{1} << 30) + 1), 0);
+    const auto reason = [](const auto& result) { return result ? std::string("none") : result.error().message; };
+    EXPECT_EQ(reason(readFile(path("pipe"))), "not a regular file");
+    EXPECT_EQ(reason(readFile("/dev/zero")), "not a regular file");
+    EXPECT_EQ(reason(readFile(folder.string())), "not a regular file");
+    EXPECT_EQ(reason(readFile(path("big"))), "the file is larger than 1 GiB");
+    EXPECT_EQ(reason(readFile(path("gone"))), "No such file or directory");
+    EXPECT_EQ(reason(writeFileAtomically(path("pipe"), fresh)), "not a regular file");
+    EXPECT_EQ(reason(writeFileAtomically(folder.string(), fresh)), "not a regular file");
+    EXPECT_EQ(reason(writeFileAtomically(path("gone/a"), fresh)), "No such file or directory");
+    EXPECT_EQ(entries(), 2u);
+}
