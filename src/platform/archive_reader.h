@@ -1,0 +1,60 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/color.h"
+#include "platform/dictionary_lookup.h"
+#include "platform/keyed_archive.h"
+#include "platform/string_ref.h"
+#include "platform/url.h"
+
+#include <initializer_list>
+
+namespace wallgrid {
+
+/// Reads the values of an archive's records by key. A key that is not there gives 0, NO or an empty reference; a value
+/// of another kind is an error. Strings, colours and URLs are made once and shared from then on, so a name of ten
+/// megabytes under a hundred thousand items is held once.
+class ArchiveReader {
+public:
+    explicit ArchiveReader(std::shared_ptr<const KeyedArchive> archive);
+
+    const std::shared_ptr<const KeyedArchive>& archive() const { return m_archive; }
+
+    std::optional<PlistObject> value(const PlistObject& record, std::string_view key);
+    Expected<std::int32_t> integer(const PlistObject& record, std::string_view key);
+    Expected<bool> boolean(const PlistObject& record, std::string_view key);
+    Expected<std::span<const std::uint8_t>> data(const PlistObject& record, std::string_view key);
+    /// The number of the entry that is referred to, 0 for nil.
+    Expected<std::uint32_t> reference(const PlistObject& record, std::string_view key);
+
+    Expected<StringRef> string(const PlistObject& record, std::string_view key);
+    /// Text that is no URL and a record without text give an empty reference.
+    Expected<UrlRef> url(const PlistObject& record, std::string_view key);
+    Expected<ColorRef> color(const PlistObject& record, std::string_view key);
+
+    /// The name of an entry's class; "" for an entry that is no record, or whose class has no sensible name.
+    std::string className(const PlistObject& entry);
+    /// The first of an entry's class name and the hints that stand beside it (the classes to take in its place) that
+    /// is among the known ones; "" when none is.
+    std::string_view classAmong(const PlistObject& entry, std::initializer_list<std::string_view> known);
+
+private:
+    std::optional<PlistObject> classDescription(const PlistObject& entry);
+    Expected<void> expectClass(const PlistObject& entry, std::initializer_list<std::string_view> known,
+                               std::string_view key);
+    StringRef shared(const PlistObject& string);
+    UrlRef resolved(const UrlRef& base, const StringRef& relative);
+
+    std::shared_ptr<const KeyedArchive> m_archive;
+    DictionaryLookup m_lookup;
+    // By index of the property-list object that the value was made from.
+    std::unordered_map<std::uint32_t, StringRef> m_strings;
+    std::unordered_map<std::uint32_t, ColorRef> m_colors;
+    std::unordered_map<std::uint32_t, UrlRef> m_urls;
+    /// URLs without a base, by their text.
+    std::unordered_map<StringRef, UrlRef> m_absoluteUrls;
+    /// How many characters may still be read to resolve relative URLs.
+    std::uint64_t m_urlAllowance;
+};
+
+} // namespace wallgrid

@@ -1,0 +1,34 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/color.h"
+
+#include <cstdint>
+#include <memory>
+#include <string_view>
+#include <variant>
+#include <vector>
+
+namespace wallgrid {
+
+class KeyedArchiver;
+
+/// An object that a keyed archive can hold as a record of its own.
+class Archivable {
+public:
+    virtual ~Archivable() = default;
+
+    /// ASCII; in the archive it stands directly under NSObject.
+    virtual std::string_view archivedClassName() const = 0;
+    /// Writes the object's values, each under its own key.
+    virtual void encodeWithCoder(KeyedArchiver& archiver) const = 0;
+};
+
+/// What a root object is made of: a number, an object, a colour, or an array of these. References are never empty. One
+/// object in several places of an array stays one object.
+struct ArchiveValue
+    : std::variant<std::int64_t, std::shared_ptr<const Archivable>, ColorRef, std::vector<ArchiveValue>> {
+    using variant::variant;
+};
+
+} // namespace wallgrid
