@@ -20,7 +20,7 @@ run_tests() {
   elif ctest --preset asan --no-tests=error --parallel "$(nproc)" "$@" > "$log" 2>&1; then
     grep 'tests passed' "$log"
   else
-    grep -v ' Passed ' "$log"
+    grep -vE ' Passed |^ *Start ' "$log"
     return 1
   fi
 }
