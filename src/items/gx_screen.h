@@ -13,6 +13,7 @@
 namespace wallgrid {
 
 class GXScreen;
+class GraphicsContext;
 using ScreenRef = std::shared_ptr<GXScreen>;
 
 /// One LED wall on the output raster: a grid of `col` by `row` identical panels whose top-left corner sits at

@@ -1,0 +1,97 @@
+// SPDX-License-Identifier: MIT
+#include "app/gx_app_delegate.h"
+#include "cli/command_line.h"
+#include "platform/png_encoder.h"
+
+#include <ostream>
+#include <string>
+
+namespace wallgrid {
+
+namespace {
+
+constexpr const char* kStandardOutput = "-";
+
+/// A desktop on which nobody is at the keyboard.
+class NoPanels final : public Panels {
+public:
+    UrlRef runSavePanel() override { return nullptr; }
+    UrlRef runOpenPanel() override { return nullptr; }
+    void runAlert(std::string_view, std::string_view) override {}
+};
+
+class NoRecentDocuments final : public RecentDocuments {
+public:
+    void noteNewRecentDocument(const UrlRef&) override {}
+};
+
+class StreamLog final : public Log {
+public:
+    explicit StreamLog(std::ostream& stream)
+        : m_stream(stream)
+    {
+    }
+    void log(std::string_view line) override { m_stream << "wallgrid: " << line << '\n'; }
+
+private:
+    std::ostream& m_stream;
+};
+
+ExitCode fail(std::ostream& err, const std::string& file, const std::string& reason)
+{
+    err << "wallgrid: " << file << ": " << reason << '\n';
+    return kExitFailed;
+}
+
+Expected<void> writePicture(const std::string& file, const Bytes& bytes, std::ostream& out)
+{
+    if (file != kStandardOutput)
+        return writeFileAtomically(file, bytes);
+    out.write(reinterpret_cast<const char*>(bytes.data()), static_cast<std::streamsize>(bytes.size())).flush();
+    if (!out)
+        return failure("standard output cannot be written");
+    return {};
+}
+
+} // namespace
+
+ExitCode runExport(const ExportRequest& request, std::ostream& out, std::ostream& err)
+{
+    if (request.psd)
+        return fail(err, *request.psd, "the layered PSD export is not built yet");
+
+    ManualRunLoop runLoop;
+    NoPanels panels;
+    NoRecentDocuments recentDocuments;
+    StreamLog log(err);
+    const Files files(log);
+    GXAppDelegate delegate({runLoop, panels, recentDocuments, files});
+    delegate.applicationDidFinishLaunching();
+
+    const std::string source = request.project.value_or("the launch document");
+    if (request.project) {
+        auto bytes = readFile(*request.project);
+        if (!bytes)
+            return fail(err, source, bytes.error().message);
+        const auto project = readProject(std::move(*bytes));
+        if (!project)
+            return fail(err, source, project.error().message);
+        delegate.loadProject(*project);
+        delegate.setShouldUpdate(true);
+        delegate.update();
+    }
+    if (!delegate.offscreenRep()) {
+        return fail(err, source,
+                    "no picture of " + std::to_string(delegate.OutputWidth()) + " x " +
+                        std::to_string(delegate.OutputHeight()) + " pixels can be made");
+    }
+
+    const auto png = encodePng(*delegate.offscreenRep());
+    if (!png)
+        return fail(err, *request.png, png.error().message);
+    if (const auto written = writePicture(*request.png, *png, out); !written)
+        return fail(err, *request.png, written.error().message);
+    return kExitDone;
+}
+
+} // namespace wallgrid

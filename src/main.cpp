@@ -1,0 +1,69 @@
+// SPDX-License-Identifier: MIT
+#include "cli/command_line.h"
+#include "platform/qt/qt_toolkit.h"
+#include "ui/application.h"
+
+#include <QApplication>
+#include <QGuiApplication>
+#include <cstdlib>
+#include <iostream>
+#include <variant>
+
+namespace {
+
+using namespace wallgrid;
+
+bool hasDisplay()
+{
+    for (const char* name : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"}) {
+        if (const char* value = std::getenv(name); value && *value)
+            return true;
+    }
+    return false;
+}
+
+struct Run {
+    int& argc; ///< what Qt may look at: the program's name
+    char** argv;
+
+    int operator()(ExitCode code) const { return code; }
+
+    int operator()(const WindowRequest& request) const
+    {
+        if (!hasDisplay()) {
+            std::cerr << "wallgrid: there is no display to open a window on; wallgrid export needs none\n";
+            return kExitFailed;
+        }
+        QApplication application(argc, argv);
+        const QtToolkit toolkit;
+        return runApplication(application, request.file);
+    }
+
+    int operator()(const ExportRequest& request) const
+    {
+        return withoutDisplay([&] { return runExport(request, std::cout, std::cerr); });
+    }
+
+    int operator()(const InfoRequest& request) const
+    {
+        return withoutDisplay([&] { return runInfo(request, std::cout, std::cerr); });
+    }
+
+    template <class Command>
+    int withoutDisplay(Command command) const
+    {
+        ::setenv("QT_QPA_PLATFORM", "offscreen", 1);
+        const QGuiApplication application(argc, argv); // fonts need one
+        const QtToolkit toolkit;
+        return command();
+    }
+};
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    const Request request = parseCommandLine(argc, argv, std::cout, std::cerr);
+    int qtArgc = 1;
+    return std::visit(Run{qtArgc, argv}, request);
+}

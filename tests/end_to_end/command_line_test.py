@@ -1,0 +1,186 @@
+# SPDX-License-Identifier: MIT
+"""Runs the built program as a script would and compares files, output and exit codes. WALLGRID names the program."""
+
+import json
+import os
+import pathlib
+import random
+import subprocess
+import tempfile
+import unittest
+
+import png
+from composition import Screen, Still, compose
+from project_files import Archive
+
+WALLGRID = os.environ["WALLGRID"]
+
+
+def project(width, height, items):
+    archive = Archive()
+    records = [item.archive(archive, f"Item {i}") for i, item in enumerate(items)]
+    return archive.data(archive.array([archive.add(height), archive.add(width), archive.array(records)]))
+
+
+class CommandLine(unittest.TestCase):
+    def setUp(self):
+        folder = tempfile.TemporaryDirectory()
+        self.addCleanup(folder.cleanup)
+        self.folder = pathlib.Path(folder.name)
+
+    def run_program(self, *words, cwd=None):
+        environment = {k: v for k, v in os.environ.items() if k not in ("DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM")}
+        return subprocess.run([WALLGRID, *map(str, words)], capture_output=True, cwd=cwd or self.folder,
+                              env=environment, timeout=120)
+
+    def assertFails(self, code, words, error):
+        result = self.run_program(*words)
+        self.assertEqual((result.returncode, result.stdout, result.stderr.decode()), (code, b"", error))
+
+    def assertSamePicture(self, data, width, height, expected):
+        actual_width, actual_height, pixels, chunks = png.read(data)
+        self.assertEqual((actual_width, actual_height), (width, height))
+        self.assertEqual((chunks[0], chunks[-1], set(chunks[1:-1])), ("IHDR", "IEND", {"IDAT"}))
+        wrong = [i for i, (a, b) in enumerate(zip(pixels, expected)) if a != b]
+        self.assertFalse(wrong, wrong and f"{len(wrong)} pixels, first at ({wrong[0] % width}, {wrong[0] // width}): "
+                                          f"{pixels[wrong[0]]}, not {expected[wrong[0]]}")
+
+    def export(self, width, height, items):
+        (self.folder / "wall.mpr").write_bytes(project(width, height, items))
+        result = self.run_program("export", "wall.mpr", "--png", "wall.png")
+        self.assertEqual((result.returncode, result.stdout, result.stderr), (0, b"", b""))
+        return (self.folder / "wall.png").read_bytes()
+
+    def logo(self, width, height, seed):
+        choose = random.Random(seed)
+        pixels = [tuple(choose.randrange(256) for _ in range(3)) + (choose.choice((0, 1, 90, 128, 254, 255)),)
+                  for _ in range(width * height)]
+        path = self.folder / f"logo{seed}.png"
+        png.write(path, width, height, pixels)
+        return pixels, path
+
+    def test_a_small_picture_written_out(self):
+        red, white, none = (255, 0, 0, 255), (255, 255, 255, 255), (0, 0, 0, 255)
+        picture = self.export(8, 4, [Screen(2, 1, 4, 3, 1, 0, fill=(1, 0, 0), frame=(1, 1, 1))])
+        self.assertSamePicture(picture, 8, 4, [
+            none, white, white, white, white, white, white, white,
+            none, white, red, red, white, white, red, red,
+            none, white, white, white, white, white, white, white,
+            none, none, none, none, none, none, none, none])
+
+    def test_composition_of_all_kinds_of_items(self):
+        pixels, path = self.logo(17, 9, 1)
+        items = [
+            Screen(3, 2, 7, 5, -4, -3, fill=(1, 0, 0), frame=(1, 1, 1)),                  # negative, overhanging
+            Screen(2, 2, 10, 10, 10, 4, fill=(0, 1, 0, 0.5), frame=(0, 0.25, 1, 0.3), frame_width=2),
+            Still(17, 9, pixels, path, 20, 10),                                           # translucent, overlapping
+            Screen(1, 1, 60, 40, 0, 0, fill=(1, 1, 1), visible=False),                    # leaves no trace
+            Screen(4, 3, 6, 6, 30, 15, frame=(1, 0.5, 0), frame_width=1),                 # no fill, past the edge
+            Screen(1, 1, 12, 12, 40, 2, fill=(0.2, 0.4, 0.6, 0.9), frame=(1, 1, 1), frame_width=9),
+            Screen(1, 3, 48, 16, 0, -8, fill=(0, 0, 0.4)),
+            Still(17, 9, pixels, path, -5, 28),
+        ]
+        self.assertSamePicture(self.export(48, 32, items), 48, 32, compose(48, 32, items))
+
+    def test_composition_of_random_documents(self):
+        choose = random.Random(20260)
+        pixels, path = self.logo(13, 11, 2)
+        for _ in range(12):
+            width, height = choose.randint(1, 70), choose.randint(1, 50)
+            color = lambda: choose.choice([None, (1, 0, 0), tuple(choose.random() for _ in range(4))])
+            place = lambda: (choose.randint(-20, width), choose.randint(-20, height))
+            items = [Still(13, 11, pixels, path, *place(), visible=choose.random() > .2) if choose.random() < .3 else
+                     Screen(choose.randint(1, 5), choose.randint(1, 5), choose.randint(1, 15), choose.randint(1, 15),
+                            *place(), fill=color(), frame=color(), frame_width=choose.randint(0, 8),
+                            visible=choose.random() > .2)
+                     for _ in range(choose.randint(0, 9))]
+            self.assertSamePicture(self.export(width, height, items), width, height, compose(width, height, items))
+
+    def test_launch_document_goes_to_standard_output(self):
+        result = self.run_program("export", "--png", "-")
+        self.assertEqual((result.returncode, result.stderr), (0, b""))
+        item = Screen(4, 4, 78, 78, 0, 0, fill=(1, 0, 0), frame=(1, 1, 1))
+        self.assertSamePicture(result.stdout, 1920, 1080, compose(1920, 1080, [item]))
+
+    def test_info(self):
+        pixels, path = self.logo(17, 9, 3)
+        items = [Screen(3, 2, 7, 5, -4, 3), Still(17, 9, pixels, path, 2, 1, visible=False),
+                 Still(5, 6, pixels, self.folder / "gone away.png", 0, 0)]
+        archive = Archive()
+        records = [items[0].archive(archive, "Wand \N{EM DASH} \N{FACE WITH TEARS OF JOY}"),
+                   items[1].archive(archive, "logo\x1b[2J"), items[2].archive(archive, "gone")]
+        archive.objects = [entry.replace("gone away", "gone%20away") if isinstance(entry, str) else entry
+                           for entry in archive.objects]
+        data = archive.data(archive.array([archive.add(1080), archive.add(1920), archive.array(records)]))
+        (self.folder / "wall.mpr").write_bytes(data)
+        result = self.run_program("info", "wall.mpr")
+        self.assertEqual(result.stderr, b"")
+        self.assertEqual(result.stdout.decode(), f"""\
+Output: 1920 x 1080
+Items: 3
+    1  screen  21 x 10        at -4, 3         visible  Wand \N{EM DASH} \N{FACE WITH TEARS OF JOY}
+    2  still   17 x 9         at 2, 1          hidden   logo?[2J
+    3  still   5 x 6          at 0, 0          visible  gone
+Missing image files:
+    3  {self.folder}/gone away.png
+""")
+        self.assertEqual(json.loads(self.run_program("info", "wall.mpr", "--json").stdout), {
+            "outputWidth": 1920, "outputHeight": 1080, "items": [
+                {"name": "Wand \N{EM DASH} \N{FACE WITH TEARS OF JOY}", "kind": "screen", "width": 21, "height": 10,
+                 "x": -4, "y": 3, "visible": True},
+                {"name": "logo\x1b[2J", "kind": "still", "width": 17, "height": 9, "x": 2, "y": 1, "visible": False,
+                 "image": str(path), "imageMissing": False},
+                {"name": "gone", "kind": "still", "width": 5, "height": 6, "x": 0, "y": 0, "visible": True,
+                 "image": str(self.folder / "gone away.png"), "imageMissing": True}]})
+
+    def test_failures_name_the_file_and_the_reason(self):
+        (self.folder / "notes.txt").write_text("no archive")
+        (self.folder / "empty.mpr").write_bytes(project(0, 1080, []))
+        (self.folder / "huge.mpr").write_bytes(project(2**31 - 1, 2**31 - 1, []))
+        os.mkfifo(self.folder / "pipe")
+        png = ["--png", "out.png"]
+        for words, reason in [
+                (["export", "gone.mpr", *png], "gone.mpr: No such file or directory"),
+                (["info", "gone.mpr"], "gone.mpr: No such file or directory"),
+                (["export", "notes.txt", *png], "notes.txt: not a binary property list"),
+                (["export", ".", *png], ".: not a regular file"),
+                (["export", "pipe", *png], "pipe: not a regular file"),
+                (["export", "empty.mpr", *png], "empty.mpr: no picture of 0 x 1080 pixels can be made"),
+                (["export", "huge.mpr", *png], "huge.mpr: no picture of 2147483647 x 2147483647 pixels can be made"),
+                (["export", "--png", "no/such/folder.png"], "no/such/folder.png: No such file or directory"),
+                (["export", "--png", "/dev/full"], "/dev/full: not a regular file"),
+                (["export", *png, "--psd", "out.psd"], "out.psd: the layered PSD export is not built yet"),
+                ([], "there is no display to open a window on; wallgrid export needs none")]:
+            with self.subTest(words=words):
+                self.assertFails(1, words, f"wallgrid: {reason}\n")
+                self.assertFalse((self.folder / "out.png").exists())
+
+    def test_a_failed_export_keeps_the_existing_file(self):
+        target = self.folder / "kept.png"
+        target.write_bytes(b"precious")
+        (self.folder / "bad.mpr").write_bytes(project(8, 8, [])[:-9])
+        self.assertEqual(self.run_program("export", "bad.mpr", "--png", target).returncode, 1)
+        self.assertEqual(target.read_bytes(), b"precious")
+        self.assertEqual(sorted(os.listdir(self.folder)), ["bad.mpr", "kept.png"])
+
+    def test_wrong_usage(self):
+        for words, reason in [
+                (["export"], "nothing to write: --png FILE or --psd FILE is required"),
+                (["export", "--png", "-", "--psd", "-"], "only one picture can go to standard output"),
+                (["info"], "PROJECT is required"),
+                (["export", "--jpeg", "x"], "The following arguments were not expected: x --jpeg")]:
+            with self.subTest(words=words):
+                self.assertFails(2, words, f"wallgrid: {reason}; see wallgrid --help\n")
+
+    def test_help_and_version(self):
+        self.assertRegex(self.run_program("--version").stdout.decode(), r"\Awallgrid \d+\.\d+\.\d+\n\Z")
+        for words in ([], ["export"], ["info"]):
+            result = self.run_program(*words, "--help")
+            self.assertEqual((result.returncode, result.stderr), (0, b""))
+            for word in {(): ["FILE", "export", "info", "--version"], ("export",): ["PROJECT", "--png FILE", "--psd"],
+                         ("info",): ["PROJECT", "--json"]}[tuple(words)]:
+                self.assertIn(word, result.stdout.decode())
+
+
+if __name__ == "__main__":
+    unittest.main(verbosity=2)
