@@ -22,6 +22,13 @@ bool hasDisplay()
     return false;
 }
 
+/// Standard error belongs to the one line that says what failed; Qt's remarks about the session do not.
+void dropRemarks(QtMsgType type, const QMessageLogContext&, const QString& message)
+{
+    if (type == QtCriticalMsg || type == QtFatalMsg)
+        std::cerr << message.toStdString() << '\n';
+}
+
 struct Run {
     int& argc; ///< what Qt may look at: the program's name
     char** argv;
@@ -52,6 +59,7 @@ struct Run {
     template <class Command>
     int withoutDisplay(Command command) const
     {
+        qInstallMessageHandler(dropRemarks);
         ::setenv("QT_QPA_PLATFORM", "offscreen", 1);
         const QGuiApplication application(argc, argv); // fonts need one
         const QtToolkit toolkit;

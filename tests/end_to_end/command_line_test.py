@@ -142,7 +142,7 @@ Missing image files:
         for words, reason in [
                 (["export", "gone.mpr", *png], "gone.mpr: No such file or directory"),
                 (["info", "gone.mpr"], "gone.mpr: No such file or directory"),
-                (["export", "notes.txt", *png], "notes.txt: not a binary property list"),
+                (["export", "notes.txt", *png], "notes.txt: the file is not a binary property list"),
                 (["export", ".", *png], ".: not a regular file"),
                 (["export", "pipe", *png], "pipe: not a regular file"),
                 (["export", "empty.mpr", *png], "empty.mpr: no picture of 0 x 1080 pixels can be made"),
@@ -168,7 +168,7 @@ Missing image files:
                 (["export"], "nothing to write: --png FILE or --psd FILE is required"),
                 (["export", "--png", "-", "--psd", "-"], "only one picture can go to standard output"),
                 (["info"], "PROJECT is required"),
-                (["export", "--jpeg", "x"], "The following arguments were not expected: x --jpeg")]:
+                (["export", "--jpeg", "x"], "The following argument was not expected: --jpeg")]:
             with self.subTest(words=words):
                 self.assertFails(2, words, f"wallgrid: {reason}; see wallgrid --help\n")
 

@@ -10,19 +10,18 @@ def nearest(value):
 
 
 def sample(color):
-    """(r, g, b, a) of 0 to 1 as a premultiplied 8-bit pixel."""
-    r, g, b, a = (Fraction(c) for c in color)
+    """(r, g, b) or (r, g, b, a) of 0 to 1, in the ten digits that files hold, as a premultiplied 8-bit pixel."""
+    r, g, b, a = (Fraction(f"{c:.10g}") for c in (*color, 1)[:4])
     return tuple(nearest(255 * c) for c in (r * a, g * a, b * a, a))
+
+
+def nearest_quotient(a, b):
+    return (2 * a + b) // (2 * b)
 
 
 def premultiplied(pixel):
     *color, a = pixel
-    return tuple(nearest(Fraction(c * a, 255)) for c in color) + (a,)
-
-
-def straight(pixel):
-    *color, a = pixel
-    return tuple(nearest(Fraction(c * 255, a)) if a else 0 for c in color) + (a,)
+    return tuple(nearest_quotient(c * a, 255) for c in color) + (a,)
 
 
 class Screen:
@@ -65,7 +64,7 @@ class Still:
 
 
 def compose(width, height, items):
-    """Opaque black, with the items over it, the first on top; straight RGBA, row by row."""
+    """Opaque black, with the items over it, the first on top; RGBA, row by row."""
     raster = [(0, 0, 0, 255)] * (width * height)
     for item in reversed(items):
         if not item.visible:
@@ -76,5 +75,5 @@ def compose(width, height, items):
                 if 0 <= left < width and 0 <= top < height:
                     source, below = item.pixel(x, y), raster[top * width + left]
                     raster[top * width + left] = tuple(
-                        s + nearest(Fraction(d * (255 - source[3]), 255)) for s, d in zip(source[:3], below)) + (255,)
-    return [straight(pixel) for pixel in raster]
+                        s + nearest_quotient(d * (255 - source[3]), 255) for s, d in zip(source[:3], below)) + (255,)
+    return raster

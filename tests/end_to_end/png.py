@@ -45,10 +45,12 @@ def read(data):
     for y in range(height):
         start = y * (stride + 1)
         kind, row = raw[start], bytearray(raw[start + 1:start + 1 + stride])
-        for i in range(stride):
+        if kind == 2:  # up, the common case, without a look at each byte's neighbours
+            row = bytearray((a + b) & 255 for a, b in zip(row, above))
+        for i in range(stride if kind not in (0, 2) else 0):
             left = row[i - 4] if i >= 4 else 0
             corner = above[i - 4] if i >= 4 else 0
-            row[i] = (row[i] + (0, left, above[i], (left + above[i]) // 2, paeth(left, above[i], corner))[kind]) & 255
+            row[i] = (row[i] + (0, left, 0, (left + above[i]) // 2, paeth(left, above[i], corner))[kind]) & 255
         pixels += [tuple(row[x:x + 4]) for x in range(0, stride, 4)]
         above = row
     return width, height, pixels, kinds

@@ -1,0 +1,57 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "app/gx_app_delegate.h"
+#include "platform/desktop.h"
+
+#include <filesystem>
+#include <gtest/gtest.h>
+#include <stdlib.h>
+#include <string>
+#include <vector>
+
+namespace wallgrid {
+
+/// A desktop whose user is the test: panels answer what they were told to, everything else is written down.
+class ScriptedDesktop : public testing::Test, Panels, RecentDocuments, Log {
+protected:
+    ScriptedDesktop()
+    {
+        std::string pattern = (std::filesystem::temp_directory_path() / "wallgrid-test-XXXXXX").string();
+        folder = ::mkdtemp(pattern.data());
+    }
+    ~ScriptedDesktop() override { std::filesystem::remove_all(folder); }
+
+    std::string path(const std::string& name) const { return (folder / name).string(); }
+    UrlRef location(const std::string& name) const
+    {
+        return std::make_shared<const Url>(Url::fromFilePath(path(name)));
+    }
+    /// The next panel answers with this file of the test's folder.
+    void choose(const std::string& name) { answer = location(name); }
+    void cancel() { answer = nullptr; }
+
+    UrlRef runSavePanel() override { return answer; }
+    UrlRef runOpenPanel() override { return answer; }
+    void runAlert(std::string_view message, std::string_view informativeText) override
+    {
+        alerts.push_back(std::string(message) + "|" + std::string(informativeText));
+    }
+    void noteNewRecentDocument(const UrlRef& url) override
+    {
+        recent.push_back(std::filesystem::path(url->path()).filename().string());
+    }
+    void log(std::string_view line) override { logged.emplace_back(line); }
+
+    std::filesystem::path folder;
+    UrlRef answer;
+    std::vector<std::string> alerts;
+    std::vector<std::string> recent;
+    std::vector<std::string> logged;
+
+    ManualRunLoop runLoop;
+    Files files{*this};
+    GXAppDelegate delegate{{runLoop, *this, *this, files}};
+};
+
+} // namespace wallgrid
