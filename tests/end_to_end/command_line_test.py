@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-"""Runs the built program as a script would and compares files, output and exit codes. WALLGRID names the program."""
+"""Runs the built program as a script would and compares files, output and exit codes."""
 
 import json
 import os
@@ -13,7 +13,7 @@ import png
 from composition import Screen, Still, compose
 from project_files import Archive
 
-WALLGRID = os.environ["WALLGRID"]
+WALLGRID = os.environ.get("WALLGRID_PROGRAM") or os.environ["WALLGRID_BUILT"]
 
 
 def project(width, height, items):
