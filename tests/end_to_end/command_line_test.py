@@ -28,10 +28,10 @@ class CommandLine(unittest.TestCase):
         self.addCleanup(folder.cleanup)
         self.folder = pathlib.Path(folder.name)
 
-    def run_program(self, *words, cwd=None):
+    def run_program(self, *words, **variables):
         environment = {k: v for k, v in os.environ.items() if k not in ("DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM")}
-        return subprocess.run([WALLGRID, *map(str, words)], capture_output=True, cwd=cwd or self.folder,
-                              env=environment, timeout=120)
+        return subprocess.run([WALLGRID, *map(str, words)], capture_output=True, cwd=self.folder,
+                              env=environment | variables, timeout=120)
 
     def assertFails(self, code, words, error):
         result = self.run_program(*words)
@@ -101,6 +101,24 @@ class CommandLine(unittest.TestCase):
         self.assertEqual((result.returncode, result.stderr), (0, b""))
         item = Screen(4, 4, 78, 78, 0, 0, fill=(1, 0, 0), frame=(1, 1, 1))
         self.assertSamePicture(result.stdout, 1920, 1080, compose(1920, 1080, [item]))
+
+    def test_texts_are_drawn_on_a_machine_without_fonts(self):
+        archive = Archive()
+        item = archive.item("GXScreen", {"col": 1, "row": 1, "panelwidth": 200, "panelheight": 60, "fontenable": True,
+                                         "screenfontsize": 30, "circlebwidth": 4})
+        data = archive.data(archive.array([archive.add(60), archive.add(200), archive.array([item])]))
+        (self.folder / "text.mpr").write_bytes(data)
+        (self.folder / "fonts.conf").write_text("<?xml version='1.0'?><fontconfig></fontconfig>")
+        for variables in ({}, {"FONTCONFIG_FILE": str(self.folder / "fonts.conf")}):
+            result = self.run_program("export", "text.mpr", "--png", "-", **variables)
+            self.assertEqual((result.returncode, result.stderr), (0, b""))
+            width, height, pixels, _ = png.read(result.stdout)
+            ink = [(i % width, i // width) for i, pixel in enumerate(pixels) if pixel == (255, 255, 255, 255)]
+            self.assertGreater(len(ink), 100, variables)
+            self.assertLess(max(x for x, y in ink), 190)
+            self.assertGreaterEqual(min(x for x, y in ink), 4)
+            self.assertGreaterEqual(min(y for x, y in ink), 60 - 4 - 40)
+            self.assertLess(max(y for x, y in ink), 60 - 4 - 4, "the baseline lies above the line box's edge")
 
     def test_info(self):
         pixels, path = self.logo(17, 9, 3)
