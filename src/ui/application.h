@@ -1,0 +1,53 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "app/gx_app_delegate.h"
+#include "platform/files.h"
+#include "ui/catch_up_run_loop.h"
+#include "ui/main_window.h"
+#include "ui/output_window.h"
+#include "ui/window_log.h"
+
+#include <QObject>
+#include <optional>
+#include <string>
+
+class QApplication;
+
+namespace wallgrid {
+
+/// The program with its windows: the controller, what it drives, and the launch that connects them.
+class Application final : public QObject {
+    Q_OBJECT
+
+public:
+    /// All of them must outlive the application; of the run loop, timers may be left over.
+    Application(RunLoop& runLoop, Panels& panels, QtRecentDocuments& recentDocuments);
+    ~Application() override;
+
+    /// Builds the launch document and shows the main window.
+    void launch();
+    /// Opens a project as if the desktop had handed it over. The path may be relative.
+    void openFile(const std::string& path);
+
+    GXAppDelegate& delegate() { return m_delegate; }
+    MainWindow& mainWindow() { return m_mainWindow; }
+    OutputWindow& outputWindow() { return m_outputWindow; }
+
+protected:
+    /// Opens the files that the desktop asks the running program to open.
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    WindowLog m_log;
+    Files m_files;
+    CatchUpRunLoop m_runLoop;
+    GXAppDelegate m_delegate;
+    OutputWindow m_outputWindow;
+    MainWindow m_mainWindow;
+};
+
+/// Runs the program until its main window is closed; gives the exit code.
+int runApplication(QApplication& application, const std::optional<std::string>& file);
+
+} // namespace wallgrid

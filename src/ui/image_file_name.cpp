@@ -1,0 +1,28 @@
+// SPDX-License-Identifier: MIT
+#include "ui/image_file_name.h"
+
+#include "items/gx_still.h"
+#include "ui/shown_text.h"
+
+#include <QFile>
+
+namespace wallgrid {
+
+std::optional<QString> imageFile(const GXItem& item)
+{
+    constexpr qsizetype kLongestPath = 4096;
+    const auto* still = dynamic_cast<const GXStill*>(&item);
+    const UrlRef location = still ? still->ImageURL() : nullptr;
+    if (!location)
+        return std::nullopt;
+    const auto path = location->filePath();
+    return shownText(path ? QFile::decodeName(path->c_str()) : QString::fromStdString(location->absoluteString()),
+                     kLongestPath);
+}
+
+std::optional<QString> missingImageFile(const GXItem& item)
+{
+    return item.thumbnail() ? std::nullopt : imageFile(item);
+}
+
+} // namespace wallgrid

@@ -1,0 +1,146 @@
+// SPDX-License-Identifier: MIT
+#include "ui/item_table.h"
+
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QScopedValueRollback>
+#include <QScrollBar>
+#include <utility>
+
+namespace wallgrid {
+
+namespace {
+
+constexpr int kRowPadding = 6;
+
+int widthOf(ItemTableModel::Column column)
+{
+    return column == ItemTableModel::Column::Visible ? 28 : ItemTableModel::thumbnailSize().width() + 8;
+}
+
+QItemSelection selectionOfRows(const QAbstractItemModel& model, const GXAppDelegate::ItemController::Indexes& rows)
+{
+    QItemSelection selection;
+    const int lastColumn = model.columnCount() - 1;
+    for (auto row = rows.begin(); row != rows.end();) {
+        const auto first = static_cast<int>(*row);
+        int last = first;
+        while (++row != rows.end() && static_cast<int>(*row) == last + 1)
+            ++last;
+        selection.append(QItemSelectionRange(model.index(first, 0), model.index(last, lastColumn)));
+    }
+    return selection;
+}
+
+} // namespace
+
+ItemTable::ItemTable(GXAppDelegate::ItemController& controller, std::vector<ItemTableModel::Column> columns,
+                     QWidget* parent)
+    : QTableView(parent)
+    , m_controller(controller)
+    , m_model(controller, columns)
+    , m_reload([this] { synchronize(); })
+{
+    setModel(&m_model);
+    setSelectionBehavior(SelectRows);
+    setSelectionMode(ExtendedSelection);
+    setEditTriggers(NoEditTriggers);
+    setIconSize(ItemTableModel::thumbnailSize());
+    setShowGrid(false);
+    setWordWrap(false);
+    setTabKeyNavigation(false);
+    setVerticalScrollMode(ScrollPerPixel);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    horizontalHeader()->hide();
+    horizontalHeader()->setMinimumSectionSize(1);
+    verticalHeader()->hide();
+    verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+    verticalHeader()->setDefaultSectionSize(ItemTableModel::thumbnailSize().height() + kRowPadding);
+    for (std::size_t i = 0; i < columns.size(); ++i) {
+        const int section = static_cast<int>(i);
+        const bool name = columns[i] == ItemTableModel::Column::Name;
+        horizontalHeader()->setSectionResizeMode(section, name ? QHeaderView::Stretch : QHeaderView::Fixed);
+        if (!name)
+            setColumnWidth(section, widthOf(columns[i]));
+    }
+
+    // A name is no part of any picture, so nobody else reloads the table for it.
+    m_controller.addObserverForArrangedObjects({"label"}, [this] { reloadData(); });
+    m_controller.addSelectionObserver([this] { reloadData(); });
+    reloadData();
+}
+
+void ItemTable::registerForDraggedType(std::string_view type)
+{
+    const auto name = QString::fromUtf8(type.data(), static_cast<qsizetype>(type.size()));
+    if (!m_draggedTypes.contains(name))
+        m_draggedTypes.append(name);
+}
+
+void ItemTable::synchronize()
+{
+    const QScopedValueRollback guard(m_synchronizing, true);
+    const int scrolled = verticalScrollBar()->value();
+    m_model.synchronize();
+    verticalScrollBar()->setValue(scrolled);
+    showSelection();
+}
+
+void ItemTable::showSelection()
+{
+    const QItemSelection wanted = selectionOfRows(m_model, m_controller.selectionIndexes());
+    if (wanted == selectionModel()->selection())
+        return;
+    selectionModel()->select(wanted, QItemSelectionModel::ClearAndSelect);
+    if (const auto first = m_controller.selectionIndex())
+        selectionModel()->setCurrentIndex(m_model.index(static_cast<int>(*first), 0), QItemSelectionModel::NoUpdate);
+}
+
+void ItemTable::selectionChanged(const QItemSelection& selected, const QItemSelection& deselected)
+{
+    QTableView::selectionChanged(selected, deselected);
+    if (m_synchronizing || m_reload.isPending())
+        return;
+    GXAppDelegate::ItemController::Indexes rows;
+    for (const QItemSelectionRange& range : selectionModel()->selection()) {
+        for (int row = range.top(); row <= range.bottom(); ++row)
+            rows.insert(static_cast<std::size_t>(row));
+    }
+    m_controller.setSelectionIndexes(rows);
+}
+
+void ItemTable::initViewItemOption(QStyleOptionViewItem* option) const
+{
+    QTableView::initViewItemOption(option);
+    if (!hasFocus())
+        option->state &= ~QStyle::State_Active;
+}
+
+bool ItemTable::viewportEvent(QEvent* event)
+{
+    // What is clicked must be what is there.
+    if (event->type() == QEvent::MouseButtonPress)
+        m_reload.finish();
+    return QTableView::viewportEvent(event);
+}
+
+void ItemTable::keyPressEvent(QKeyEvent* event)
+{
+    m_reload.finish();
+    if (event->key() == Qt::Key_Space && event->modifiers() == Qt::NoModifier)
+        toggleSelectedVisibility();
+    else
+        QTableView::keyPressEvent(event);
+}
+
+void ItemTable::toggleSelectedVisibility()
+{
+    if (const ItemRef first = m_controller.selectedObject()) {
+        const bool visible = !first->visible();
+        const auto rows = m_controller.selectionIndexes();
+        for (const std::size_t row : rows)
+            m_controller.arrangedObjects()[row]->setVisible(visible);
+    }
+}
+
+} // namespace wallgrid

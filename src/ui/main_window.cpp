@@ -1,0 +1,228 @@
+// SPDX-License-Identifier: MIT
+#include "ui/main_window.h"
+
+#include "ui/heading.h"
+#include "ui/image_view.h"
+#include "ui/inspector.h"
+#include "ui/item_table.h"
+#include "ui/output_bar.h"
+#include "ui/output_window.h"
+#include "ui/qt_recent_documents.h"
+#include "ui/shown_text.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QFile>
+#include <QMenuBar>
+#include <QMessageBox>
+#include <QScrollArea>
+#include <QSplitter>
+#include <QStatusBar>
+#include <QVBoxLayout>
+
+namespace wallgrid {
+
+namespace {
+
+using Column = ItemTableModel::Column;
+
+constexpr QMargins kPreviewMargins{12, 12, 12, 12};
+constexpr int kMessageMilliseconds = 15'000;
+constexpr qsizetype kLongestMessage = 300;
+
+QWidget* titled(const QString& title, QWidget* content)
+{
+    auto* box = new QWidget;
+    auto* layout = new QVBoxLayout(box);
+    layout->setContentsMargins(8, 6, 0, 4);
+    layout->setSpacing(4);
+    QLabel* heading = makeHeading(title, box);
+    heading->setBuddy(content);
+    layout->addWidget(heading);
+    layout->addWidget(content);
+    return box;
+}
+
+/// What the menu calls a location: its path, or the whole text of one that is no file.
+QString menuText(const QString& location)
+{
+    const auto url = Url::fromString(location.toStdString());
+    const auto path = url ? url->filePath() : std::nullopt;
+    return withoutMnemonics(shownText(path ? QFile::decodeName(path->c_str()) : location, 80));
+}
+
+} // namespace
+
+MainWindow::MainWindow(GXAppDelegate& delegate, QtRecentDocuments& recentDocuments, OutputWindow& outputWindow)
+    : m_delegate(delegate)
+    , m_recentDocuments(recentDocuments)
+    , m_outputWindow(outputWindow)
+    , m_status([this] { refreshStatus(); })
+{
+    setWindowTitle(tr("Wallgrid"));
+    auto* columns = new QSplitter(Qt::Horizontal);
+    columns->addWidget(makeLists());
+    columns->addWidget(makeOutput());
+    columns->addWidget(makeInspector());
+    columns->setStretchFactor(0, 0);
+    columns->setStretchFactor(1, 1);
+    columns->setStretchFactor(2, 0);
+    columns->setSizes({250, 780, 280});
+    columns->setChildrenCollapsible(false);
+    setCentralWidget(columns);
+
+    makeStatusBar();
+    makeFileMenu();
+    makeViewMenu();
+    makeHelpMenu();
+    resize(1320, 800);
+    m_table->setFocus();
+}
+
+QWidget* MainWindow::makeLists()
+{
+    m_table = new ItemTable(m_delegate.arraycontroller(), {Column::Visible, Column::Thumbnail, Column::Name});
+    m_table->setAccessibleName(tr("Layers"));
+    m_ptable = new ItemTable(m_delegate.presetarraycontroller(), {Column::Thumbnail, Column::Name});
+    m_ptable->setAccessibleName(tr("Presets"));
+    auto* lists = new QSplitter(Qt::Vertical);
+    lists->addWidget(titled(tr("&Layers"), m_table));
+    lists->addWidget(titled(tr("&Presets"), m_ptable));
+    lists->setSizes({500, 220});
+    lists->setStretchFactor(0, 1);
+    lists->setChildrenCollapsible(false);
+    lists->setMinimumWidth(180);
+    return lists;
+}
+
+QWidget* MainWindow::makeOutput()
+{
+    auto* box = new QWidget;
+    auto* layout = new QVBoxLayout(box);
+    layout->setContentsMargins({});
+    layout->setSpacing(0);
+    layout->addWidget(new OutputBar(m_delegate));
+    m_miniPvw = new ImageViewWidget;
+    m_miniPvw->setAccessibleName(tr("Output preview"));
+    m_miniPvw->setContentsMargins(kPreviewMargins);
+    m_miniPvw->setMinimumSize(240, 135);
+    layout->addWidget(m_miniPvw, 1);
+    return box;
+}
+
+QWidget* MainWindow::makeInspector()
+{
+    m_inspector = new Inspector(m_delegate);
+    auto* area = new QScrollArea;
+    area->setWidget(m_inspector);
+    area->setWidgetResizable(true);
+    area->setFrameShape(QFrame::NoFrame);
+    area->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    area->setFocusPolicy(Qt::NoFocus);
+    area->setMinimumWidth(m_inspector->minimumSizeHint().width() + 16);
+    return area;
+}
+
+void MainWindow::makeStatusBar()
+{
+    m_itemCount = new QLabel(this);
+    m_outputSize = new QLabel(this);
+    m_outputSize->setContentsMargins(8, 0, 8, 0);
+    statusBar()->addPermanentWidget(m_itemCount);
+    statusBar()->addPermanentWidget(m_outputSize);
+    // An edit may change the list, and a composition the output size; both end up here.
+    connect(m_miniPvw, &ImageViewWidget::imageChanged, this, [this] { m_status.schedule(); });
+    m_delegate.arraycontroller().addObserverForArrangedObjects({}, [this] { m_status.schedule(); });
+    m_status.schedule();
+}
+
+void MainWindow::refreshStatus()
+{
+    const auto count = static_cast<int>(m_delegate.arraycontroller().arrangedObjects().size());
+    m_itemCount->setText(count == 1 ? tr("1 layer") : tr("%1 layers").arg(count));
+    m_outputSize->setText(tr("Output %1 × %2 px").arg(m_delegate.OutputWidth()).arg(m_delegate.OutputHeight()));
+}
+
+void MainWindow::showMessage(const QString& line)
+{
+    statusBar()->showMessage(shownText(line, kLongestMessage), kMessageMilliseconds);
+}
+
+void MainWindow::makeFileMenu()
+{
+    const QString projects = tr("Projects (*.mpr)");
+    QMenu* menu = menuBar()->addMenu(tr("&File"));
+    menu->addAction(tr("&Open Project…"), QKeySequence::Open, this, [this, projects] {
+        emit panelAhead({tr("Open Project"), projects, {}});
+        m_delegate.openProject();
+    });
+    m_recentMenu = menu->addMenu(tr("Open &Recent"));
+    connect(&m_recentDocuments, &QtRecentDocuments::changed, this, &MainWindow::fillRecentMenu);
+    fillRecentMenu();
+    menu->addAction(tr("&Save Project…"), QKeySequence::Save, this, [this, projects] {
+        emit panelAhead({tr("Save Project"), projects, QStringLiteral("mpr")});
+        m_delegate.saveProject();
+    });
+    menu->addSeparator();
+    menu->addAction(tr("&Export PNG…"), QKeySequence(Qt::CTRL | Qt::Key_E), this, [this] {
+        emit panelAhead({tr("Export PNG"), tr("PNG images (*.png)"), QStringLiteral("png")});
+        m_delegate.saveAction();
+    });
+    menu->addSeparator();
+    QAction* quit = menu->addAction(tr("&Quit"), QKeySequence(Qt::CTRL | Qt::Key_Q), this, &QWidget::close);
+    quit->setMenuRole(QAction::QuitRole);
+}
+
+void MainWindow::fillRecentMenu()
+{
+    m_recentMenu->clear();
+    const QStringList locations = m_recentDocuments.locations();
+    m_recentMenu->setEnabled(!locations.isEmpty());
+    for (const QString& location : locations) {
+        m_recentMenu->addAction(menuText(location), this,
+                                [this, location] { m_delegate.applicationOpenFile(location.toStdString()); });
+    }
+    m_recentMenu->addSeparator();
+    // Later, because the menu that is cleared is the one that is being left.
+    m_recentMenu->addAction(
+        tr("&Clear Menu"), this, [this] { m_recentDocuments.clear(); }, Qt::QueuedConnection);
+}
+
+void MainWindow::makeViewMenu()
+{
+    QMenu* menu = menuBar()->addMenu(tr("&View"));
+    QAction* output = menu->addAction(tr("&Output Window"));
+    output->setCheckable(true);
+    output->setShortcut(Qt::CTRL | Qt::Key_2);
+    connect(output, &QAction::triggered, this, [this](bool shown) {
+        if (shown)
+            m_outputWindow.show();
+        else
+            m_outputWindow.hide();
+    });
+    connect(&m_outputWindow, &OutputWindow::shownChanged, output, &QAction::setChecked);
+}
+
+void MainWindow::makeHelpMenu()
+{
+    menuBar()->addMenu(tr("&Help"))->addAction(tr("&About Wallgrid"), this, &MainWindow::about);
+}
+
+void MainWindow::about()
+{
+    QMessageBox::about(this, tr("About Wallgrid"),
+                       tr("<p><b>Wallgrid %1</b></p><p>Pixel-map test images for LED video walls.</p>")
+                           .arg(QApplication::applicationVersion()));
+}
+
+void MainWindow::closeEvent(QCloseEvent* event)
+{
+    if (m_delegate.applicationShouldTerminate() != GXAppDelegate::TerminateReply::TerminateNow) {
+        event->ignore();
+        return;
+    }
+    m_outputWindow.close();
+    QMainWindow::closeEvent(event);
+}
+
+} // namespace wallgrid

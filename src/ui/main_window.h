@@ -1,0 +1,72 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "app/gx_app_delegate.h"
+#include "ui/deferred.h"
+#include "ui/qt_panels.h"
+
+#include <QMainWindow>
+
+class QLabel;
+class QMenu;
+class QVBoxLayout;
+
+namespace wallgrid {
+
+class ImageViewWidget;
+class Inspector;
+class ItemTable;
+class OutputWindow;
+class QtRecentDocuments;
+
+/// The main window: the layers and the presets on the left, the preview in the middle, the inspector of the selected
+/// layer on the right. Closing it closes the output window and so ends the program.
+class MainWindow final : public QMainWindow {
+    Q_OBJECT
+
+public:
+    /// All of them must outlive the window.
+    MainWindow(GXAppDelegate& delegate, QtRecentDocuments& recentDocuments, OutputWindow& outputWindow);
+
+    ItemTable* table() const { return m_table; }
+    ItemTable* ptable() const { return m_ptable; }
+    ImageViewWidget* miniPvw() const { return m_miniPvw; }
+    Inspector* inspector() const { return m_inspector; }
+
+    /// Shows a line in the status bar for a while.
+    void showMessage(const QString& line);
+
+signals:
+    /// Before an action that opens a file panel.
+    void panelAhead(const wallgrid::PanelPurpose& purpose);
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+
+private:
+    QWidget* makeLists();
+    QWidget* makeOutput();
+    QWidget* makeInspector();
+    void makeStatusBar();
+    void makeFileMenu();
+    void makeViewMenu();
+    void makeHelpMenu();
+    void fillRecentMenu();
+    void refreshStatus();
+    void about();
+
+    GXAppDelegate& m_delegate;
+    QtRecentDocuments& m_recentDocuments;
+    OutputWindow& m_outputWindow;
+    Deferred m_status;
+
+    ItemTable* m_table = nullptr;
+    ItemTable* m_ptable = nullptr;
+    ImageViewWidget* m_miniPvw = nullptr;
+    Inspector* m_inspector = nullptr;
+    QMenu* m_recentMenu = nullptr;
+    QLabel* m_outputSize = nullptr;
+    QLabel* m_itemCount = nullptr;
+};
+
+} // namespace wallgrid

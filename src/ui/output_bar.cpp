@@ -1,0 +1,70 @@
+// SPDX-License-Identifier: MIT
+#include "ui/output_bar.h"
+
+#include "app/gx_app_delegate.h"
+#include "ui/color_button.h"
+#include "ui/heading.h"
+
+#include <QHBoxLayout>
+#include <QLabel>
+
+namespace wallgrid {
+
+namespace {
+
+struct OutputColor {
+    QString caption;
+    QString title;
+    QString noneToolTip;
+    ColorRef (GXAppDelegate::*get)() const;
+    void (GXAppDelegate::*set)(ColorRef);
+};
+
+void addColor(QHBoxLayout& layout, GXAppDelegate& delegate, const OutputColor& property)
+{
+    auto* button = new ColorButton(property.title);
+    button->setColor((delegate.*property.get)());
+    button->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+    auto* caption = new QLabel(property.caption);
+    caption->setBuddy(button);
+    auto* none = new QToolButton;
+    none->setText(OutputBar::tr("None"));
+    none->setToolTip(property.noneToolTip);
+    none->setAccessibleName(property.noneToolTip);
+    none->setFocusPolicy(Qt::StrongFocus);
+    none->setEnabled(button->color() != nullptr);
+
+    const auto apply = [&delegate, none, set = property.set](const ColorRef& color) {
+        (delegate.*set)(color);
+        none->setEnabled(color != nullptr);
+        delegate.update();
+    };
+    QObject::connect(button, &ColorButton::colorChosen, button, apply);
+    QObject::connect(none, &QToolButton::clicked, button, [button, apply] {
+        button->setColor(nullptr);
+        apply(nullptr);
+    });
+    layout.addWidget(caption);
+    layout.addWidget(button);
+    layout.addWidget(none);
+}
+
+} // namespace
+
+OutputBar::OutputBar(GXAppDelegate& delegate, QWidget* parent)
+    : QWidget(parent)
+{
+    auto* layout = new QHBoxLayout(this);
+    layout->setContentsMargins(8, 4, 8, 4);
+    layout->addWidget(makeHeading(tr("Output")));
+    layout->addStretch();
+    addColor(*layout, delegate,
+             {tr("&Background"), tr("Background colour"), tr("No background colour: the output is opaque black"),
+              &GXAppDelegate::bgColor, &GXAppDelegate::setBgColor});
+    layout->addSpacing(12);
+    addColor(*layout, delegate,
+             {tr("Ed&ge"), tr("Edge colour"), tr("No edge colour: the edge is like the background"),
+              &GXAppDelegate::edgeColor, &GXAppDelegate::setEdgeColor});
+}
+
+} // namespace wallgrid

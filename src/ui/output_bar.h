@@ -1,0 +1,19 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QWidget>
+
+namespace wallgrid {
+
+class GXAppDelegate;
+
+/// The two colours of the output, which belong to no item. Each may be none, as at launch.
+class OutputBar final : public QWidget {
+    Q_OBJECT
+
+public:
+    /// The delegate must outlive the bar.
+    explicit OutputBar(GXAppDelegate& delegate, QWidget* parent = nullptr);
+};
+
+} // namespace wallgrid

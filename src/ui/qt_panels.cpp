@@ -1,0 +1,104 @@
+// SPDX-License-Identifier: MIT
+#include "ui/qt_panels.h"
+
+#include "ui/shown_text.h"
+
+#include <QApplication>
+#include <QFile>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QMessageBox>
+#include <QPushButton>
+#include <utility>
+
+namespace wallgrid {
+
+namespace {
+
+UrlRef toUrl(const QString& path)
+{
+    const QByteArray bytes = QFile::encodeName(path);
+    return std::make_shared<const Url>(Url::fromFilePath({bytes.constData(), static_cast<std::size_t>(bytes.size())}));
+}
+
+/// The file that will be written for a chosen one.
+QString writtenPath(const QString& chosen, const QString& extension)
+{
+    return extension.isEmpty() || QFileInfo(chosen).suffix() == extension ? chosen : chosen + u'.' + extension;
+}
+
+} // namespace
+
+void QtPanels::setUp(QFileDialog& dialog, const PanelPurpose& purpose) const
+{
+    const QString allFiles = tr("All files (*)");
+    dialog.setWindowTitle(purpose.title);
+    dialog.setNameFilters(purpose.nameFilter.isEmpty() ? QStringList{allFiles}
+                                                       : QStringList{purpose.nameFilter, allFiles});
+    if (!m_folder.isEmpty())
+        dialog.setDirectory(m_folder);
+}
+
+QString QtPanels::run(QFileDialog& dialog)
+{
+    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
+        return {};
+    const QFileInfo chosen(dialog.selectedFiles().constFirst());
+    m_folder = chosen.absolutePath();
+    return chosen.absoluteFilePath();
+}
+
+bool QtPanels::mayReplace(const QString& path, const PanelPurpose& purpose)
+{
+    QMessageBox question(
+        QMessageBox::Question, purpose.title,
+        tr("“%1” exists already. Do you want to replace it?").arg(shownText(QFileInfo(path).fileName())),
+        QMessageBox::Yes | QMessageBox::No, QApplication::activeWindow());
+    question.setTextFormat(Qt::PlainText);
+    question.setDefaultButton(QMessageBox::No);
+    return question.exec() == QMessageBox::Yes;
+}
+
+UrlRef QtPanels::runSavePanel()
+{
+    const PanelPurpose purpose = std::exchange(m_purpose, {});
+    QFileDialog dialog(QApplication::activeWindow());
+    setUp(dialog, purpose);
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setFileMode(QFileDialog::AnyFile);
+    // The panel does not know the name that the file will have.
+    dialog.setOption(QFileDialog::DontConfirmOverwrite);
+    for (;;) {
+        const QString chosen = run(dialog);
+        if (chosen.isEmpty())
+            return nullptr;
+        const QString written = writtenPath(chosen, purpose.extension);
+        if (!QFileInfo::exists(written) || mayReplace(written, purpose))
+            return toUrl(chosen);
+    }
+}
+
+UrlRef QtPanels::runOpenPanel()
+{
+    const PanelPurpose purpose = std::exchange(m_purpose, {});
+    QFileDialog dialog(QApplication::activeWindow());
+    setUp(dialog, purpose);
+    dialog.setFileMode(QFileDialog::ExistingFile);
+    const QString chosen = run(dialog);
+    return chosen.isEmpty() ? nullptr : toUrl(chosen);
+}
+
+void QtPanels::runAlert(std::string_view message, std::string_view informativeText)
+{
+    const auto text = [](std::string_view utf8) {
+        return QString::fromUtf8(utf8.data(), static_cast<qsizetype>(utf8.size()));
+    };
+    QMessageBox alert(QMessageBox::Warning, QApplication::applicationDisplayName(), text(message), QMessageBox::Ok,
+                      QApplication::activeWindow());
+    alert.button(QMessageBox::Ok)->setText(tr("OK"));
+    alert.setTextFormat(Qt::PlainText);
+    alert.setInformativeText(text(informativeText));
+    alert.exec();
+}
+
+} // namespace wallgrid

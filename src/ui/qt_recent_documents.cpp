@@ -1,0 +1,52 @@
+// SPDX-License-Identifier: MIT
+#include "ui/qt_recent_documents.h"
+
+#include <QDir>
+
+namespace wallgrid {
+
+namespace {
+
+constexpr auto kLocationsKey = "locations";
+
+} // namespace
+
+QtRecentDocuments::QtRecentDocuments(const QString& settingsFile)
+    : m_settings(settingsFile, QSettings::IniFormat)
+{
+}
+
+QString QtRecentDocuments::standardSettingsFile()
+{
+    QString folder = qEnvironmentVariable("XDG_STATE_HOME");
+    if (!QDir::isAbsolutePath(folder))
+        folder = QDir::homePath() + "/.local/state";
+    return folder + "/wallgrid/recent.ini";
+}
+
+void QtRecentDocuments::noteNewRecentDocument(const UrlRef& location)
+{
+    QStringList list = locations();
+    const QString text = QString::fromStdString(location->absoluteString());
+    list.removeAll(text);
+    list.prepend(text);
+    store(list);
+}
+
+QStringList QtRecentDocuments::locations() const
+{
+    return m_settings.value(kLocationsKey).toStringList().mid(0, kMaximumCount);
+}
+
+void QtRecentDocuments::clear()
+{
+    store({});
+}
+
+void QtRecentDocuments::store(const QStringList& locations)
+{
+    m_settings.setValue(kLocationsKey, QStringList(locations.mid(0, kMaximumCount)));
+    emit changed();
+}
+
+} // namespace wallgrid

@@ -1,0 +1,37 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/desktop.h"
+
+#include <QObject>
+#include <QSettings>
+#include <QStringList>
+
+namespace wallgrid {
+
+/// The list of projects that were opened or saved last, kept in a settings file of its own between sessions.
+class QtRecentDocuments final : public QObject, public RecentDocuments {
+    Q_OBJECT
+
+public:
+    static constexpr int kMaximumCount = 10;
+
+    explicit QtRecentDocuments(const QString& settingsFile);
+    /// $XDG_STATE_HOME/wallgrid/recent.ini, or under ~/.local/state without that variable.
+    static QString standardSettingsFile();
+
+    void noteNewRecentDocument(const UrlRef& location) override;
+    /// URL strings, newest first.
+    QStringList locations() const;
+    void clear();
+
+signals:
+    void changed();
+
+private:
+    void store(const QStringList& locations);
+
+    QSettings m_settings;
+};
+
+} // namespace wallgrid

@@ -1,0 +1,36 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/bitmap.h"
+#include "platform/geometry.h"
+
+#include <QImage>
+#include <QSize>
+
+class QPainter;
+class QRect;
+
+namespace wallgrid {
+
+/// What becomes of the alpha of a target pixel that stands for several pixels of the bitmap.
+enum class Coverage {
+    Mean,      ///< as seen from afar
+    Strongest, ///< a thin line on nothing stays a line, however small the picture: for icons
+};
+
+/// The bitmap at a size in pixels, made from a bounded number of samples for each target pixel: its cost is the
+/// target's, not the bitmap's, and nothing of the bitmap is converted or copied.
+///
+/// There are 4 × 4 samples, or 8 × 8 where a target pixel stands for more than 16 pixels of the bitmap in a direction.
+/// They are spread so that each lies in a column and in a row of its own: up to a reduction by 64 every column and
+/// every row behind a target pixel counts, so a line one pixel wide never falls between the samples.
+QImage scaledPicture(const Bitmap& bitmap, QSize target, Coverage coverage = Coverage::Mean);
+
+/// A size scaled down in proportion where it does not fit into the room, never scaled up, at least one by one. Empty
+/// when either is.
+QSize fittedSize(Size size, QSize room);
+
+/// What lies behind transparent parts of a picture.
+void paintCheckerboard(QPainter& painter, const QRect& area, int squareSize);
+
+} // namespace wallgrid
