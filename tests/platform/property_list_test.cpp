@@ -1,0 +1,153 @@
+// SPDX-License-Identifier: MIT
+#include "platform/property_list.h"
+
+#include "platform/dictionary_lookup.h"
+#include "platform/property_list_writer.h"
+#include "platform/raw_archive.h"
+
+#include <gtest/gtest.h>
+#include <limits>
+#include <random>
+
+using namespace wallgrid;
+using namespace wallgrid::test;
+using Kind = PlistObject::Kind;
+
+namespace {
+
+/// A list whose top object has these bytes.
+std::shared_ptr<const PropertyList> opened(std::string_view hex)
+{
+    RawPlist list(1, 1);
+    return PropertyList::open(list.file(list.raw(fromHex(hex)))).value();
+}
+
+} // namespace
+
+TEST(PropertyList, ReadsScalarsOfEveryWidth)
+{
+    const std::pair<const char*, std::pair<std::int64_t, bool>> integers[] = {
+        {"10 FF", {255, true}},
+        {"11 012C", {300, true}},
+        {"12 FFFFFFFF", {4294967295, true}},
+        {"13 FFFFFFFF FFFFFFFF", {-1, true}},
+        {"14 FFFFFFFFFFFFFFFF FFFFFFFFFFFFFFFF", {-1, true}},
+        {"14 0000000000000000 7FFFFFFFFFFFFFFF", {std::numeric_limits<std::int64_t>::max(), true}},
+        {"14 0000000000000000 8000000000000000", {std::numeric_limits<std::int64_t>::min(), false}},
+        {"14 FFFFFFFFFFFFFFFF 7FFFFFFFFFFFFFFF", {std::numeric_limits<std::int64_t>::max(), false}},
+    };
+    for (const auto& [hex, value] : integers) {
+        const auto list = opened(hex);
+        ASSERT_EQ(list->top().kind(), Kind::Integer);
+        EXPECT_EQ(list->top().integer().value, value.first) << hex;
+        EXPECT_EQ(list->top().integer().isExact, value.second) << hex;
+    }
+    const std::pair<const char*, std::uint64_t> uids[] = {
+        {"80 FF", 255},
+        {"82 010000", 65536},
+        {"87 FFFFFFFFFFFFFFFE", std::numeric_limits<std::uint64_t>::max() - 1},
+        {"8F 0000000000000000 0000000000000007", 7},
+        {"88 01 0000000000000007", std::numeric_limits<std::uint64_t>::max()},
+    };
+    for (const auto& [hex, value] : uids)
+        EXPECT_EQ(opened(hex)->top().uid(), value) << hex;
+
+    EXPECT_EQ(opened("22 3FC00000")->top().real(), 1.5);
+    EXPECT_EQ(opened("23 C000000000000000")->top().real(), -2);
+    EXPECT_EQ(opened("33 41C0000000000000")->top().kind(), Kind::Date);
+    EXPECT_EQ(opened("00")->top().kind(), Kind::Null);
+    EXPECT_TRUE(opened("09")->top().boolean());
+    EXPECT_FALSE(opened("08")->top().boolean());
+    EXPECT_EQ(opened("53 410042")->top().text(), std::u16string({u'A', 0, u'B'}));
+    EXPECT_EQ(opened("63 0041 D800 00E4")->top().text(), std::u16string({u'A', 0xD800, 0xE4}));
+    EXPECT_EQ(opened("5F 11 0001 41")->top().text(), u"A");
+    EXPECT_EQ(opened("4F 13 0000000000000002 0102")->top().data()[1], 2);
+}
+
+TEST(PropertyList, ReadsRealArchives)
+{
+    // Index sets as macOS 10.14 archived them: one range, and four ranges in 17 bytes of data.
+    const auto one = PropertyList::open(fromBase64("YnBsaXN0MDDUAQIDBAUGGBlYJHZlcnNpb25YJG9iamVjdHNZJGFyY2hpdmVyVCR0b3A"
+                                                   "SAAGGoKMHCBFVJG51bGzUCQoLDA0ODxBaTlNMb2NhdGlv"
+                                                   "blYkY2xhc3NcTlNSYW5nZUNvdW50WE5TTGVuZ3RoEACAAhABEDLSEhMUFVokY2xhc3N"
+                                                   "uYW1lWCRjbGFzc2VzWk5TSW5kZXhTZXSiFhdaTlNJbmRl"
+                                                   "eFNldFhOU09iamVjdF8QD05TS2V5ZWRBcmNoaXZlctEaG1Ryb290gAEIERojLTI3O0F"
+                                                   "KVVxpcnR2eHp/ipOeoay1x8rPAAAAAAAAAQEAAAAAAAAA"
+                                                   "HAAAAAAAAAAAAAAAAAAAANE="));
+    ASSERT_TRUE(one) << one.error().message;
+    DictionaryLookup lookup;
+    const auto record = lookup.value((*one)->top(), "$objects")->element(1);
+    EXPECT_EQ(lookup.value(record, "NSLength")->integer().value, 50);
+    EXPECT_EQ(lookup.value(record, "NSLocation")->integer().value, 0);
+    EXPECT_FALSE(lookup.value(record, "NSRangeData"));
+
+    const auto four = PropertyList::open(fromBase64("YnBsaXN0MDDUAQIDBAUGHh9YJHZlcnNpb25YJG9iamVjdHNZJGFyY2hpdmVyVCR0b3"
+                                                    "ASAAGGoKUHCA8TGlUkbnVsbNMJCgsMDQ5cTlNSYW5nZUNv"
+                                                    "dW50ViRjbGFzc1tOU1JhbmdlRGF0YRAEgASAAtIQChESV05TLmRhdGFPEBEAMmQy6A"
+                                                    "cyzf////////9/MoAD0hQVFhdaJGNsYXNzbmFtZVgkY2xh"
+                                                    "c3Nlc11OU011dGFibGVEYXRhoxYYGVZOU0RhdGFYTlNPYmplY3TSFBUbHFpOU0luZG"
+                                                    "V4U2V0oh0ZWk5TSW5kZXhTZXRfEA9OU0tleWVkQXJjaGl2"
+                                                    "ZXLRICFUcm9vdIABAAgAEQAaACMALQAyADcAPQBDAEoAVwBeAGoAbABuAHAAdQB9AJ"
+                                                    "EAkwCYAKMArAC6AL4AxQDOANMA3gDhAOwA/gEBAQYAAAAA"
+                                                    "AAACAQAAAAAAAAAiAAAAAAAAAAAAAAAAAAABCA=="));
+    ASSERT_TRUE(four) << four.error().message;
+    const auto data = lookup.value(lookup.value((*four)->top(), "$objects")->element(2), "NS.data")->data();
+    const std::string bytes(data.begin(), data.end());
+    EXPECT_EQ(bytes, fromHex("00 32 64 32 E8 07 32 CD FF FF FF FF FF FF FF 7F 32"));
+}
+
+TEST(DictionaryLookup, FindsTheFirstOfEqualKeysInSmallAndLargeDictionaries)
+{
+    for (const unsigned size : {1U, 48U, 49U, 1000U}) {
+        RawPlist list;
+        std::vector<std::pair<RawPlist::Ref, RawPlist::Ref>> pairs = {{list.integer(7), list.integer(-1)}};
+        for (unsigned round = 0; round < 2; ++round) {
+            for (unsigned i = 0; i < size; ++i) {
+                const std::string key = "key" + std::to_string(i * 7919 % size);
+                const auto wide = std::u16string(key.begin(), key.end());
+                pairs.emplace_back(i % 2 == round ? list.ascii(key) : list.utf16(wide), list.integer(round * size + i));
+            }
+        }
+        pairs.emplace_back(list.ascii(std::string(100, 'k')), list.integer(-2));
+        const auto opened = PropertyList::open(list.file(list.dictionary(pairs))).value();
+        DictionaryLookup lookup;
+        for (unsigned i = 0; i < size; ++i) {
+            const auto value = lookup.value(opened->top(), "key" + std::to_string(i * 7919 % size));
+            ASSERT_TRUE(value) << size << ' ' << i;
+            EXPECT_EQ(value->integer().value, i);
+        }
+        for (const char* absent : {"", "key", "key1000", "zzz", "7"})
+            EXPECT_FALSE(lookup.value(opened->top(), absent)) << absent;
+    }
+}
+
+TEST(PropertyListWriter, WritesEachCountAndWidthAtItsEdge)
+{
+    for (const std::size_t size : {0U, 14U, 15U, 254U, 255U, 256U, 65535U, 65536U}) {
+        PropertyListWriter writer;
+        std::vector<PropertyListWriter::Ref> elements;
+        for (std::size_t i = 0; i < size; ++i)
+            elements.push_back(writer.integer(static_cast<std::int64_t>(i)));
+        std::u16string wide(size, u'\u00e4');
+        const auto top =
+            writer.array({writer.array(elements), writer.string(std::string(size, 'x')), writer.string(wide),
+                          writer.data(std::string(size, 'd')), writer.set(elements),
+                          writer.dictionary(elements, elements), writer.uid(static_cast<std::uint32_t>(size))});
+        const auto list = PropertyList::open(writer.write(top));
+        ASSERT_TRUE(list) << size << list.error().message;
+        const PlistObject read = (*list)->top();
+        for (std::uint32_t i = 0; i < 6; ++i)
+            EXPECT_EQ(read.element(i).size(), size) << i;
+        for (std::uint32_t i = 0; i < size; ++i) {
+            ASSERT_EQ(read.element(0).element(i).integer().value, i);
+            ASSERT_EQ(read.element(5).value(i).index(), read.element(0).element(i).index());
+        }
+        EXPECT_EQ(read.element(2).text(), wide);
+        EXPECT_EQ(read.element(6).uid(), size);
+    }
+    PropertyListWriter writer;
+    EXPECT_EQ(writer.integer(-1), writer.integer(-1));
+    EXPECT_NE(writer.integer(1), writer.uid(1));
+    EXPECT_EQ(writer.write(writer.integer(-1)).size(), 8 + 9 + 1 + 32U);
+    EXPECT_EQ(writer.write(writer.integer(0xFFFFFFFF)).size(), 8 + 5 + 1 + 32U);
+}
