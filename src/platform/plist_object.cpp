@@ -10,8 +10,8 @@ namespace wallgrid {
 PlistObject::PlistObject(const PropertyList& list, std::uint32_t index)
     : m_list(&list)
     , m_index(index)
-    , m_header(*list.readHeader(list.position(index))) // cannot fail: open() has read each header
 {
+    list.readHeader(list.position(index), m_header); // cannot fail: open() has read each header
 }
 
 std::uint64_t PlistObject::number() const
@@ -73,6 +73,9 @@ bool PlistObject::isText(std::string_view ascii) const
 {
     if (!isString() || size() != ascii.size())
         return false;
+    if (kind() == Kind::AsciiString)
+        return std::equal(ascii.begin(), ascii.end(), data().begin(),
+                          [](char a, std::uint8_t b) { return static_cast<unsigned char>(a) == b; });
     for (std::uint32_t i = 0; i < size(); ++i) {
         if (unit(i) != static_cast<unsigned char>(ascii[i]))
             return false;

@@ -71,24 +71,24 @@ Expected<void> PropertyList::checkObjects() const
         const std::uint64_t start = position(i);
         if (start < kMagic.size() || start >= m_offsetTable)
             return failure("an object lies outside the object area");
-        const auto header = readHeader(start);
-        if (!header)
-            return tl::unexpected(header.error());
+        Header header;
+        if (const char* fault = readHeader(start, header))
+            return failure(fault);
 
-        const std::uint64_t length = header->contents - start + std::uint64_t{header->size} * unitWidth(*header);
+        const std::uint64_t length = header.contents - start + std::uint64_t{header.size} * unitWidth(header);
         const auto first = isTaken.begin() + static_cast<std::ptrdiff_t>(start);
         const auto last = first + static_cast<std::ptrdiff_t>(length);
         if (std::find(first, last, 1) != last)
             return failure("two objects overlap");
         std::fill(first, last, std::uint8_t{1});
 
-        if (header->kind == Kind::AsciiString) {
-            const auto text = m_bytes.begin() + header->contents;
-            if (std::any_of(text, text + header->size, [](std::uint8_t byte) { return byte > 0x7F; }))
+        if (header.kind == Kind::AsciiString) {
+            const auto text = m_bytes.begin() + header.contents;
+            if (std::any_of(text, text + header.size, [](std::uint8_t byte) { return byte > 0x7F; }))
                 return failure("an ASCII string holds other characters");
         } else if (object(i).isContainer()) {
             const std::uint64_t end = start + length;
-            for (std::uint64_t at = header->contents; at < end; at += m_referenceWidth) {
+            for (std::uint64_t at = header.contents; at < end; at += m_referenceWidth) {
                 if (bigEndian(at, m_referenceWidth) >= m_count)
                     return failure("a reference leads to no object");
             }
@@ -97,7 +97,7 @@ Expected<void> PropertyList::checkObjects() const
     return {};
 }
 
-Expected<PropertyList::Header> PropertyList::readHeader(std::uint64_t position) const
+const char* PropertyList::readHeader(std::uint64_t position, Header& header) const
 {
     const unsigned high = m_bytes[position] >> 4;
     const unsigned low = m_bytes[position] & 15U;
@@ -158,22 +158,22 @@ Expected<PropertyList::Header> PropertyList::readHeader(std::uint64_t position) 
         isKnown = false;
     }
     if (!isKnown)
-        return failure("an object is of no known kind");
+        return "an object is of no known kind";
 
     std::uint64_t contents = position + 1;
     if (isCounted && low == 15) { // an integer object with the count follows
         const unsigned marker = contents < m_offsetTable ? m_bytes[contents] : 0;
         const unsigned width = 1U << (marker & 3U);
         if (marker < 0x10 || marker > 0x13 || width > m_offsetTable - contents - 1)
-            return failure("the count of an object is damaged");
+            return "the count of an object is damaged";
         size = bigEndian(contents + 1, width);
         contents += 1 + width;
     }
-    Header header{kind, static_cast<std::uint32_t>(contents), 0};
+    header = {kind, static_cast<std::uint32_t>(contents), 0};
     if (size > (m_offsetTable - contents) / unitWidth(header))
-        return failure("an object reaches beyond the object area");
+        return "an object reaches beyond the object area";
     header.size = static_cast<std::uint32_t>(size);
-    return header;
+    return nullptr;
 }
 
 unsigned PropertyList::unitWidth(Header header) const
@@ -189,19 +189,6 @@ unsigned PropertyList::unitWidth(Header header) const
     default:
         return 1;
     }
-}
-
-std::uint64_t PropertyList::position(std::uint32_t index) const
-{
-    return bigEndian(m_offsetTable + std::uint64_t{index} * m_offsetWidth, m_offsetWidth);
-}
-
-std::uint64_t PropertyList::bigEndian(std::uint64_t position, unsigned width) const
-{
-    std::uint64_t number = 0;
-    for (unsigned i = 0; i < width; ++i)
-        number = number << 8 | m_bytes[position + i];
-    return number;
 }
 
 } // namespace wallgrid

@@ -3,7 +3,9 @@
 
 #include "platform/error.h"
 
+#include <bit>
 #include <cstdint>
+#include <cstring>
 #include <memory>
 #include <span>
 #include <string>
@@ -67,9 +69,9 @@ private:
     friend class PropertyList;
 
     struct Header {
-        Kind kind;
-        std::uint32_t contents; ///< Position of the first byte after marker and count.
-        std::uint32_t size;
+        Kind kind = Kind::Null;
+        std::uint32_t contents = 0; ///< Position of the first byte after marker and count.
+        std::uint32_t size = 0;
     };
 
     PlistObject(const PropertyList& list, std::uint32_t index);
@@ -106,11 +108,24 @@ private:
     explicit PropertyList(std::vector<std::uint8_t> bytes);
     Expected<void> readTrailer();
     Expected<void> checkObjects() const;
-    Expected<Header> readHeader(std::uint64_t position) const;
+    /// What is wrong with the object at a position; nullptr and its header when nothing is.
+    const char* readHeader(std::uint64_t position, Header& header) const;
     /// Bytes that one of size() takes in the file.
     unsigned unitWidth(Header header) const;
-    std::uint64_t position(std::uint32_t index) const;
-    std::uint64_t bigEndian(std::uint64_t position, unsigned width) const;
+    std::uint64_t position(std::uint32_t index) const
+    {
+        return bigEndian(m_offsetTable + std::uint64_t{index} * m_offsetWidth, m_offsetWidth);
+    }
+    /// A number of 1 to 8 bytes. Eight are loaded whatever the width, because nearly all the time of reading goes by in
+    /// here; the trailer sees to it that there are as many.
+    std::uint64_t bigEndian(std::uint64_t position, unsigned width) const
+    {
+        std::uint64_t number = 0;
+        std::memcpy(&number, m_bytes.data() + position, sizeof number);
+        if constexpr (std::endian::native == std::endian::little)
+            number = __builtin_bswap64(number);
+        return number >> (64 - 8 * width);
+    }
 
     std::vector<std::uint8_t> m_bytes;
     std::uint64_t m_offsetTable = 0;

@@ -38,7 +38,7 @@ std::string head(std::uint8_t marker, std::size_t size)
 {
     if (size < 15)
         return std::string(1, static_cast<char>(marker | size));
-    return static_cast<char>(marker | 15) + encodedInteger(size);
+    return std::string(1, static_cast<char>(marker | 15)).append(encodedInteger(size));
 }
 
 } // namespace

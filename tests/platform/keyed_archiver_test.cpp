@@ -117,9 +117,12 @@ TEST(KeyedArchiver, WritesComponentsInTenDigitsWithoutAnAlphaOf1)
     for (const Row& row : rows) {
         const auto archive = KeyedArchiver::archivedDataWithRootObject(std::make_shared<const Color>(row.colour));
         const std::size_t size = row.data.size() + 1;
-        const std::string marker = size < 15 ? std::string(1, static_cast<char>(0x40 + size))
-                                             : std::string("\x4F\x10") + static_cast<char>(size);
-        EXPECT_EQ(timesIn(archive, marker + std::string(row.data) + '\0'), 1U) << row.data;
+        std::string data(size < 15 ? 1 : 2, '\x4F'); // marker and count
+        data.back() = static_cast<char>(size < 15 ? 0x40 + size : 0x10);
+        if (size >= 15)
+            data += static_cast<char>(size);
+        data.append(row.data) += '\0';
+        EXPECT_EQ(timesIn(archive, data), 1U) << row.data;
         const ColorRef read = decoderOf(archived([&](KeyedArchiver& archiver) {
                                   archiver.encodeObject(std::make_shared<const Color>(row.colour), "c");
                               })).decodeColor("c");

@@ -20,7 +20,7 @@ std::string head(unsigned marker, std::size_t size)
 {
     if (size < 15)
         return std::string(1, static_cast<char>(marker | size));
-    return std::string(1, static_cast<char>(marker | 15)) + '\x12' + bigEndian(size, 4);
+    return std::string({static_cast<char>(marker | 15), '\x12'}).append(bigEndian(size, 4));
 }
 
 /// The value under a key, replaced or added.
@@ -92,7 +92,7 @@ RawPlist::Ref RawPlist::data(std::string_view bytes)
 
 RawPlist::Ref RawPlist::integer(std::int64_t value)
 {
-    return raw('\x13' + bigEndian(static_cast<std::uint64_t>(value), 8));
+    return raw(std::string("\x13").append(bigEndian(static_cast<std::uint64_t>(value), 8)));
 }
 
 RawPlist::Ref RawPlist::boolean(bool value)
@@ -102,12 +102,12 @@ RawPlist::Ref RawPlist::boolean(bool value)
 
 RawPlist::Ref RawPlist::real(double value)
 {
-    return raw('\x23' + bigEndian(std::bit_cast<std::uint64_t>(value), 8));
+    return raw(std::string("\x23").append(bigEndian(std::bit_cast<std::uint64_t>(value), 8)));
 }
 
 RawPlist::Ref RawPlist::uid(std::uint64_t value, unsigned width)
 {
-    return raw(static_cast<char>(0x80 | (width - 1)) + bigEndian(value, width));
+    return raw(std::string(1, static_cast<char>(0x80 | (width - 1))).append(bigEndian(value, width)));
 }
 
 RawPlist::Ref RawPlist::array(const std::vector<Ref>& elements)
