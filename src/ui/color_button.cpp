@@ -88,9 +88,10 @@ void ColorButton::paintEvent(QPaintEvent*)
 void ColorButton::choose()
 {
     const QColor before = m_color ? toQColor(m_color) : QColor(Qt::black);
-    QColorDialog dialog(before, this);
+    QColorDialog dialog(this);
     dialog.setWindowTitle(m_title);
     dialog.setOption(QColorDialog::ShowAlphaChannel);
+    dialog.setCurrentColor(before); // after the option: without it, alpha is lost
     if (dialog.exec() != QDialog::Accepted)
         return;
     const QColor chosen = dialog.selectedColor();

@@ -1,0 +1,316 @@
+// SPDX-License-Identifier: MIT
+#include "program_under_test.h"
+#include "ui/color_button.h"
+#include "ui/image_view.h"
+#include "ui/qt_panels.h"
+
+#include <QColorDialog>
+#include <QFileDialog>
+#include <QFileOpenEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMenu>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QStatusBar>
+
+using namespace wallgrid;
+
+namespace {
+
+/// Does something with the modal dialog that the next call opens.
+template <class Dialog, class Answer>
+void whenAsked(Answer answer)
+{
+    QTimer::singleShot(0, qApp, [answer] {
+        auto* dialog = qobject_cast<Dialog*>(QApplication::activeModalWidget());
+        QVERIFY(dialog);
+        answer(*dialog);
+    });
+}
+
+QAction* action(MainWindow& window, const QString& text)
+{
+    for (QAction* candidate : window.findChildren<QAction*>()) {
+        if (candidate->text() == text)
+            return candidate;
+    }
+    return nullptr;
+}
+
+QStringList entries(MainWindow& window)
+{
+    QStringList texts;
+    for (const QAction* entry : action(window, "Open &Recent")->menu()->actions()) {
+        if (!entry->isSeparator())
+            texts.append(entry->text());
+    }
+    return texts;
+}
+
+void acceptFile(QFileDialog& dialog, const QString& name)
+{
+    dialog.findChild<QLineEdit*>("fileNameEdit")->setText(name);
+    static_cast<QDialog&>(dialog).accept();
+}
+
+QString fileName(const UrlRef& url)
+{
+    return url ? QFileInfo(QString::fromStdString(*url->filePath())).fileName() : QString();
+}
+
+} // namespace
+
+class WindowTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void whatTheThrottleSkippedIsCaughtUpWith()
+    {
+        ProgramUnderTest program;
+        program.item().setXpoint(100); // renders
+        QCOMPARE(program.output(100, 0), QString("ffffffff"));
+        program.item().setXpoint(500);  // skipped
+        program.item().setXpoint(1000); // skipped
+        QCOMPARE(program.output(1000, 0), QString("ff000000"));
+        program.runLoop.advance(0.09);
+        QCOMPARE(program.output(1000, 0), QString("ff000000"));
+        program.runLoop.advance(0.02);
+        QCOMPARE(program.output(1000, 0), QString("ffffffff"));
+        QCOMPARE(program.window().miniPvw()->image(), program.delegate().img());
+
+        const BitmapRef caughtUp = program.delegate().offscreenRep();
+        program.runLoop.advance(10);
+        QCOMPARE(program.delegate().offscreenRep(), caughtUp); // and then it is quiet
+        QCOMPARE(program.runLoop.pendingTimers(), std::size_t{0});
+    }
+
+    void timersMayOutliveTheProgram()
+    {
+        ManualRunLoop runLoop;
+        {
+            const QTemporaryDir folder;
+            ScriptedPanels panels;
+            QtRecentDocuments recentDocuments(folder.filePath("recent.ini"));
+            Application application(runLoop, panels, recentDocuments);
+            application.launch();
+            application.delegate().update();
+        }
+        QVERIFY(runLoop.pendingTimers() > 0);
+        runLoop.advance(1);
+    }
+
+    void theColoursOfTheOutput()
+    {
+        ProgramUnderTest program;
+        auto* background = program.find<ColorButton>("Background colour");
+        auto* none = program.find<QToolButton>("No background colour: the output is opaque black");
+        QVERIFY(!program.delegate().bgColor());
+        QVERIFY(!none->isEnabled());
+
+        whenAsked<QColorDialog>([](QColorDialog& dialog) {
+            QVERIFY(dialog.testOption(QColorDialog::ShowAlphaChannel));
+            dialog.setCurrentColor(QColor(255, 128, 0, 51));
+            dialog.accept();
+        });
+        background->click();
+        program.settle();
+        const ColorRef chosen = program.delegate().bgColor();
+        QCOMPARE(chosen->space(), Color::Space::CalibratedRGB);
+        QVERIFY(chosen->rgba() == (Color::RGBA{1, 128 / 255.0, 0, 51 / 255.0}));
+        QCOMPARE(program.output(1000, 1000), QString("33331a00"));
+
+        whenAsked<QColorDialog>([](QColorDialog& dialog) { dialog.accept(); }); // as it was
+        background->click();
+        QCOMPARE(program.delegate().bgColor(), chosen);
+        whenAsked<QColorDialog>([](QColorDialog& dialog) {
+            dialog.setCurrentColor(Qt::blue);
+            dialog.reject();
+        });
+        background->click();
+        QCOMPARE(program.delegate().bgColor(), chosen);
+
+        none->click();
+        program.settle();
+        QVERIFY(!program.delegate().bgColor());
+        QCOMPARE(program.output(1000, 1000), QString("ff000000"));
+
+        whenAsked<QColorDialog>([](QColorDialog& dialog) { dialog.accept(); }); // black, which none is not
+        program.find<ColorButton>("Edge colour")->click();
+        program.settle();
+        QVERIFY(program.delegate().edgeColor());
+    }
+
+    void projectsAndPicturesAreSavedAndOpened()
+    {
+        ProgramUnderTest program;
+        program.panels.answer = program.location("wall & co");
+        action(program.window(), "&Save Project…")->trigger();
+        QVERIFY(QFile::exists(program.path("wall & co.mpr")));
+        QCOMPARE(entries(program.window()), (QStringList{program.path("wall && co.mpr"), "&Clear Menu"}));
+
+        program.item().setLabel(makeString(u"changed"));
+        program.panels.answer = program.location("wall & co.mpr");
+        action(program.window(), "&Open Project…")->trigger();
+        QCOMPARE(textOf(program.item().label()), std::u16string(u"Layer 0"));
+
+        program.item().setLabel(makeString(u"changed"));
+        action(program.window(), program.path("wall && co.mpr"))->trigger();
+        QCOMPARE(textOf(program.item().label()), std::u16string(u"Layer 0"));
+
+        program.panels.answer = program.location("picture");
+        action(program.window(), "&Export PNG…")->trigger();
+        const QImage picture(program.path("picture.png"));
+        QCOMPARE(picture.size(), QSize(1920, 1080));
+        QCOMPARE(picture.pixelColor(10, 10), QColor(Qt::red));
+
+        action(program.window(), "&Clear Menu")->trigger();
+        program.settle();
+        QVERIFY(!action(program.window(), "Open &Recent")->menu()->isEnabled());
+        QCOMPARE(QtRecentDocuments(program.path("recent.ini")).locations(), QStringList());
+    }
+
+    void filesAreHandedOver()
+    {
+        ProgramUnderTest program;
+        program.panels.answer = program.location("a wall%20.mpr");
+        program.delegate().saveProject();
+        const auto change = [&] { program.item().setLabel(makeString(u"changed")); };
+
+        change();
+        program.application.openFile(program.path("a wall%20.mpr").toStdString());
+        QCOMPARE(textOf(program.item().label()), std::u16string(u"Layer 0"));
+
+        change();
+        const QString here = QDir::currentPath();
+        QDir::setCurrent(program.folder.path());
+        program.application.openFile("a wall%20.mpr");
+        QDir::setCurrent(here);
+        QCOMPARE(textOf(program.item().label()), std::u16string(u"Layer 0"));
+
+        change();
+        QFileOpenEvent event(program.path("a wall%20.mpr"));
+        QCoreApplication::sendEvent(qApp, &event);
+        QCOMPARE(textOf(program.item().label()), std::u16string(u"Layer 0"));
+
+        QCOMPARE(program.panels.alerts.size(), std::size_t{0});
+        program.application.openFile("no such file");
+        QCOMPARE(program.panels.alerts, std::vector<std::string>{"No File Found|File Not Found"});
+    }
+
+    void whatFailsIsSaidInTheStatusBar()
+    {
+        ProgramUnderTest program;
+        QFile(program.path("text.mpr")).open(QIODevice::WriteOnly);
+        program.application.openFile(program.path("text.mpr").toStdString());
+        QVERIFY(program.window().statusBar()->currentMessage().contains("text.mpr"));
+    }
+
+    void theStatusBarCounts()
+    {
+        ProgramUnderTest program;
+        const auto says = [&](const QString& text) {
+            for (const QLabel* label : program.window().statusBar()->findChildren<QLabel*>()) {
+                if (label->text() == text)
+                    return true;
+            }
+            return false;
+        };
+        QVERIFY(says("1 layer"));
+        QVERIFY(says("Output 1920 × 1080 px"));
+        program.delegate().loadProject({192, 8704, {makeScreen(u"a"), makeScreen(u"b")}});
+        program.settle();
+        QVERIFY(says("2 layers"));
+        QVERIFY(says("Output 8704 × 192 px"));
+    }
+
+    void theOutputWindowComesAndGoes()
+    {
+        ProgramUnderTest program;
+        QAction* shown = action(program.window(), "&Output Window");
+        QVERIFY(!program.application.outputWindow().isVisible());
+        shown->trigger();
+        QVERIFY(program.application.outputWindow().isVisible());
+        program.application.outputWindow().close();
+        QVERIFY(!shown->isChecked());
+        shown->trigger();
+        program.window().close();
+        QVERIFY(!program.application.outputWindow().isVisible());
+    }
+
+    void recentDocumentsAreKeptNewestFirst()
+    {
+        const QTemporaryDir folder;
+        const QString file = folder.filePath("state/recent.ini");
+        {
+            QtRecentDocuments recent(file);
+            for (int i = 0; i < 12; ++i)
+                recent.noteNewRecentDocument(std::make_shared<const Url>(Url::fromFilePath("/" + std::to_string(i))));
+            recent.noteNewRecentDocument(std::make_shared<const Url>(Url::fromFilePath("/5")));
+        }
+        QStringList expected;
+        for (const int i : {5, 11, 10, 9, 8, 7, 6, 4, 3, 2})
+            expected.append("file:///" + QString::number(i));
+        QCOMPARE(QtRecentDocuments(file).locations(), expected);
+    }
+
+    void alertsHaveOneButton()
+    {
+        QtPanels panels;
+        whenAsked<QMessageBox>([](QMessageBox& alert) {
+            QCOMPARE(alert.text(), QString("No <File> Found"));
+            QCOMPARE(alert.informativeText(), QString("File Not Found"));
+            QCOMPARE(alert.textFormat(), Qt::PlainText);
+            QCOMPARE(alert.buttons().size(), 1);
+            QCOMPARE(alert.buttons().constFirst()->text(), QString("OK"));
+            alert.buttons().constFirst()->click();
+        });
+        panels.runAlert("No <File> Found", "File Not Found");
+    }
+
+    void savingAsksBeforeItReplacesTheFileThatIsWritten()
+    {
+        const QTemporaryDir folder;
+        QFile(folder.filePath("wall.mpr")).open(QIODevice::WriteOnly);
+        QFile(folder.filePath("wall.txt")).open(QIODevice::WriteOnly);
+        QtPanels panels;
+        const auto choose = [&](const QString& name) {
+            whenAsked<QFileDialog>([path = folder.filePath(name)](QFileDialog& dialog) { acceptFile(dialog, path); });
+        };
+        const auto save = [&] {
+            panels.prepare({"Save", "Projects (*.mpr)", "mpr"});
+            return fileName(panels.runSavePanel());
+        };
+
+        choose("wall.txt"); // will be wall.txt.mpr
+        QCOMPARE(save(), QString("wall.txt"));
+
+        int questions = 0;
+        whenAsked<QFileDialog>([&](QFileDialog& dialog) {
+            whenAsked<QMessageBox>([&](QMessageBox& question) {
+                QVERIFY(question.text().contains("wall.mpr"));
+                ++questions;
+                question.button(QMessageBox::No)->click();
+                whenAsked<QFileDialog>([](QFileDialog& again) { again.reject(); });
+            });
+            acceptFile(dialog, folder.filePath("wall"));
+        });
+        QCOMPARE(save(), QString());
+        QCOMPARE(questions, 1);
+
+        whenAsked<QFileDialog>([&](QFileDialog& dialog) {
+            QCOMPARE(dialog.directory().canonicalPath(), QFileInfo(folder.path()).canonicalFilePath());
+            whenAsked<QMessageBox>([&](QMessageBox& question) { question.button(QMessageBox::Yes)->click(); });
+            acceptFile(dialog, "wall.mpr");
+        });
+        QCOMPARE(save(), QString("wall.mpr"));
+
+        choose("wall.txt");
+        QCOMPARE(fileName(panels.runOpenPanel()), QString("wall.txt"));
+        whenAsked<QFileDialog>([](QFileDialog& dialog) { dialog.reject(); });
+        QVERIFY(!panels.runOpenPanel());
+    }
+};
+
+QTEST_MAIN(WindowTest)
+#include "window_test.moc"
