@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
-// Reading and writing project files of 1,000 to 100,000 screens, all values of each. "sums" is the time as a multiple of
-// the yardstick, adding up the bytes of the same file; "ns/screen" stays level where time grows with the file alone.
+// Reading and writing project files of 1,000 to 100,000 screens, all values of each. "sums" is the time as a multiple
+// of the yardstick, adding up the bytes of the same file; "ns/screen" stays level where time grows with the file alone.
 #include "platform/keyed_archiver.h"
 #include "platform/keyed_decoder.h"
 
