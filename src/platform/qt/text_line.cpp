@@ -18,7 +18,8 @@ constexpr int kReferenceSize = 1000;
 QFont makeSystemFont()
 {
     QFont font = QFontDatabase::systemFont(QFontDatabase::GeneralFont);
-    if (QFontDatabase::families().isEmpty()) {
+    // Families are listed even where no font stands behind them; a digit that can be drawn tells.
+    if (!QFontMetricsF(font).inFont(u'0')) {
         const int id = QFontDatabase::addApplicationFont(":/fonts/DejaVuSans.ttf");
         font.setFamilies(QFontDatabase::applicationFontFamilies(id));
     }
