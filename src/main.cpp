@@ -5,6 +5,7 @@
 
 #include <QApplication>
 #include <QGuiApplication>
+#include <csignal>
 #include <cstdlib>
 #include <iostream>
 #include <variant>
@@ -71,6 +72,8 @@ struct Run {
 
 int main(int argc, char** argv)
 {
+    // A write past the file size limit then fails like one on a full disk, and leaves nothing behind.
+    std::signal(SIGXFSZ, SIG_IGN);
     const Request request = parseCommandLine(argc, argv, std::cout, std::cerr);
     int qtArgc = 1;
     return std::visit(Run{qtArgc, argv}, request);

@@ -5,6 +5,7 @@ import json
 import os
 import pathlib
 import random
+import resource
 import subprocess
 import tempfile
 import unittest
@@ -28,10 +29,10 @@ class CommandLine(unittest.TestCase):
         self.addCleanup(folder.cleanup)
         self.folder = pathlib.Path(folder.name)
 
-    def run_program(self, *words, **variables):
+    def run_program(self, *words, prepare=None, **variables):
         environment = {k: v for k, v in os.environ.items() if k not in ("DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM")}
         return subprocess.run([WALLGRID, *map(str, words)], capture_output=True, cwd=self.folder,
-                              env=environment | variables, timeout=120)
+                              env=environment | variables, preexec_fn=prepare, timeout=120)
 
     def assertFails(self, code, words, error):
         result = self.run_program(*words)
@@ -178,6 +179,11 @@ Missing image files:
         target.write_bytes(b"precious")
         (self.folder / "bad.mpr").write_bytes(project(8, 8, [])[:-9])
         self.assertEqual(self.run_program("export", "bad.mpr", "--png", target).returncode, 1)
+        self.assertEqual(target.read_bytes(), b"precious")
+        # A device that is full after 1000 bytes of a picture of twelve thousand.
+        limited = self.run_program("export", "--png", target,
+                                   prepare=lambda: resource.setrlimit(resource.RLIMIT_FSIZE, (1000, 1000)))
+        self.assertEqual((limited.returncode, limited.stderr.decode()), (1, f"wallgrid: {target}: File too large\n"))
         self.assertEqual(target.read_bytes(), b"precious")
         self.assertEqual(sorted(os.listdir(self.folder)), ["bad.mpr", "kept.png"])
 
