@@ -22,7 +22,4 @@ void blendColor(Pixel* destination, Pixel color, std::size_t count);
 /// One colour over a run, each pixel of it as far as its coverage says (255 is all).
 void blendCoverage(Pixel* destination, Pixel color, const std::uint8_t* coverage, std::size_t count);
 
-/// Replaces a run.
-void fillPixels(Pixel* destination, Pixel color, std::size_t count);
-
 } // namespace wallgrid

@@ -2,12 +2,12 @@
 #include "platform/graphics_context.h"
 
 #include "platform/blend.h"
+#include "platform/pixel_runs.h"
 #include "platform/ring.h"
 #include "platform/toolkit.h"
 
 #include <algorithm>
 #include <cmath>
-#include <cstring>
 #include <utility>
 #include <vector>
 
@@ -19,11 +19,8 @@ constexpr double kDefaultFontSize = 13;
 /// Text is rasterised in pieces of at most this many pixels, however large the letters.
 constexpr std::int64_t kTextPieceWidth = 1 << 14;
 constexpr std::int64_t kTextPieceArea = 1 << 20;
-
-void copyPixels(Pixel* destination, const Pixel* source, std::int64_t count)
-{
-    std::memcpy(destination, source, static_cast<std::size_t>(count) * sizeof(Pixel));
-}
+/// Shorter rows than this, in pixels, share too many cache lines for writes past the cache to pay.
+constexpr std::int64_t kLeastStreamedRow = 1024;
 
 } // namespace
 
@@ -97,13 +94,23 @@ void GraphicsContext::tile(std::int64_t blockWidth, std::int64_t blockHeight, st
     };
     const std::int64_t width = tiled(blockWidth, columns, bounds().width);
     const std::int64_t height = tiled(blockHeight, rows, bounds().height);
+    // The lowest band first: its rows in full, and for each the lowest row that looks like it. A panel has few
+    // different rows, so what the rest is copied from stays in the nearest cache.
+    std::vector<const Pixel*> rowsOfBand;
     for (std::int64_t y = 0; y < std::min(blockHeight, height); ++y) {
         Pixel* const row = at(0, y);
         for (std::int64_t done = std::min(blockWidth, width); done < width; done *= 2)
-            copyPixels(row + done, row, std::min(done, width - done));
+            copyPixels(row + done, row, static_cast<std::size_t>(std::min(done, width - done)));
+        const bool same = y > 0 && std::equal(row, row + std::min(blockWidth, width), rowsOfBand.back());
+        rowsOfBand.push_back(same ? rowsOfBand.back() : row);
     }
-    for (std::int64_t y = blockHeight; y < height; ++y)
-        copyPixels(at(0, y), at(0, y - blockHeight), width);
+    const std::size_t bytes = static_cast<std::size_t>(width * height) * sizeof(Pixel);
+    const bool stream = bytes >= kBeyondCache && width >= kLeastStreamedRow;
+    for (std::int64_t y = height - 1; y >= blockHeight; --y)
+        (stream ? streamPixels : copyPixels)(at(0, y), rowsOfBand[static_cast<std::size_t>(y % blockHeight)],
+                                             static_cast<std::size_t>(width));
+    if (stream)
+        finishStreaming();
 }
 
 // Strokes

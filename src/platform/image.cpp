@@ -11,10 +11,10 @@ namespace wallgrid {
 
 namespace {
 
-std::int64_t pixelsCovered(double points)
+/// Points as they are drawn: from 0 to a length that no bitmap reaches and that leaves room for sums.
+double drawn(double points)
 {
-    constexpr double kFarthest = 1LL << 40; // leaves room for sums; no bitmap reaches that far
-    return points > 0 ? static_cast<std::int64_t>(std::ceil(std::min(points, kFarthest))) : 0;
+    return points > 0 ? std::min(points, 0x1p40) : 0;
 }
 
 } // namespace
@@ -32,7 +32,8 @@ BitmapRef Image::firstRepresentation() const
 
 PixelRect Image::extent() const
 {
-    return {0, 0, pixelsCovered(m_size.width), pixelsCovered(m_size.height)};
+    return {0, 0, static_cast<std::int64_t>(std::ceil(drawn(m_size.width))),
+            static_cast<std::int64_t>(std::ceil(drawn(m_size.height)))};
 }
 
 BitmapRef Image::unscaled() const
@@ -48,7 +49,7 @@ BitmapRef Image::scaledPart(const PixelRect& part) const
         return nullptr;
     if (!m_scaled.pixels || m_scaled.source != source || m_scaled.size != m_size || m_scaled.part != part) {
         m_scaled = {}; // first, so that its memory can be used again
-        m_scaled = {m_size, part, source, resample(*source, m_size, part)};
+        m_scaled = {m_size, part, source, resample(*source, {drawn(m_size.width), drawn(m_size.height)}, part)};
     }
     return m_scaled.pixels;
 }

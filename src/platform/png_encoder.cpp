@@ -1,84 +1,135 @@
 // SPDX-License-Identifier: MIT
 #include "platform/png_encoder.h"
 
+#include "platform/zeroed_pages.h"
+
 #include <algorithm>
+#include <cstring>
 #include <libdeflate.h>
 #include <memory>
+#include <new>
 #include <string_view>
 
 namespace wallgrid {
 
 namespace {
 
-void append32(std::vector<std::uint8_t>& out, std::size_t value)
+using Bytes = std::vector<std::uint8_t>;
+
+/// Of libdeflate. On composed rasters levels 2 to 6 take the same time, because what is flat is found at once; from 5
+/// on the files are smaller than those of zlib's default level, which takes more than three times as long. (A streaming
+/// encoder, ISA-L, is ten times faster still and holds no copy of the raster, but its files were 12 to 37 % larger.)
+constexpr int kCompressionLevel = 5;
+
+/// PNG filter type 2: each byte less the byte above it. A map's rows mostly repeat, and so become zeros.
+constexpr std::uint8_t kFilterUp = 2;
+
+/// So many pixels at a time are compared with those above them.
+constexpr std::size_t kPiece = 256;
+
+/// A chunk's length stays below 2³¹; one is enough for all but noise.
+constexpr std::size_t kLargestChunk = std::size_t(1) << 30;
+
+struct Rgba {
+    std::uint8_t r, g, b, a;
+};
+
+struct FreeCompressor {
+    void operator()(libdeflate_compressor* compressor) const { libdeflate_free_compressor(compressor); }
+};
+
+void append32(Bytes& out, std::size_t value)
 {
     for (const int shift : {24, 16, 8, 0})
         out.push_back(static_cast<std::uint8_t>(value >> shift));
 }
 
-/// Appends a chunk of the given type around what `fill` appends.
-template <class Fill>
-void appendChunk(std::vector<std::uint8_t>& out, std::string_view type, Fill fill)
+void appendChunk(Bytes& out, std::string_view type, std::span<const std::uint8_t> data)
 {
+    append32(out, data.size());
     const std::size_t start = out.size();
-    append32(out, 0);
     out.insert(out.end(), type.begin(), type.end());
-    fill();
-    const std::size_t length = out.size() - start - 8;
-    for (int i = 0; i < 4; ++i)
-        out[start + static_cast<std::size_t>(i)] = static_cast<std::uint8_t>(length >> (24 - 8 * i));
-    append32(out, libdeflate_crc32(0, out.data() + start + 4, length + 4));
+    out.insert(out.end(), data.begin(), data.end());
+    append32(out, libdeflate_crc32(0, out.data() + start, out.size() - start)); // of type and data
 }
 
-std::uint8_t straight(std::uint8_t sample, std::uint8_t alpha)
+std::uint8_t straight(unsigned sample, unsigned alpha)
 {
-    return alpha == 0 ? std::uint8_t(0) : static_cast<std::uint8_t>(std::min((sample * 255 + alpha / 2) / alpha, 255));
+    return alpha == 0 ? std::uint8_t(0) : static_cast<std::uint8_t>(std::min((sample * 255 + alpha / 2) / alpha, 255U));
 }
 
-void straightRow(std::span<const Pixel> pixels, std::uint8_t* rgba)
+void straighten(std::span<const Pixel> row, std::span<Rgba> straightened)
 {
-    for (const Pixel& p : pixels) {
-        *rgba++ = straight(p.r, p.a);
-        *rgba++ = straight(p.g, p.a);
-        *rgba++ = straight(p.b, p.a);
-        *rgba++ = p.a;
+    unsigned alphas = 255;
+    for (const Pixel& p : row)
+        alphas &= p.a;
+    if (alphas == 255) {
+        std::ranges::transform(row, straightened.begin(), [](Pixel p) { return Rgba{p.r, p.g, p.b, p.a}; });
+        return;
+    }
+    std::ranges::transform(row, straightened.begin(), [](Pixel p) {
+        return Rgba{straight(p.r, p.a), straight(p.g, p.a), straight(p.b, p.a), p.a};
+    });
+}
+
+/// The scan lines: a filter type byte before each row. Whatever looks like the piece above it is left as the zeros that
+/// `lines` holds anyway.
+void filterRows(const Bitmap& bitmap, std::uint8_t* lines)
+{
+    const auto width = static_cast<std::size_t>(bitmap.width());
+    std::vector<Rgba> above(width), straightened(std::min(width, kPiece));
+    for (int y = 0; y < bitmap.height(); ++y) {
+        *lines++ = kFilterUp;
+        const auto row = bitmap.row(y);
+        for (std::size_t x = 0; x < width; x += kPiece) {
+            const auto piece = row.subspan(x, std::min(kPiece, width - x));
+            if (y > 0 && std::memcmp(piece.data(), bitmap.row(y - 1).data() + x, piece.size_bytes()) == 0)
+                continue;
+            straighten(piece, straightened);
+            const auto* const bytes = reinterpret_cast<const std::uint8_t*>(straightened.data());
+            auto* const bytesAbove = reinterpret_cast<std::uint8_t*>(above.data() + x);
+            std::uint8_t* const filtered = lines + x * sizeof(Rgba);
+            for (std::size_t i = 0; i < piece.size_bytes(); ++i)
+                filtered[i] = static_cast<std::uint8_t>(bytes[i] - bytesAbove[i]);
+            std::copy_n(bytes, piece.size_bytes(), bytesAbove);
+        }
+        lines += bitmap.bytesPerRow();
     }
 }
 
 } // namespace
 
-Expected<std::vector<std::uint8_t>> encodePng(const Bitmap& bitmap)
+Expected<Bytes> encodePng(const Bitmap& bitmap)
 try {
-    const std::size_t rowBytes = bitmap.bytesPerRow();
-    std::vector<std::uint8_t> filtered;
-    filtered.reserve((rowBytes + 1) * static_cast<std::size_t>(bitmap.height()));
-    std::vector<std::uint8_t> above(rowBytes), row(rowBytes);
-    for (int y = 0; y < bitmap.height(); ++y) {
-        straightRow(bitmap.row(y), row.data());
-        filtered.push_back(2); // filter type "Up"
-        for (std::size_t i = 0; i < rowBytes; ++i)
-            filtered.push_back(static_cast<std::uint8_t>(row[i] - above[i]));
-        row.swap(above);
-    }
+    const auto width = static_cast<std::size_t>(bitmap.width());
+    const auto height = static_cast<std::size_t>(bitmap.height());
 
-    std::vector<std::uint8_t> out{0x89, 'P', 'N', 'G', '\r', '\n', 0x1A, '\n'};
-    appendChunk(out, "IHDR", [&] {
-        append32(out, static_cast<std::size_t>(bitmap.width()));
-        append32(out, static_cast<std::size_t>(bitmap.height()));
-        // bit depth 8, colour type 6 (truecolour with alpha), compression 0 (deflate), filter 0, interlace 0 (none)
-        out.insert(out.end(), {8, 6, 0, 0, 0});
-    });
-    const std::unique_ptr<libdeflate_compressor, void (*)(libdeflate_compressor*)> compressor(
-        libdeflate_alloc_compressor(1), libdeflate_free_compressor);
+    const std::size_t size = height * (1 + bitmap.bytesPerRow());
+    ZeroedPages lines(size);
+    filterRows(bitmap, lines.data());
+
+    const std::unique_ptr<libdeflate_compressor, FreeCompressor> compressor(
+        libdeflate_alloc_compressor(kCompressionLevel));
     if (!compressor)
-        return failure("there is not enough memory for the PNG file");
-    appendChunk(out, "IDAT", [&] {
-        const std::size_t start = out.size();
-        out.resize(start + libdeflate_zlib_compress_bound(compressor.get(), filtered.size()));
-        out.resize(start + libdeflate_zlib_compress(compressor.get(), filtered.data(), filtered.size(),
-                                                    out.data() + start, out.size() - start));
-    });
-    appendChunk(out, "IEND", [] {});
+        throw std::bad_alloc();
+    const std::size_t bound = libdeflate_zlib_compress_bound(compressor.get(), size);
+    ZeroedPages compressed(bound);
+    const std::size_t compressedSize =
+        libdeflate_zlib_compress(compressor.get(), lines.data(), size, compressed.data(), bound);
+    lines = {};
+
+    Bytes header;
+    append32(header, width);
+    append32(header, height);
+    // bit depth 8, colour type 6 (truecolour with alpha), compression 0 (deflate), filters 0, interlace 0 (none)
+    header.insert(header.end(), {8, 6, 0, 0, 0});
+
+    Bytes out{0x89, 'P', 'N', 'G', '\r', '\n', 0x1A, '\n'};
+    out.reserve(compressedSize + 64);
+    appendChunk(out, "IHDR", header);
+    for (std::size_t done = 0; done < compressedSize; done += kLargestChunk)
+        appendChunk(out, "IDAT", {compressed.data() + done, std::min(kLargestChunk, compressedSize - done)});
+    appendChunk(out, "IEND", {});
     return out;
 } catch (const std::bad_alloc&) {
     return failure("there is not enough memory for the PNG file");
