@@ -146,6 +146,34 @@ TEST(GraphicsContext, TilesTheBlockAtTheLowerLeft)
     EXPECT_TRUE(samePicture(tiled(0, 2, 3, 3), once));
 }
 
+TEST(GraphicsContext, DrawsBitmapsBeyondTheCacheAlike)
+{
+    // 67 MB, with rows and blocks that start at every alignment.
+    constexpr int kBlockWidth = 27, kBlockHeight = 41, kColumns = 303, kRows = 50;
+    const BitmapRef bitmap = Bitmap::create(kBlockWidth * kColumns + 2, kBlockHeight * kRows + 3);
+    GraphicsContext context(bitmap);
+    context.setColor(green);
+    context.fillRect({0, 0, bitmap->width(), bitmap->height()});
+    for (int y = 0; y < bitmap->height(); ++y)
+        ASSERT_EQ(std::ranges::count(bitmap->row(y), Pixel{255, 0, 255, 0}), bitmap->width()) << y;
+
+    const BitmapRef block = test::randomPicture(kBlockWidth, kBlockHeight, 1);
+    Image image({kBlockWidth, kBlockHeight});
+    image.addRepresentation(block);
+    context.clearRect({0, 0, kBlockWidth, kBlockHeight});
+    context.drawImage(image, {0, 0}, image.extent(), CompositingOperation::SourceOver);
+    context.tile(kBlockWidth, kBlockHeight, kColumns, kRows);
+    for (int y = 0; y < bitmap->height(); ++y) {
+        std::vector<Pixel> expected(static_cast<std::size_t>(bitmap->width()), {255, 0, 255, 0});
+        if (y >= 3) {
+            const auto row = block->row((y - 3) % kBlockHeight);
+            for (int i = 0; i < kColumns; ++i)
+                std::ranges::copy(row, expected.begin() + i * kBlockWidth);
+        }
+        ASSERT_TRUE(std::ranges::equal(bitmap->row(y), expected)) << y;
+    }
+}
+
 TEST(GraphicsContext, DrawsNowhereWithoutABitmap)
 {
     GraphicsContext context(nullptr);

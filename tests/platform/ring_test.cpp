@@ -84,8 +84,8 @@ constexpr long double kTolerance = 0.501L;
 
 TEST(Ring, CoversTheTrueAreaOfEachPixel)
 {
-    for (const std::int64_t diameter : {1, 2, 3, 4, 5, 6, 7, 8, 11, 16, 23, 50, 101, 236, 301}) {
-        for (const std::int64_t lineWidth : {-3, 0, 1, 2, 3, 4, 5, 7, 10, 25, 100, 333}) {
+    for (const std::int64_t diameter : {1, 2, 3, 4, 5, 7, 16, 23, 101, 236}) {
+        for (const std::int64_t lineWidth : {-3, 0, 1, 2, 3, 4, 7, 100}) {
             const std::int64_t margin = std::max<std::int64_t>(lineWidth, 1) / 2 + 2;
             const Circle circle{{margin, margin + 1, diameter, diameter}, lineWidth};
             const auto side = static_cast<int>(diameter + 2 * margin + 2);
@@ -103,19 +103,19 @@ TEST(Ring, CoversTheTrueAreaOfEachPixel)
 
 TEST(Ring, StaysExactOnLargeCirclesThatOverhang)
 {
-    // Windows of 200 × 160 pixels on the ring: its top, its right side, its lower left at 45 degrees, and around it.
-    for (const std::int64_t diameter : {999, 1000, 4096, 29999, 30000, 60000, 59999}) {
-        for (const std::int64_t lineWidth : {1, 4, 9, 250, 30001}) {
+    // Windows of 120 × 80 pixels on the ring: its top, its right side, its lower left at 45 degrees, and around it.
+    for (const std::int64_t diameter : {999, 1000, 30000, 59999}) {
+        for (const std::int64_t lineWidth : {1, 4, 30001}) {
             const std::int64_t diagonal = std::llround(static_cast<double>(diameter) * 0.5 * (1 - std::sqrt(0.5)));
             for (const auto& [x, y] :
-                 std::vector<std::pair<std::int64_t, std::int64_t>>{{100 - diameter / 2, 80 - diameter},
-                                                                    {100 - diameter, 80 - diameter / 2},
-                                                                    {100 - diagonal, 80 - diagonal},
-                                                                    {100 - diameter / 2, 80 - diameter / 2},
+                 std::vector<std::pair<std::int64_t, std::int64_t>>{{60 - diameter / 2, 40 - diameter},
+                                                                    {60 - diameter, 40 - diameter / 2},
+                                                                    {60 - diagonal, 40 - diagonal},
+                                                                    {60 - diameter / 2, 40 - diameter / 2},
                                                                     {300, 0},
-                                                                    {0, -diameter - 100}}) {
+                                                                    {0, -diameter - 60}}) {
                 const Circle circle{{x, y, diameter, diameter}, lineWidth};
-                EXPECT_LE(deviation(circle, stroked(circle, 200, 160)).worst, kTolerance)
+                EXPECT_LE(deviation(circle, stroked(circle, 120, 80)).worst, kTolerance)
                     << diameter << " wide at " << x << ", " << y << ", line " << lineWidth;
             }
         }
