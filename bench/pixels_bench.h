@@ -1,0 +1,14 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "ratios.h"
+
+namespace wallgrid::bench {
+
+// Each registers its benchmarks and adds what they are to show.
+void addComposition(std::vector<Ratio>& ratios);
+void addGrids(std::vector<Ratio>& ratios);
+void addRings(std::vector<Ratio>& ratios);
+void addPng(std::vector<Ratio>& ratios);
+
+} // namespace wallgrid::bench

@@ -1,0 +1,26 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <benchmark/benchmark.h>
+
+#include <string>
+#include <vector>
+
+namespace wallgrid::bench {
+
+/// One claim about speed or size: what our code takes over what a yardstick takes, both measured in the same run. Times
+/// are the shortest of all repetitions.
+struct Ratio {
+    std::string title;
+    std::string ours;      ///< name of a benchmark
+    std::string yardstick; ///< name of another
+    double atMost;
+    std::string counter = {}; ///< compare this counter of the two instead of their times
+};
+
+/// Runs the program's benchmarks, repeated and in mixed order so that what else the machine does hits all alike, and
+/// prints a table of ratio, target and whether it is met. The result is for main() to return: 0 when all targets that
+/// were measured are met.
+int runRatios(int argc, char** argv, const std::vector<Ratio>& ratios);
+
+} // namespace wallgrid::bench
