@@ -15,7 +15,7 @@ function(wallgrid_compile_options target)
   if(WALLGRID_SANITIZE)
     # With sanitizers GCC takes parts of every std::variant for uninitialised.
     target_compile_options(${target} PRIVATE -fsanitize=${WALLGRID_SANITIZE} -fno-sanitize-recover=all
-                           -fno-omit-frame-pointer -Wno-maybe-uninitialized)
+                           -fno-omit-frame-pointer $<$<CXX_COMPILER_ID:GNU>:-Wno-maybe-uninitialized>)
     target_link_options(${target} PRIVATE -fsanitize=${WALLGRID_SANITIZE})
   endif()
 endfunction()

@@ -217,6 +217,13 @@ std::optional<PlistObject> ArchiveReader::classDescription(const PlistObject& en
     return description;
 }
 
+bool ArchiveReader::isRecord(const PlistObject& entry)
+{
+    const auto description = classDescription(entry);
+    const auto name = description ? value(*description, "$classname") : std::nullopt;
+    return name && name->isString();
+}
+
 std::string ArchiveReader::className(const PlistObject& entry)
 {
     const auto description = classDescription(entry);

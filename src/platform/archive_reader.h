@@ -32,6 +32,8 @@ public:
     Expected<UrlRef> url(const PlistObject& record, std::string_view key);
     Expected<ColorRef> color(const PlistObject& record, std::string_view key);
 
+    /// Whether an entry has a class with a name.
+    bool isRecord(const PlistObject& entry);
     /// The name of an entry's class; "" for an entry that is no record, or whose class has no sensible name.
     std::string className(const PlistObject& entry);
     /// The first of an entry's class name and the hints that stand beside it (the classes to take in its place) that

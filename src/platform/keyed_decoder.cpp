@@ -10,7 +10,7 @@ namespace wallgrid {
 KeyedDecoder::KeyedDecoder(ArchivedObject record)
     : m_record(std::move(record))
 {
-    if (m_record.className().empty())
+    if (!m_record.m_reader->isRecord(m_record.m_reader->archive()->entry(m_record.m_uid)))
         m_error = Error{"an object of a class was expected"};
 }
 

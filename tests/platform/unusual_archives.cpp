@@ -44,6 +44,11 @@ const std::vector<Form> kForms = {
          p.set(P::ScreenClass, "$classname", p.ascii("GXRoundScreen"));
          p.set(P::ScreenClass, "$classhints", p.array({p.ascii("GXOvalScreen"), p.ascii("GXScreen")}));
      }},
+    {"class of a name without end, with a hint",
+     [](P& p) {
+         p.set(P::ScreenClass, "$classname", p.ascii(std::string(100000, 'x')));
+         p.set(P::ScreenClass, "$classhints", p.array({p.ascii("GXScreen")}));
+     }},
     {"integers of 1 and 16 bytes",
      [](P& p) {
          p.set(P::Screen, "col", p.raw(fromHex("10 04")));
