@@ -33,10 +33,10 @@ ImageRef imageOf(const BitmapRef& bitmap)
 
 ImageRef screen(Random& random, int maximumSide, bool filled)
 {
-    const int panelWidth = random(2, 32) * 8;
-    const int panelHeight = random(2, 32) * 8;
-    const int columns = std::max(1, random(maximumSide / 4, maximumSide) / panelWidth);
-    const int rows = std::max(1, random(maximumSide / 6, maximumSide * 2 / 3) / panelHeight);
+    const std::int64_t panelWidth = random(2, 32) * 8L;
+    const std::int64_t panelHeight = random(2, 32) * 8L;
+    const std::int64_t columns = std::max(1L, random(maximumSide / 4, maximumSide) / panelWidth);
+    const std::int64_t rows = std::max(1L, random(maximumSide / 6, maximumSide * 2 / 3) / panelHeight);
     const BitmapRef bitmap = Bitmap::create(columns * panelWidth, rows * panelHeight);
     GraphicsContext context(bitmap);
     context.setColor(randomColor(random));

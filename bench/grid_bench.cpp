@@ -9,10 +9,10 @@ namespace wallgrid::bench {
 namespace {
 
 struct Grid {
-    int columns;
-    int rows;
-    int panelWidth;
-    int panelHeight;
+    std::int64_t columns;
+    std::int64_t rows;
+    std::int64_t panelWidth;
+    std::int64_t panelHeight;
 };
 
 void drawGrid(const BitmapRef& bitmap, const Grid& grid)

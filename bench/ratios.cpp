@@ -20,19 +20,23 @@ public:
             const std::string& name = run.run_name.function_name;
             note(name, run.cpu_accumulated_time / static_cast<double>(run.iterations));
             for (const auto& [counterName, counter] : run.counters)
-                note(name + "#" + counterName, counter.value);
+                note(keyOf(name, counterName), counter.value);
         }
     }
 
     /// 0 when it was not measured.
     double best(const std::string& benchmark, const std::string& counter) const
     {
-        const std::string key = counter.empty() ? benchmark : benchmark + "#" + counter;
-        const auto found = m_best.find(key);
+        const auto found = m_best.find(counter.empty() ? benchmark : keyOf(benchmark, counter));
         return found == m_best.end() ? 0 : found->second;
     }
 
 private:
+    static std::string keyOf(std::string benchmark, const std::string& counter)
+    {
+        return benchmark.append("#").append(counter);
+    }
+
     void note(const std::string& key, double value)
     {
         const auto [entry, isNew] = m_best.try_emplace(key, value);
@@ -48,7 +52,7 @@ private:
 int runRatios(int argc, char** argv, const std::vector<Ratio>& ratios)
 {
     // Before the caller's own, which override them.
-    std::vector<std::string> options{argv[0], "--benchmark_repetitions=5",
+    std::vector<std::string> options{argv[0], "--benchmark_repetitions=9",
                                      "--benchmark_enable_random_interleaving=true", "--benchmark_min_time=0.05"};
     options.insert(options.end(), argv + 1, argv + argc);
     std::vector<char*> pointers;

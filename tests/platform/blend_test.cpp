@@ -43,15 +43,13 @@ protected:
 TEST_P(Blend, IsExactAtEveryWidthAndOffset)
 {
     for (const int width : {0, 1, 7, 15, 16, 17, 31, 32, 33, 64, 1000}) {
-        for (const int offset : {0, 1, 2, 3}) {
-            const auto seed = static_cast<std::uint32_t>(width * 8 + offset);
+        for (const std::size_t offset : {0U, 1U, 2U, 3U}) {
+            const auto seed = static_cast<std::uint32_t>(width) * 8 + static_cast<std::uint32_t>(offset);
             const std::vector<Pixel> source = pixelsOf(test::randomPicture(width + 8, 1, seed));
             const std::vector<Pixel> ground = pixelsOf(test::randomPicture(width + 8, 1, seed + 1'000'000));
             std::vector<Pixel> expected = ground;
-            for (int i = 0; i < width; ++i) {
-                const auto to = static_cast<std::size_t>(i + offset), from = static_cast<std::size_t>(i + 3 - offset);
-                expected[to] = reference(source[from], ground[to], atop());
-            }
+            for (std::size_t i = 0; i < static_cast<std::size_t>(width); ++i)
+                expected[i + offset] = reference(source[i + 3 - offset], ground[i + offset], atop());
             std::vector<Pixel> blended = ground;
             operation()(blended.data() + offset, source.data() + 3 - offset, static_cast<std::size_t>(width));
             ASSERT_EQ(blended, expected) << width << " pixels at " << offset;

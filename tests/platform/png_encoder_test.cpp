@@ -41,7 +41,9 @@ std::vector<std::string> chunkTypes(const std::vector<std::uint8_t>& file)
 {
     std::vector<std::string> types;
     for (std::size_t at = 8; at < file.size();) {
-        const std::size_t length = std::size_t(file[at]) << 24 | file[at + 1] << 16 | file[at + 2] << 8 | file[at + 3];
+        std::size_t length = 0;
+        for (std::size_t i = 0; i < 4; ++i)
+            length = length << 8 | file[at + i];
         types.emplace_back(file.begin() + std::ptrdiff_t(at) + 4, file.begin() + std::ptrdiff_t(at) + 8);
         at += 12 + length;
     }
