@@ -35,7 +35,7 @@ void ImageViewWidget::setImage(ImageRef image)
     m_image = std::move(image);
     m_scaled = {};
     update();
-    emit imageChanged();
+    emit pictureChanged();
 }
 
 void ImageViewWidget::setFrameSize(Size size)
@@ -78,6 +78,21 @@ QRect ImageViewWidget::pictureRect() const
     QRect picture({}, fittedSize(m_image->size(), room.size()));
     picture.moveCenter(room.center());
     return picture;
+}
+
+QString ImageViewWidget::scaleText() const
+{
+    const QRect picture = pictureRect();
+    if (picture.isEmpty() || !m_image->firstRepresentation())
+        return {};
+    const double percent = 100 * picture.width() * devicePixelRatioF() / m_image->size().width;
+    return tr("%1 %").arg(percent, 0, 'f', percent < 10 ? 1 : 0);
+}
+
+void ImageViewWidget::resizeEvent(QResizeEvent* event)
+{
+    QWidget::resizeEvent(event);
+    emit pictureChanged();
 }
 
 const QImage& ImageViewWidget::scaled(QSize size)

@@ -33,12 +33,16 @@ public:
     /// Where the picture is painted. What the parent cuts off of the view is of no use to anybody, so the picture is
     /// fitted into the part of it that the parent shows.
     QRect pictureRect() const;
+    /// Of the picture, in pixels of the screen: "20 %"; empty without one.
+    QString scaleText() const;
 
 signals:
-    void imageChanged();
+    /// Another image, or another size of it.
+    void pictureChanged();
 
 protected:
     void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:

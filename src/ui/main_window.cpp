@@ -15,6 +15,7 @@
 #include <QFile>
 #include <QMenuBar>
 #include <QMessageBox>
+#include <QScreen>
 #include <QScrollArea>
 #include <QSplitter>
 #include <QStatusBar>
@@ -75,7 +76,7 @@ MainWindow::MainWindow(GXAppDelegate& delegate, QtRecentDocuments& recentDocumen
     makeFileMenu();
     makeViewMenu();
     makeHelpMenu();
-    resize(1320, 800);
+    resize(QSize(1320, 800).boundedTo(screen()->availableSize()));
     m_table->setFocus();
 }
 
@@ -125,13 +126,13 @@ QWidget* MainWindow::makeInspector()
 
 void MainWindow::makeStatusBar()
 {
-    m_itemCount = new QLabel(this);
-    m_outputSize = new QLabel(this);
-    m_outputSize->setContentsMargins(8, 0, 8, 0);
-    statusBar()->addPermanentWidget(m_itemCount);
-    statusBar()->addPermanentWidget(m_outputSize);
+    for (QLabel** label : {&m_itemCount, &m_outputSize, &m_scale}) {
+        *label = new QLabel(this);
+        (*label)->setContentsMargins(8, 0, 8, 0);
+        statusBar()->addPermanentWidget(*label);
+    }
     // An edit may change the list, and a composition the output size; both end up here.
-    connect(m_miniPvw, &ImageViewWidget::imageChanged, this, [this] { m_status.schedule(); });
+    connect(m_miniPvw, &ImageViewWidget::pictureChanged, this, [this] { m_status.schedule(); });
     m_delegate.arraycontroller().addObserverForArrangedObjects({}, [this] { m_status.schedule(); });
     m_status.schedule();
 }
@@ -141,6 +142,8 @@ void MainWindow::refreshStatus()
     const auto count = static_cast<int>(m_delegate.arraycontroller().arrangedObjects().size());
     m_itemCount->setText(count == 1 ? tr("1 layer") : tr("%1 layers").arg(count));
     m_outputSize->setText(tr("Output %1 × %2 px").arg(m_delegate.OutputWidth()).arg(m_delegate.OutputHeight()));
+    const QString scale = m_miniPvw->scaleText();
+    m_scale->setText(scale.isEmpty() ? tr("No output") : tr("Shown at %1").arg(scale));
 }
 
 void MainWindow::showMessage(const QString& line)

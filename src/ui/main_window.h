@@ -66,6 +66,7 @@ private:
     Inspector* m_inspector = nullptr;
     QMenu* m_recentMenu = nullptr;
     QLabel* m_outputSize = nullptr;
+    QLabel* m_scale = nullptr;
     QLabel* m_itemCount = nullptr;
 };
 

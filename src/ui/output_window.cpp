@@ -31,7 +31,7 @@ ImageView* OutputWindow::addImageView(const Rect& frame)
     m_view->setAccessibleName(tr("Output preview"));
     m_view->setFrame(frame);
     m_view->show();
-    connect(m_view, &ImageViewWidget::imageChanged, this, &OutputWindow::describe);
+    connect(m_view, &ImageViewWidget::pictureChanged, this, &OutputWindow::describe);
     return m_view;
 }
 
@@ -44,25 +44,15 @@ void OutputWindow::show()
 
 void OutputWindow::describe()
 {
-    if (!m_view)
-        return;
     m_caption->setGeometry(0, 0, width(), std::max(0, m_view->y()));
-    const ImageRef& image = m_view->image();
-    if (!image || !image->firstRepresentation()) {
+    const QString scale = m_view->scaleText();
+    if (scale.isEmpty()) {
         m_caption->setText(tr("no output"));
         return;
     }
-    const double scale = m_view->pictureRect().width() / image->size().width;
-    m_caption->setText(tr("%1 × %2 px, shown at %3 %")
-                           .arg(std::lround(image->size().width))
-                           .arg(std::lround(image->size().height))
-                           .arg(std::lround(100 * scale)));
-}
-
-void OutputWindow::resizeEvent(QResizeEvent* event)
-{
-    QWidget::resizeEvent(event);
-    describe();
+    const Size size = m_view->image()->size();
+    m_caption->setText(
+        tr("%1 × %2 px, shown at %3").arg(std::lround(size.width)).arg(std::lround(size.height)).arg(scale));
 }
 
 void OutputWindow::showEvent(QShowEvent* event)

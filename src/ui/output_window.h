@@ -28,7 +28,6 @@ signals:
     void shownChanged(bool shown);
 
 protected:
-    void resizeEvent(QResizeEvent* event) override;
     void showEvent(QShowEvent* event) override;
     void hideEvent(QHideEvent* event) override;
 

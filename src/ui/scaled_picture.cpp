@@ -3,6 +3,8 @@
 
 #include <QPainter>
 #include <algorithm>
+#include <array>
+#include <bit>
 #include <cmath>
 #include <cstdint>
 #include <vector>
@@ -11,76 +13,94 @@ namespace wallgrid {
 
 namespace {
 
-/// Where the samples of a target pixel lie along one side of the bitmap: `phases` positions for each target pixel, in
-/// order, each in the middle of its share.
-std::vector<std::int32_t> samplePositions(std::int64_t source, std::int64_t target, std::int64_t phases)
+/// Where the samples of a target pixel lie along one side of the bitmap: `phases` positions for each target pixel, each
+/// in the middle of its share; `order` says which phase comes first, second and so on.
+template <class Order>
+std::vector<std::int32_t> samplePositions(std::int64_t source, std::int64_t target, std::int64_t phases, Order order)
 {
     std::vector<std::int32_t> positions;
     positions.reserve(static_cast<std::size_t>(target * phases));
-    for (std::int64_t phase = 0; phase < target * phases; ++phase)
-        positions.push_back(static_cast<std::int32_t>((2 * phase + 1) * source / (2 * phases * target)));
+    for (std::int64_t pixel = 0; pixel < target; ++pixel) {
+        for (std::int64_t k = 0; k < phases; ++k) {
+            const std::int64_t phase = pixel * phases + order(k);
+            positions.push_back(static_cast<std::int32_t>((2 * phase + 1) * source / (2 * phases * target)));
+        }
+    }
     return positions;
 }
 
+/// The four samples of up to 256 pixels, added up in one number: 16 bits each, in the order A, G, R, B from below.
+/// Half the time of four numbers.
 struct Sum {
-    std::uint32_t a = 0;
-    std::uint32_t r = 0;
-    std::uint32_t g = 0;
-    std::uint32_t b = 0;
-    std::uint32_t strongest = 0;
+    std::uint64_t lanes = 0;
 
     void add(Pixel pixel)
     {
-        a += pixel.a;
-        r += pixel.r;
-        g += pixel.g;
-        b += pixel.b;
-        strongest = std::max<std::uint32_t>(strongest, pixel.a);
+        const auto bytes = std::bit_cast<std::uint32_t>(pixel);
+        lanes += (bytes & 0x00ff00ffU) | std::uint64_t{bytes & 0xff00ff00U} << 24;
     }
 
-    /// The colour, premultiplied, divided by a divisor.
-    QRgb dividedBy(std::uint32_t divisor, std::uint32_t alpha, std::uint32_t factor = 1) const
+    QRgb scaled(std::uint32_t factor, std::uint32_t divisor) const
     {
-        const auto share = [&](std::uint32_t sum) { return std::min(alpha, (sum * factor + divisor / 2) / divisor); };
-        return alpha << 24 | share(r) << 16 | share(g) << 8 | share(b);
+        const auto share = [&](int lane) {
+            const auto sum = static_cast<std::uint32_t>(lanes >> (16 * lane) & 0xffff);
+            return (sum * factor + divisor / 2) / divisor;
+        };
+        return share(0) << 24 | share(2) << 16 | share(1) << 8 | share(3);
     }
 
-    QRgb mean(std::uint32_t samples) const { return dividedBy(samples, (a + samples / 2) / samples); }
-    QRgb atStrongest() const { return a == 0 ? 0 : dividedBy(a, strongest, strongest); }
+    std::uint32_t alpha() const { return static_cast<std::uint32_t>(lanes & 0xffff); }
 };
+static_assert(std::endian::native == std::endian::little);
+
+template <int side, Coverage coverage>
+QImage sampledPicture(const Bitmap& bitmap, QSize target)
+{
+    QImage picture(target, QImage::Format_ARGB32_Premultiplied);
+    if (picture.isNull())
+        return picture;
+    constexpr std::size_t kSamples = side * side;
+    const auto columns =
+        samplePositions(bitmap.width(), target.width(), kSamples, [](auto k) { return side * (k % side) + k / side; });
+    const auto rows = samplePositions(bitmap.height(), target.height(), kSamples, [](auto k) { return k; });
+
+    std::array<const Pixel*, kSamples> sampledRows;
+    for (int y = 0; y < target.height(); ++y) {
+        for (std::size_t k = 0; k < kSamples; ++k)
+            sampledRows[k] = bitmap.row(rows[static_cast<std::size_t>(y) * kSamples + k]).data();
+        auto* line = reinterpret_cast<QRgb*>(picture.scanLine(y));
+        const std::int32_t* column = columns.data();
+        for (int x = 0; x < target.width(); ++x, column += kSamples) {
+            Sum sum;
+            std::uint8_t strongest = 0;
+            for (std::size_t k = 0; k < kSamples; ++k) {
+                const Pixel pixel = sampledRows[k][column[k]];
+                sum.add(pixel);
+                if constexpr (coverage == Coverage::Strongest)
+                    strongest = std::max(strongest, pixel.a);
+            }
+            if constexpr (coverage == Coverage::Strongest)
+                line[x] = strongest == 0 ? 0 : sum.scaled(strongest, sum.alpha());
+            else
+                line[x] = sum.scaled(1, kSamples);
+        }
+    }
+    return picture;
+}
 
 } // namespace
 
 QImage scaledPicture(const Bitmap& bitmap, QSize target, Coverage coverage)
 {
-    QImage picture(target, QImage::Format_ARGB32_Premultiplied);
-    if (picture.isNull())
-        return picture;
-    const int reduction = std::max(bitmap.width() / target.width(), bitmap.height() / target.height());
-    const int side = reduction > 16 ? 8 : 4;
-    const int samples = side * side;
-    const auto columns = samplePositions(bitmap.width(), target.width(), samples);
-    const auto rows = samplePositions(bitmap.height(), target.height(), samples);
-
-    // Sample k lies in row phase k = side × j + i and in column phase side × i + j.
-    std::vector<std::size_t> columnPhase(static_cast<std::size_t>(samples));
-    for (int k = 0; k < samples; ++k)
-        columnPhase[static_cast<std::size_t>(k)] = static_cast<std::size_t>(side * (k % side) + k / side);
-
-    std::vector<const Pixel*> sampledRows(static_cast<std::size_t>(samples));
-    for (int y = 0; y < target.height(); ++y) {
-        for (std::size_t k = 0; k < sampledRows.size(); ++k)
-            sampledRows[k] = bitmap.row(rows[static_cast<std::size_t>(y) * sampledRows.size() + k]).data();
-        auto* line = reinterpret_cast<QRgb*>(picture.scanLine(y));
-        const std::int32_t* column = columns.data();
-        for (int x = 0; x < target.width(); ++x, column += samples) {
-            Sum sum;
-            for (std::size_t k = 0; k < sampledRows.size(); ++k)
-                sum.add(sampledRows[k][column[columnPhase[k]]]);
-            line[x] = coverage == Coverage::Mean ? sum.mean(static_cast<std::uint32_t>(samples)) : sum.atStrongest();
-        }
-    }
-    return picture;
+    if (target.isEmpty())
+        return {};
+    if (target.width() >= bitmap.width() && target.height() >= bitmap.height())
+        return sampledPicture<1, Coverage::Mean>(bitmap, target);
+    const bool far = std::max(bitmap.width() / target.width(), bitmap.height() / target.height()) > 16;
+    if (coverage == Coverage::Strongest)
+        return far ? sampledPicture<8, Coverage::Strongest>(bitmap, target)
+                   : sampledPicture<4, Coverage::Strongest>(bitmap, target);
+    return far ? sampledPicture<8, Coverage::Mean>(bitmap, target) : sampledPicture<4, Coverage::Mean>(bitmap, target);
 }
 
 QSize fittedSize(Size size, QSize room)

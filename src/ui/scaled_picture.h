@@ -21,7 +21,7 @@ enum class Coverage {
 /// The bitmap at a size in pixels, made from a bounded number of samples for each target pixel: its cost is the
 /// target's, not the bitmap's, and nothing of the bitmap is converted or copied.
 ///
-/// There are 4 × 4 samples, or 8 × 8 where a target pixel stands for more than 16 pixels of the bitmap in a direction.
+/// Where the bitmap is reduced there are 4 × 4 samples, or 8 × 8 where it is by more than 16; elsewhere there is one.
 /// They are spread so that each lies in a column and in a row of its own: up to a reduction by 64 every column and
 /// every row behind a target pixel counts, so a line one pixel wide never falls between the samples.
 QImage scaledPicture(const Bitmap& bitmap, QSize target, Coverage coverage = Coverage::Mean);

@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "ui/theme.h"
 
+#include "ui/theme_style.h"
+
 #include <QApplication>
 #include <QPalette>
-#include <QStyleFactory>
 
 namespace wallgrid {
 
@@ -37,13 +38,14 @@ void applyTheme(QApplication& application)
     palette.setColor(QPalette::HighlightedText, Qt::white);
     palette.setColor(QPalette::Link, QColor(0x6a, 0xa5, 0xe0));
     palette.setColor(QPalette::LinkVisited, QColor(0xa5, 0x8c, 0xd0));
+    palette.setColor(QPalette::Disabled, QPalette::PlaceholderText, QColor(0x58, 0x58, 0x58));
     for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText, QPalette::HighlightedText})
         palette.setColor(QPalette::Disabled, role, QColor(0x70, 0x70, 0x70));
     // The selection of a table that has not the keyboard.
     palette.setColor(QPalette::Inactive, QPalette::Highlight, QColor(0x42, 0x4b, 0x56));
     palette.setColor(QPalette::Disabled, QPalette::Highlight, QColor(0x50, 0x50, 0x50));
 
-    application.setStyle(QStyleFactory::create("Fusion"));
+    application.setStyle(new ThemeStyle);
     application.setPalette(palette);
 }
 
