@@ -59,7 +59,7 @@ QImage sampledPicture(const Bitmap& bitmap, QSize target)
     QImage picture(target, QImage::Format_ARGB32_Premultiplied);
     if (picture.isNull())
         return picture;
-    constexpr std::size_t kSamples = side * side;
+    constexpr std::size_t kSamples = std::size_t{side} * side;
     const auto columns =
         samplePositions(bitmap.width(), target.width(), kSamples, [](auto k) { return side * (k % side) + k / side; });
     const auto rows = samplePositions(bitmap.height(), target.height(), kSamples, [](auto k) { return k; });

@@ -220,7 +220,7 @@ private slots:
         type(nameField(program), "Main");
         QCOMPARE(textOf(program.item().label()), std::u16string(u"Main"));
 
-        const StringRef monster = makeString(std::u16string(10'000'000, u'x'));
+        const StringRef monster = makeString(std::u16string().assign(10'000'000, u'x'));
         program.item().setLabel(monster);
         program.settle();
         QCOMPARE(nameField(program)->text(), QString());
