@@ -10,54 +10,52 @@ namespace wallgrid::bench {
 namespace {
 
 /// As little as a composer can do: every byte of the raster written once, every visible byte of a thumbnail copied.
-void fillAndCopy(const Document& document, const BitmapRef& raster)
+void fillAndCopy(const GXAppDelegate& delegate, const BitmapRef& raster)
 {
     void* const bytes = raster->pixels();
     std::memset(bytes, 0x40, raster->bytesPerRow() * static_cast<std::size_t>(raster->height()));
-    for (const Document::Item& item : document.items) {
-        const BitmapRef thumbnail = item.thumbnail->firstRepresentation();
-        const PixelRect shown = intersection({item.point.x, item.point.y, thumbnail->width(), thumbnail->height()},
-                                             {0, 0, document.width, document.height});
-        for (std::int64_t y = shown.y; y < shown.top(); ++y) {
-            const int from = static_cast<int>(thumbnail->height() - 1 - (y - item.point.y));
-            std::memcpy(raster->row(static_cast<int>(document.height - 1 - y)).data() + shown.x,
-                        thumbnail->row(from).data() + (shown.x - item.point.x),
+    for (const ItemRef& item : *delegate.allScreensArray()) {
+        const BitmapRef thumbnail = item->thumbnail()->firstRepresentation();
+        // Rows counted from the top here: nothing is drawn, bytes are copied.
+        const PixelRect shown = intersection({item->xpoint(), item->ypoint(), thumbnail->width(), thumbnail->height()},
+                                             {0, 0, raster->width(), raster->height()});
+        for (std::int64_t y = shown.y; y < shown.top(); ++y)
+            std::memcpy(raster->row(static_cast<int>(y)).data() + shown.x,
+                        thumbnail->row(static_cast<int>(y - item->ypoint())).data() + (shown.x - item->xpoint()),
                         static_cast<std::size_t>(shown.width) * sizeof(Pixel));
-        }
     }
 }
 
-template <class Draw>
-void renderAnew(benchmark::State& state, const Document& document, Draw draw)
+void ours(benchmark::State& state, Document& document)
 {
-    // As the program does it: a new raster for each render, the old one dropped. Twice before the clock starts, so that
-    // both rasters have their memory.
-    BitmapRef raster;
-    const auto render = [&] {
-        const BitmapRef next = Bitmap::create(document.width, document.height, Bitmap::Contents::Undefined);
-        draw(document, next);
-        benchmark::DoNotOptimize(next->pixels());
-        benchmark::ClobberMemory();
-        raster = next;
-    };
-    render();
-    render();
+    // Twice before the clock starts, so that the new raster and the old one both have their memory.
+    document.compose();
+    document.compose();
     for (auto _ : state)
-        render();
+        document.compose();
+}
+
+void yardstick(benchmark::State& state, Document& document)
+{
+    const BitmapRef raster = Bitmap::create(document.delegate().OutputWidth(), document.delegate().OutputHeight());
+    for (auto _ : state) {
+        fillAndCopy(document.delegate(), raster);
+        benchmark::DoNotOptimize(raster->pixels());
+        benchmark::ClobberMemory();
+    }
 }
 
 void add(std::vector<Ratio>& ratios, const std::string& name, int width, int height, int screens)
 {
     // Made once, when first measured: the large document takes a second to make.
-    const auto document = [=, made = std::make_shared<std::unique_ptr<Document>>()]() -> const Document& {
+    const auto document = [=, made = std::make_shared<std::unique_ptr<Document>>()]() -> Document& {
         if (!*made)
-            *made = std::make_unique<Document>(makeDocument(width, height, screens));
+            *made = std::make_unique<Document>(width, height, screens);
         return **made;
     };
-    benchmark::RegisterBenchmark((name + "/ours").c_str(),
-                                 [=](benchmark::State& state) { renderAnew(state, document(), compose); });
+    benchmark::RegisterBenchmark((name + "/ours").c_str(), [=](benchmark::State& state) { ours(state, document()); });
     benchmark::RegisterBenchmark((name + "/yardstick").c_str(),
-                                 [=](benchmark::State& state) { renderAnew(state, document(), fillAndCopy); });
+                                 [=](benchmark::State& state) { yardstick(state, document()); });
     ratios.push_back({name + ": memset of the raster, memcpy of what shows", name + "/ours", name + "/yardstick", 2});
 }
 

@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "documents.h"
 
+#include "items/gx_screen.h"
+#include "items/gx_still.h"
+
 #include <random>
 
 namespace wallgrid::bench {
@@ -31,23 +34,18 @@ ImageRef imageOf(const BitmapRef& bitmap)
     return image;
 }
 
-ImageRef screen(Random& random, int maximumSide, bool filled)
+ScreenRef screen(Random& random, int maximumSide, bool filled)
 {
-    const std::int64_t panelWidth = random(2, 32) * 8L;
-    const std::int64_t panelHeight = random(2, 32) * 8L;
-    const std::int64_t columns = std::max(1L, random(maximumSide / 4, maximumSide) / panelWidth);
-    const std::int64_t rows = std::max(1L, random(maximumSide / 6, maximumSide * 2 / 3) / panelHeight);
-    const BitmapRef bitmap = Bitmap::create(columns * panelWidth, rows * panelHeight);
-    GraphicsContext context(bitmap);
-    context.setColor(randomColor(random));
-    if (filled)
-        context.fillRect({0, 0, panelWidth, panelHeight});
-    context.setColor(randomColor(random));
-    context.frameRect({0, 0, panelWidth, panelHeight}, random(1, 3));
-    context.tile(panelWidth, panelHeight, columns, rows);
-    const int side = std::min(bitmap->width(), bitmap->height());
-    context.strokeCircle({(bitmap->width() - side) / 2 + 2, (bitmap->height() - side) / 2 + 2, side - 4, side - 4}, 4);
-    return imageOf(bitmap);
+    const std::int32_t panelWidth = random(2, 32) * 8;
+    const std::int32_t panelHeight = random(2, 32) * 8;
+    const std::int32_t columns = std::max(1, random(maximumSide / 4, maximumSide) / panelWidth);
+    const std::int32_t rows = std::max(1, random(maximumSide / 6, maximumSide * 2 / 3) / panelHeight);
+    const ColorRef fill = randomColor(random);
+    const ScreenRef screen = GXScreen::initWithrow(rows, columns, panelWidth, panelHeight, fill, randomColor(random),
+                                                   Color::whiteColor(), 0, filled, true, nullptr, true, 0, 0);
+    screen->setBoarderWidth(random(1, 3));
+    screen->drawInRect();
+    return screen;
 }
 
 ImageRef gradient(int width, int height)
@@ -72,39 +70,37 @@ ImageRef noise(Random& random, int width, int height)
 
 } // namespace
 
-Document makeDocument(int width, int height, int screens)
+Document::Document(std::int32_t width, std::int32_t height, int screens)
 {
     Random random;
-    Document document{width, height, Color::deviceRGB(0.1, 0.1, 0.12), Color::deviceRGB(1, 1, 0), {}};
-    const int side = std::min(width, height);
-    document.items.push_back({gradient(side / 3, side / 4), {side / 10, side / 10}});
-    document.items.push_back({noise(random, side / 5, side / 5), {width - side / 3, height - side / 3}});
+    auto items = std::make_shared<ItemArray>();
+    const std::int32_t side = std::min(width, height);
     for (int i = 0; i < screens; ++i) {
-        const bool filled = i % 4 != 0;
-        const ImageRef thumbnail = screen(random, side / 2, filled);
-        const auto thumbnailWidth = static_cast<int>(thumbnail->size().width);
-        const auto thumbnailHeight = static_cast<int>(thumbnail->size().height);
+        const ScreenRef item = screen(random, side / 2, i % 4 != 0);
         // One in five hangs over an edge.
-        const int over = i % 5 == 0 ? 1 : 0;
-        document.items.push_back(
-            {thumbnail,
-             {random(-over * thumbnailWidth / 2, std::max(1, width - thumbnailWidth + over * thumbnailWidth / 2)),
-              random(-over * thumbnailHeight / 2,
-                     std::max(1, height - thumbnailHeight + over * thumbnailHeight / 2))}});
+        const std::int32_t overhangX = i % 5 == 0 ? item->screenSizeWidth() / 2 : 0;
+        const std::int32_t overhangY = i % 5 == 0 ? item->screenSizeHeight() / 2 : 0;
+        item->setXpoint(random(-overhangX, std::max(1, width - item->screenSizeWidth() + overhangX)));
+        item->setYpoint(random(-overhangY, std::max(1, height - item->screenSizeHeight() + overhangY)));
+        items->push_back(item);
     }
-    return document;
+    for (const ImageRef& image : {gradient(side / 3, side / 4), noise(random, side / 5, side / 5)}) {
+        const StillRef still = GXStill::initWithimage(image);
+        still->setXpoint(random(0, width / 2));
+        still->setYpoint(random(0, height / 2));
+        items->push_back(still);
+    }
+    m_delegate.setOutputWidth(width);
+    m_delegate.setOutputHeight(height);
+    m_delegate.setBgColor(Color::deviceRGB(0.1, 0.1, 0.12));
+    m_delegate.setEdgeColor(Color::deviceRGB(1, 1, 0));
+    m_delegate.setAllScreensArray(std::move(items));
 }
 
-void compose(const Document& document, const BitmapRef& raster)
+void Document::compose()
 {
-    GraphicsContext context(raster);
-    const PixelRect all{0, 0, document.width, document.height};
-    context.setColor(document.background);
-    context.fillRect(all);
-    context.setColor(document.edge);
-    context.frameRect(all, 1);
-    for (const Document::Item& item : document.items)
-        context.drawImage(*item.thumbnail, item.point, item.thumbnail->extent(), CompositingOperation::SourceAtop);
+    m_delegate.setShouldUpdate(true);
+    m_delegate.update();
 }
 
 } // namespace wallgrid::bench

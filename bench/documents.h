@@ -1,31 +1,29 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "platform/graphics_context.h"
+#include "app/gx_app_delegate.h"
+#include "platform/headless_desktop.h"
 
-#include <vector>
+#include <cstdint>
+#include <iostream>
 
 namespace wallgrid::bench {
 
-/// A document as composition sees it: an output raster, its colours and the thumbnails that lie on it. Made from a
-/// fixed seed, so every run measures the same pixels.
-struct Document {
-    struct Item {
-        ImageRef thumbnail;
-        PixelPoint point; ///< lower-left corner on the raster
-    };
+/// A document of the program without a window: screens of all sorts, some without fill, some hanging over the edge,
+/// and two stills, a gradient and noise, on an opaque background. Made from a fixed seed, so that every run measures
+/// the same pixels.
+class Document {
+public:
+    Document(std::int32_t width, std::int32_t height, int screens);
 
-    int width;
-    int height;
-    ColorRef background;
-    ColorRef edge;
-    std::vector<Item> items; ///< bottom first
+    GXAppDelegate& delegate() { return m_delegate; }
+    /// Composes the raster anew, as after an edit. No item is drawn again.
+    void compose();
+
+private:
+    StreamLog m_log{std::cerr};
+    HeadlessDesktop m_desktop{m_log};
+    GXAppDelegate m_delegate{m_desktop.desktop()};
 };
-
-/// Screens of all sorts, some without fill, some hanging over the edge, and two stills: a gradient and noise.
-Document makeDocument(int width, int height, int screens);
-
-/// Draws the document as the output raster.
-void compose(const Document& document, const BitmapRef& raster);
 
 } // namespace wallgrid::bench

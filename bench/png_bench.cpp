@@ -12,9 +12,9 @@ namespace {
 
 BitmapRef composed(int width, int height, int screens)
 {
-    const BitmapRef raster = Bitmap::create(width, height, Bitmap::Contents::Undefined);
-    compose(makeDocument(width, height, screens), raster);
-    return raster;
+    Document document(width, height, screens);
+    document.compose();
+    return document.delegate().offscreenRep();
 }
 
 void ours(benchmark::State& state, const Bitmap& raster)

@@ -8,6 +8,12 @@ namespace {
 
 constexpr double kThrottleSeconds = 0.1;
 
+/// Without a colour the one in force stays, which is opaque.
+bool isOpaque(const ColorRef& color)
+{
+    return !color || color->pixel().a == 255;
+}
+
 /// In the raster's coordinates, y upwards; 32-bit like every position of an item.
 PixelPoint lowerLeftCorner(const GXItem& item, std::int32_t outputHeight)
 {
@@ -39,11 +45,12 @@ void GXAppDelegate::update()
 
 void GXAppDelegate::compose()
 {
+    // The old raster goes first, so that a large one need not fit into memory twice and its pages serve again.
+    m_offscreenRep = nullptr;
+    show(nullptr);
     m_offscreenRep = Bitmap::create(m_OutputWidth, m_OutputHeight, Bitmap::Contents::Undefined);
-    if (!m_offscreenRep) {
-        show(nullptr);
+    if (!m_offscreenRep)
         return;
-    }
     GraphicsContext context(m_offscreenRep);
     const PixelRect raster{0, 0, m_OutputWidth, m_OutputHeight};
     context.setColor(m_bgColor);
@@ -51,6 +58,9 @@ void GXAppDelegate::compose()
     context.setColor(m_edgeColor);
     context.frameRect(raster, 1);
 
+    // Items never change the raster's alpha, so over an opaque ground "atop" stays "over", which need not read it.
+    const auto operation = isOpaque(m_bgColor) && isOpaque(m_edgeColor) ? CompositingOperation::SourceOver
+                                                                        : CompositingOperation::SourceAtop;
     // Last to first, so that the first row ends up on top.
     const ItemArray& items = m_arraycontroller.arrangedObjects();
     for (auto item = items.rbegin(); item != items.rend(); ++item) {
@@ -58,8 +68,7 @@ void GXAppDelegate::compose()
         if (!(*item)->visible() || !thumbnail)
             continue;
         context.drawImage(*thumbnail, lowerLeftCorner(**item, m_OutputHeight),
-                          {0, 0, (*item)->screenSizeWidth(), (*item)->screenSizeHeight()},
-                          CompositingOperation::SourceAtop);
+                          {0, 0, (*item)->screenSizeWidth(), (*item)->screenSizeHeight()}, operation);
     }
 
     auto image = std::make_shared<Image>(Size{static_cast<double>(m_OutputWidth), static_cast<double>(m_OutputHeight)});

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "app/gx_app_delegate.h"
 #include "cli/command_line.h"
+#include "platform/headless_desktop.h"
 #include "platform/png_encoder.h"
 
 #include <ostream>
@@ -11,31 +12,6 @@ namespace wallgrid {
 namespace {
 
 constexpr const char* kStandardOutput = "-";
-
-/// A desktop on which nobody is at the keyboard.
-class NoPanels final : public Panels {
-public:
-    UrlRef runSavePanel() override { return nullptr; }
-    UrlRef runOpenPanel() override { return nullptr; }
-    void runAlert(std::string_view, std::string_view) override {}
-};
-
-class NoRecentDocuments final : public RecentDocuments {
-public:
-    void noteNewRecentDocument(const UrlRef&) override {}
-};
-
-class StreamLog final : public Log {
-public:
-    explicit StreamLog(std::ostream& stream)
-        : m_stream(stream)
-    {
-    }
-    void log(std::string_view line) override { m_stream << "wallgrid: " << line << '\n'; }
-
-private:
-    std::ostream& m_stream;
-};
 
 ExitCode fail(std::ostream& err, const std::string& file, const std::string& reason)
 {
@@ -60,12 +36,9 @@ ExitCode runExport(const ExportRequest& request, std::ostream& out, std::ostream
     if (request.psd)
         return fail(err, *request.psd, "the layered PSD export is not built yet");
 
-    ManualRunLoop runLoop;
-    NoPanels panels;
-    NoRecentDocuments recentDocuments;
     StreamLog log(err);
-    const Files files(log);
-    GXAppDelegate delegate({runLoop, panels, recentDocuments, files});
+    HeadlessDesktop desktop(log);
+    GXAppDelegate delegate(desktop.desktop());
     delegate.applicationDidFinishLaunching();
 
     const std::string source = request.project.value_or("the launch document");
