@@ -158,6 +158,8 @@ TEST(GraphicsContext, DrawsBitmapsBeyondTheCacheAlike)
         ASSERT_EQ(std::ranges::count(bitmap->row(y), Pixel{255, 0, 255, 0}), bitmap->width()) << y;
 
     const BitmapRef block = test::randomPicture(kBlockWidth, kBlockHeight, 1);
+    std::ranges::copy(block->row(7), block->row(8).begin()); // alike but for the last pixel
+    block->row(8).back().a ^= 1;
     Image image({kBlockWidth, kBlockHeight});
     image.addRepresentation(block);
     context.clearRect({0, 0, kBlockWidth, kBlockHeight});

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "picture.h"
 #include "platform/graphics_context.h"
+#include "platform/ring.h"
 
 #include <cmath>
 #include <numbers>
@@ -20,9 +21,10 @@ long double areaTo(long double x, long double y, long double radius)
     if (x * x + y * y <= radius * radius)
         return sign * x * y;
     const auto underArc = [&](long double t) {
-        return (t * std::sqrt(radius * radius - t * t) + radius * radius * std::asin(t / radius)) / 2;
+        const long double height = std::sqrt((radius - t) * (radius + t));
+        return (t * height + radius * radius * std::atan2(t, height)) / 2; // asin would lose digits near the axis
     };
-    const long double corner = std::sqrt(radius * radius - y * y);
+    const long double corner = std::sqrt((radius - y) * (radius + y));
     return sign * (corner * y + underArc(x) - underArc(corner));
 }
 
@@ -117,6 +119,24 @@ TEST(Ring, StaysExactOnLargeCirclesThatOverhang)
                 const Circle circle{{x, y, diameter, diameter}, lineWidth};
                 EXPECT_LE(deviation(circle, stroked(circle, 120, 80)).worst, kTolerance)
                     << diameter << " wide at " << x << ", " << y << ", line " << lineWidth;
+            }
+        }
+    }
+}
+
+TEST(Ring, KnowsAreasFarFinerThanAPixelShows)
+{
+    // Each circle's rows around its top, its middle and half way, column by column.
+    for (const std::int64_t diameter : {1, 2, 5, 6, 11, 40, 333, 30000}) {
+        for (const std::int64_t lineWidth : {1, 2, 7}) {
+            const Circle circle{{0, 0, diameter, diameter}, lineWidth};
+            const double radius = static_cast<double>(diameter) / 2;
+            const Ring ring{radius, radius, static_cast<double>(circle.outer()), static_cast<double>(circle.inner())};
+            for (const std::int64_t y : {diameter / 2, diameter * 6 / 7, diameter - 1, diameter}) {
+                const RingRow row(ring, y);
+                for (std::int64_t x = -5; x <= diameter + 5; ++x)
+                    ASSERT_NEAR(row.coverage(x), static_cast<double>(circle.coverage(x, y)), 2e-9)
+                        << diameter << " wide, line " << lineWidth << ", at " << x << ", " << y;
             }
         }
     }
