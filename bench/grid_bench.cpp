@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
+#include "benchmarks.h"
 #include "items/gx_screen.h"
-#include "pixels_bench.h"
 
 #include <cstring>
 

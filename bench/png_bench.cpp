@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
+#include "benchmarks.h"
 #include "documents.h"
-#include "pixels_bench.h"
 #include "platform/png_encoder.h"
 
 #include <QBuffer>

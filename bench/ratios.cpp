@@ -69,7 +69,7 @@ int runRatios(int argc, char** argv, const std::vector<Ratio>& ratios)
     std::printf("%-66s %12s %12s %8s %8s  %s\n", "ours : yardstick", "ours", "yardstick", "ratio", "at most", "met");
     for (const Ratio& ratio : ratios) {
         const double ours = recorder.best(ratio.ours, ratio.counter);
-        const double yardstick = recorder.best(ratio.yardstick, ratio.counter);
+        const double yardstick = ratio.budget > 0 ? ratio.budget : recorder.best(ratio.yardstick, ratio.counter);
         if (ours <= 0 || yardstick <= 0)
             continue;
         const bool met = ours / yardstick <= ratio.atMost;

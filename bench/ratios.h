@@ -16,6 +16,7 @@ struct Ratio {
     std::string yardstick; ///< name of another
     double atMost;
     std::string counter = {}; ///< compare this counter of the two instead of their times
+    double budget = 0;        ///< seconds that stand in for a yardstick where there is none
 };
 
 /// Runs the program's benchmarks, repeated and in mixed order so that what else the machine does hits all alike, and

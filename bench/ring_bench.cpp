@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "pixels_bench.h"
+#include "benchmarks.h"
 #include "platform/graphics_context.h"
 
 #include <QImage>

@@ -10,5 +10,6 @@ void addComposition(std::vector<Ratio>& ratios);
 void addGrids(std::vector<Ratio>& ratios);
 void addRings(std::vector<Ratio>& ratios);
 void addPng(std::vector<Ratio>& ratios);
+void addArchives(std::vector<Ratio>& ratios);
 
 } // namespace wallgrid::bench

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
-// What drawing, composing and encoding pixels cost beside memset, memcpy and Qt.
-#include "pixels_bench.h"
+// What drawing, composing, encoding and reading cost beside memset, memcpy and Qt.
+#include "benchmarks.h"
 
 using namespace wallgrid::bench;
 
@@ -12,5 +12,6 @@ int main(int argc, char** argv)
     addGrids(ratios);
     addRings(ratios);
     addPng(ratios);
+    addArchives(ratios);
     return runRatios(argc, argv, ratios);
 }

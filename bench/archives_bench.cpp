@@ -1,15 +1,11 @@
 // SPDX-License-Identifier: MIT
-//
-// Reading and writing project files of 1,000 to 100,000 screens, all values of each. "sums" is the time as a multiple
-// of the yardstick, adding up the bytes of the same file; "ns/screen" stays level where time grows with the file alone.
+#include "benchmarks.h"
 #include "platform/keyed_archiver.h"
 #include "platform/keyed_decoder.h"
 
-#include <benchmark/benchmark.h>
-#include <chrono>
-#include <numeric>
+#include <cstdlib>
 
-using namespace wallgrid;
+namespace wallgrid::bench {
 
 namespace {
 
@@ -86,48 +82,26 @@ std::int64_t readAll(std::vector<std::uint8_t> file)
     return sum;
 }
 
-using Clock = std::chrono::steady_clock;
-
-/// Seconds that the yardstick takes for a file, the best of several.
-double yardstick(const std::vector<std::uint8_t>& file)
+void readProject(benchmark::State& state, std::int64_t screens)
 {
-    double best = 1e9;
-    for (int i = 0; i < 20; ++i) {
-        const auto start = Clock::now();
-        benchmark::DoNotOptimize(std::accumulate(file.begin(), file.end(), std::uint64_t{0}));
-        best = std::min(best, std::chrono::duration<double>(Clock::now() - start).count());
-    }
-    return best;
-}
-
-void report(benchmark::State& state, const std::vector<std::uint8_t>& file, Clock::duration elapsed)
-{
-    const double seconds = std::chrono::duration<double>(elapsed).count() / static_cast<double>(state.iterations());
-    state.counters["sums"] = seconds / yardstick(file);
-    state.counters["ns/screen"] = seconds * 1e9 / static_cast<double>(state.range(0));
-    state.counters["bytes"] = static_cast<double>(file.size());
-}
-
-void readProject(benchmark::State& state)
-{
-    const auto file = KeyedArchiver::archivedDataWithRootObject(project(state.range(0)));
-    const auto start = Clock::now();
+    const auto file = KeyedArchiver::archivedDataWithRootObject(project(screens));
     for (auto _ : state)
         benchmark::DoNotOptimize(readAll(file));
-    report(state, file, Clock::now() - start);
-}
-
-void writeProject(benchmark::State& state)
-{
-    const ArchiveValue root = project(state.range(0));
-    std::vector<std::uint8_t> file;
-    const auto start = Clock::now();
-    for (auto _ : state)
-        file = KeyedArchiver::archivedDataWithRootObject(root);
-    report(state, file, Clock::now() - start);
+    state.counters["s a screen"] = benchmark::Counter(
+        static_cast<double>(screens), benchmark::Counter::kIsIterationInvariantRate | benchmark::Counter::kInvert);
 }
 
 } // namespace
 
-BENCHMARK(readProject)->RangeMultiplier(10)->Range(1000, 100000)->Unit(benchmark::kMillisecond);
-BENCHMARK(writeProject)->RangeMultiplier(10)->Range(1000, 100000)->Unit(benchmark::kMillisecond);
+void addArchives(std::vector<Ratio>& ratios)
+{
+    for (const int screens : {1'000, 10'000, 100'000}) {
+        benchmark::RegisterBenchmark(("read " + std::to_string(screens)).c_str(),
+                                     [=](benchmark::State& state) { readProject(state, screens); });
+    }
+    ratios.push_back({"read a project of 10,000 screens: 100 ms", "read 10000", "", 1, "", 0.1});
+    ratios.push_back(
+        {"read: time a screen, of 100,000 beside of 1,000", "read 100000", "read 1000", 1.5, "s a screen"});
+}
+
+} // namespace wallgrid::bench
