@@ -27,6 +27,9 @@ void GXScreen::drawInRect()
 {
     m_screenSizeHeight = wrappedProduct(m_row, m_panelHeight);
     m_screenSizeWidth = wrappedProduct(m_col, m_panelWidth);
+    // The old picture goes first: unless somebody else holds it, its memory serves the new one.
+    m_offscreenRep = nullptr;
+    m_thumbnail = nullptr;
     // Panels paint every pixel, unless their number and their size are both negative.
     const bool painted = m_row > 0 && m_col > 0;
     m_offscreenRep = Bitmap::create(m_screenSizeWidth, m_screenSizeHeight,
