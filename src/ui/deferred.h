@@ -12,7 +12,11 @@ class Deferred {
 public:
     explicit Deferred(std::function<void()> work);
 
-    void schedule() { m_timer.start(); }
+    void schedule()
+    {
+        if (!isPending())
+            m_timer.start();
+    }
     bool isPending() const { return m_timer.isActive(); }
     /// Does pending work at once, before something that must not meet the old state.
     void finish();
