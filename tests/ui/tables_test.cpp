@@ -63,8 +63,10 @@ private slots:
         QCOMPARE(names(*program.window().table(), nameColumn),
                  (QStringList{"Layer 0", "two lines & <b>", "(no name)", "Layer 0"}));
 
+        const QSignalSpy repaints(program.window().table()->model(), &QAbstractItemModel::dataChanged);
         program.item(0).setLabel(makeString(u"Main wall"));
         program.settle();
+        QCOMPARE(repaints.size(), 1);
         QCOMPARE(names(*program.window().table(), nameColumn),
                  (QStringList{"Main wall", "two lines & <b>", "(no name)", "Main wall"}));
     }
