@@ -27,7 +27,8 @@ void ours(benchmark::State& state, const Grid& grid)
 
 void clear(benchmark::State& state, const Grid& grid)
 {
-    const BitmapRef bitmap = Bitmap::create(grid.columns * grid.panelWidth, grid.rows * grid.panelHeight);
+    const BitmapRef bitmap =
+        Bitmap::create(std::int64_t{grid.columns} * grid.panelWidth, std::int64_t{grid.rows} * grid.panelHeight);
     void* const bytes = bitmap->pixels();
     for (auto _ : state) {
         std::memset(bytes, 0x40, bitmap->bytesPerRow() * static_cast<std::size_t>(bitmap->height()));

@@ -42,20 +42,20 @@ protected:                                                                      
 public:                                                                                                                \
     StringRef label##n() const                                                                                         \
     {                                                                                                                  \
-        return m_captions.fields[n - 1].text;                                                                          \
+        return numericField(n).text;                                                                                   \
     }                                                                                                                  \
     void setLabel##n(StringRef value)                                                                                  \
     {                                                                                                                  \
-        m_captions.fields[n - 1].text = std::move(value);                                                              \
+        numericField(n).text = std::move(value);                                                                       \
         didChangeValue("label" #n);                                                                                    \
     }                                                                                                                  \
     bool label##n##Hidden() const                                                                                      \
     {                                                                                                                  \
-        return m_captions.fields[n - 1].hidden;                                                                        \
+        return numericField(n).hidden;                                                                                 \
     }                                                                                                                  \
     void setLabel##n##Hidden(bool value)                                                                               \
     {                                                                                                                  \
-        m_captions.fields[n - 1].hidden = value;                                                                       \
+        numericField(n).hidden = value;                                                                                \
         didChangeValue("label" #n "Hidden");                                                                           \
     }
 
@@ -147,6 +147,9 @@ protected:
     void decodeFields(KeyedDecoder& coder);
     /// Copies every archived property and the thumbnail.
     void copyFieldsTo(GXItem& copy) const;
+
+    Caption& numericField(std::size_t number) { return m_captions.fields[number - 1]; }
+    const Caption& numericField(std::size_t number) const { return m_captions.fields[number - 1]; }
 
     Captions m_captions;
 };
