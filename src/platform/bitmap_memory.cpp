@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "platform/bitmap_memory.h"
 
+#include "platform/pages.h"
+
 #include <array>
-#include <cstdint>
 #include <cstdlib>
 #include <cstring>
-#include <sys/mman.h>
 #include <unistd.h>
 #include <utility>
 
@@ -13,36 +13,11 @@ namespace wallgrid {
 
 namespace {
 
-constexpr std::size_t kHugePage = std::size_t(2) << 20;
-/// Smaller blocks come from the C library, which keeps and reuses them itself.
-constexpr std::size_t kLargeBlock = std::size_t(1) << 20;
 constexpr std::size_t kCacheLine = 64;
-
-constexpr std::size_t roundedUp(std::size_t bytes, std::size_t step)
-{
-    return (bytes + step - 1) / step * step;
-}
 
 std::size_t capacityFor(std::size_t bytes)
 {
-    return roundedUp(bytes, bytes >= kLargeBlock ? kHugePage : kCacheLine);
-}
-
-/// Address space aligned to huge pages, zeroed; null when the kernel refuses.
-std::byte* mapPages(std::size_t capacity)
-{
-    const std::size_t mapped = capacity + kHugePage;
-    void* const address = mmap(nullptr, mapped, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
-    if (address == MAP_FAILED)
-        return nullptr;
-    std::byte* const start = static_cast<std::byte*>(address);
-    const std::size_t head = (kHugePage - reinterpret_cast<std::uintptr_t>(start) % kHugePage) % kHugePage;
-    if (head > 0)
-        munmap(start, head);
-    munmap(start + head + capacity, mapped - capacity - head);
-    // Advice only: without huge pages the block is slower to touch first and otherwise the same.
-    madvise(start + head, capacity, MADV_HUGEPAGE);
-    return start + head;
+    return bytes >= kLargeBlock ? wholePages(bytes) : (bytes + kCacheLine - 1) / kCacheLine * kCacheLine;
 }
 
 /// The large blocks given back last, most recent first. Without a destructor, so that a bitmap that outlives main()
@@ -73,7 +48,7 @@ public:
     void keep(Block block, std::size_t limit)
     {
         if (block.capacity > limit) {
-            munmap(block.data, block.capacity);
+            unmapPages(block.data, block.capacity);
             return;
         }
         while (m_blocks.back().data || total() + block.capacity > limit)
@@ -87,7 +62,7 @@ public:
     {
         for (std::size_t i = m_blocks.size(); i-- > 0;) {
             if (m_blocks[i].data) {
-                munmap(m_blocks[i].data, m_blocks[i].capacity);
+                unmapPages(m_blocks[i].data, m_blocks[i].capacity);
                 m_blocks[i] = {};
                 return true;
             }
@@ -140,7 +115,7 @@ BitmapMemory BitmapMemory::allocate(std::size_t bytes, bool cleared)
             capacity = kept.capacity;
         } else {
             if (kept.data)
-                munmap(kept.data, kept.capacity);
+                unmapPages(kept.data, kept.capacity);
             while (keptBlocks.total() + aliveBytes + capacity > maximumTotal() && keptBlocks.giveUpOldest()) {
             }
             data = mapPages(capacity);

@@ -58,6 +58,12 @@ inline W scaled(W halves, W factor)
     return ((t + ((t >> 8) & kHalves)) >> 8) & kHalves;
 }
 
+/// All four samples of a pixel times one.
+inline Word scaledPixel(Word pixel, Word factor)
+{
+    return scaled(pixel & kHalves, factor) | scaled((pixel >> 8) & kHalves, factor) << 8;
+}
+
 template <class W>
 inline W saturated(W sums)
 {
@@ -171,14 +177,20 @@ void blendColor(Pixel* destination, Pixel color, std::size_t count)
         *destination = std::bit_cast<Pixel>(over(source, std::bit_cast<Word>(*destination)));
 }
 
+void scalePixels(Pixel* destination, const Pixel* source, std::uint8_t factor, std::size_t count)
+{
+    const Word factors = spread(Word(factor));
+    for (std::size_t i = 0; i < count; ++i)
+        destination[i] = std::bit_cast<Pixel>(scaledPixel(std::bit_cast<Word>(source[i]), factors));
+}
+
 void blendCoverage(Pixel* destination, Pixel color, const std::uint8_t* coverage, std::size_t count)
 {
     const Word whole = std::bit_cast<Word>(color);
     for (std::size_t i = 0; i < count; ++i) {
         if (coverage[i] == 0)
             continue;
-        const Word part = spread(Word(coverage[i]));
-        const Word source = scaled(whole & kHalves, part) | scaled((whole >> 8) & kHalves, part) << 8;
+        const Word source = scaledPixel(whole, spread(Word(coverage[i])));
         destination[i] = std::bit_cast<Pixel>(over(source, std::bit_cast<Word>(destination[i])));
     }
 }

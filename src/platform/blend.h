@@ -17,6 +17,9 @@ void blendOver(Pixel* destination, const Pixel* source, std::size_t count);
 /// S × Da + D × (1 − Sa), alpha stays Da.
 void blendAtop(Pixel* destination, const Pixel* source, std::size_t count);
 
+/// S × factor / 255
+void scalePixels(Pixel* destination, const Pixel* source, std::uint8_t factor, std::size_t count);
+
 /// One colour over a run.
 void blendColor(Pixel* destination, Pixel color, std::size_t count);
 /// One colour over a run, each pixel of it as far as its coverage says (255 is all).

@@ -185,7 +185,7 @@ void GraphicsContext::drawText(std::string_view text, PixelPoint point, double f
 // Images
 
 void GraphicsContext::drawImage(const Image& image, PixelPoint point, const PixelRect& source,
-                                CompositingOperation operation)
+                                CompositingOperation operation, std::uint8_t alpha)
 {
     // From the image's coordinates to the bitmap's.
     const std::int64_t dx = point.x - source.x;
@@ -203,10 +203,16 @@ void GraphicsContext::drawImage(const Image& image, PixelPoint point, const Pixe
     if (!raster)
         return;
     const auto blend = operation == CompositingOperation::SourceOver ? blendOver : blendAtop;
+    const auto width = static_cast<std::size_t>(part.width);
+    std::vector<Pixel> faded(alpha == 255 ? 0 : width);
     for (std::int64_t y = 0; y < part.height; ++y) {
         const int row = static_cast<int>(raster->height() - 1 - (from.y + y));
-        blend(at(part.x, part.y + y), std::as_const(*raster).row(row).data() + from.x,
-              static_cast<std::size_t>(part.width));
+        const Pixel* pixels = std::as_const(*raster).row(row).data() + from.x;
+        if (alpha < 255) {
+            scalePixels(faded.data(), pixels, alpha, width);
+            pixels = faded.data();
+        }
+        blend(at(part.x, part.y + y), pixels, width);
     }
 }
 

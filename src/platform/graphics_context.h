@@ -6,6 +6,7 @@
 #include "platform/geometry.h"
 #include "platform/image.h"
 
+#include <cstdint>
 #include <string_view>
 
 namespace wallgrid {
@@ -48,8 +49,10 @@ public:
     void drawText(std::string_view text, PixelPoint point, double fontSize, const ColorRef& color);
 
     /// Draws the part of an image that `source` names (in the image's points, origin bottom-left), its lower-left
-    /// corner at the point, one point a pixel. An image whose raster has another size than the image is scaled.
-    void drawImage(const Image& image, PixelPoint point, const PixelRect& source, CompositingOperation operation);
+    /// corner at the point, one point a pixel. An image whose raster has another size than the image is scaled. All its
+    /// samples are taken times alpha / 255 first.
+    void drawImage(const Image& image, PixelPoint point, const PixelRect& source, CompositingOperation operation,
+                   std::uint8_t alpha = 255);
 
 private:
     PixelRect bounds() const;

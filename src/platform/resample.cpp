@@ -26,8 +26,9 @@ struct Axis {
     int end() const { return taps.back().first + static_cast<int>(taps.back().count); }
 };
 
-/// The pixels `first` to `first` + `count` of a direction that is scaled from `from` pixels to `to`.
-Axis makeAxis(int from, double to, std::int64_t first, std::int64_t count)
+/// The pixels `first` to `first` + `count` of a direction that is scaled from `from` pixels to `to`, behind `hidden`
+/// pixels of it.
+Axis makeAxis(int from, double to, double hidden, std::int64_t first, std::int64_t count)
 {
     Axis axis;
     axis.taps.reserve(static_cast<std::size_t>(count));
@@ -39,14 +40,15 @@ Axis makeAxis(int from, double to, std::int64_t first, std::int64_t count)
     };
     for (std::int64_t i = first; i < first + count; ++i) {
         axis.taps.push_back({0, axis.weights.size(), 0});
+        const double start = static_cast<double>(i) + hidden;
         if (step > 1) {
-            const double left = std::min(static_cast<double>(i) * step, from - 1.0);
-            const double right = std::clamp(static_cast<double>(i + 1) * step, left, static_cast<double>(from));
+            const double left = std::clamp(start * step, 0.0, from - 1.0);
+            const double right = std::clamp((start + 1) * step, left, static_cast<double>(from));
             const int end = std::max(static_cast<int>(std::ceil(right)), static_cast<int>(left) + 1);
             for (int pixel = static_cast<int>(left); pixel < end; ++pixel)
                 add(pixel, (std::min(right, pixel + 1.0) - std::max(left, double(pixel))) / (right - left));
         } else {
-            const double center = std::clamp((static_cast<double>(i) + 0.5) * step - 0.5, 0.0, from - 1.0);
+            const double center = std::clamp((start + 0.5) * step - 0.5, 0.0, from - 1.0);
             const int pixel = static_cast<int>(center);
             const double share = center - pixel;
             add(pixel, 1 - share);
@@ -89,15 +91,15 @@ void mixColumns(const std::vector<float>& mixed, const Axis& columns, std::span<
 
 } // namespace
 
-BitmapRef resample(const Bitmap& source, Size size, const PixelRect& region)
+BitmapRef resample(const Bitmap& source, Size size, const PixelRect& region, Point hidden)
 {
     const BitmapRef result = Bitmap::create(region.width, region.height, Bitmap::Contents::Undefined);
     if (!result)
         return nullptr;
-    const Axis columns = makeAxis(source.width(), size.width, region.x, region.width);
+    const Axis columns = makeAxis(source.width(), size.width, hidden.x, region.x, region.width);
     // Rows are stored from the top, and so are counted from the top: a broken last pixel is the bottom one.
     const auto rowsFromTop = static_cast<std::int64_t>(std::ceil(size.height)) - region.top();
-    const Axis rows = makeAxis(source.height(), size.height, rowsFromTop, region.height);
+    const Axis rows = makeAxis(source.height(), size.height, hidden.y, rowsFromTop, region.height);
     std::vector<float> mixed(static_cast<std::size_t>(columns.end() - columns.begin()) * kSamples);
     for (int y = 0; y < result->height(); ++y) {
         mixRows(source, rows, rows.taps[static_cast<std::size_t>(y)], columns, mixed);

@@ -12,7 +12,9 @@ namespace wallgrid {
 /// enlarges. Neither leaves the range of the samples it mixes, so an opaque picture stays opaque up to its edges and
 /// no colour passes its alpha.
 ///
+/// `hidden` is how far the picture is moved to the left and up before the region is taken, in pixels.
+///
 /// Costs what the region and the source pixels under it cost, whatever the size. No bitmap when there is no memory.
-BitmapRef resample(const Bitmap& source, Size size, const PixelRect& region);
+BitmapRef resample(const Bitmap& source, Size size, const PixelRect& region, Point hidden = {});
 
 } // namespace wallgrid

@@ -9,16 +9,6 @@ namespace {
 
 constexpr char32_t kReplacementCharacter = 0xFFFD;
 
-bool isHighSurrogate(char16_t unit)
-{
-    return unit >= 0xD800 && unit <= 0xDBFF;
-}
-
-bool isLowSurrogate(char16_t unit)
-{
-    return unit >= 0xDC00 && unit <= 0xDFFF;
-}
-
 void append(std::string& out, char32_t c)
 {
     const auto byte = [&](char32_t value) { out.push_back(static_cast<char>(static_cast<unsigned char>(value))); };

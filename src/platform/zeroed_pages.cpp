@@ -1,22 +1,19 @@
 // SPDX-License-Identifier: MIT
 #include "platform/zeroed_pages.h"
 
+#include "platform/pages.h"
+
 #include <new>
-#include <sys/mman.h>
 #include <utility>
 
 namespace wallgrid {
 
 ZeroedPages::ZeroedPages(std::size_t size)
+    : m_data(mapPages(wholePages(size)))
+    , m_size(wholePages(size))
 {
-    void* const address =
-        mmap(nullptr, size, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS | MAP_NORESERVE, -1, 0);
-    if (address == MAP_FAILED)
+    if (!m_data)
         throw std::bad_alloc();
-    // Advice only: with huge pages the first touch of 512 MB takes a fifth of the time.
-    madvise(address, size, MADV_HUGEPAGE);
-    m_data = static_cast<std::uint8_t*>(address);
-    m_size = size;
 }
 
 ZeroedPages::ZeroedPages(ZeroedPages&& other) noexcept
@@ -36,7 +33,7 @@ ZeroedPages& ZeroedPages::operator=(ZeroedPages&& other) noexcept
 ZeroedPages::~ZeroedPages()
 {
     if (m_data)
-        munmap(m_data, m_size);
+        unmapPages(m_data, m_size);
 }
 
 } // namespace wallgrid

@@ -16,10 +16,10 @@ public:
     ZeroedPages& operator=(ZeroedPages&& other) noexcept;
     ~ZeroedPages();
 
-    std::uint8_t* data() const { return m_data; }
+    std::uint8_t* data() const { return reinterpret_cast<std::uint8_t*>(m_data); }
 
 private:
-    std::uint8_t* m_data = nullptr;
+    std::byte* m_data = nullptr;
     std::size_t m_size = 0;
 };
 

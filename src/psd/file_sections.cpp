@@ -1,0 +1,204 @@
+// SPDX-License-Identifier: MIT
+#include "psd/append_value.h"
+#include "psd/icc_profile.h"
+#include "psd/kp_psd_writer.h"
+#include "psd/packed_bits.h"
+#include "psd/packed_rows.h"
+#include "psd/record_fields.h"
+
+#include <algorithm>
+#include <limits>
+#include <new>
+#include <string_view>
+
+namespace wallgrid {
+
+namespace {
+
+/// What a 4-byte length can say.
+constexpr std::uint64_t kLongestSection = std::numeric_limits<std::uint32_t>::max();
+/// What a 2-byte count can say; with its sign it would mean something else.
+constexpr std::size_t kMostLayers = std::numeric_limits<std::int16_t>::max();
+constexpr std::size_t kHeaderAndResources = 1024;
+
+constexpr std::int64_t kResolutionInformation = 1005;
+constexpr std::int64_t kLayerState = 1024;
+constexpr std::int64_t kIccProfile = 1039;
+constexpr std::int64_t kInches = 1;
+constexpr std::int64_t kPackBits = 1;
+
+ByteBuffer fail(KPPSDError* error, KPPSDError::Code code, std::string message)
+{
+    if (error)
+        *error = {code, std::move(message)};
+    return {};
+}
+
+void appendResource(ByteBuffer& buffer, std::int64_t identifier, std::span<const std::uint8_t> data)
+{
+    kpAppendUTF8String(buffer, "8BIM", 4);
+    kpAppendValue(buffer, identifier, 2);
+    kpAppendValue(buffer, 0, 2); // no name
+    kpAppendValue(buffer, static_cast<std::int64_t>(data.size()), 4);
+    append(buffer, data);
+}
+
+/// 16.16 fixed point.
+std::int64_t fixedPoint(float value)
+{
+    return static_cast<std::int64_t>(static_cast<double>(value) * 65536 + 0.5);
+}
+
+std::span<const std::uint8_t> profileBytes(std::int32_t colorProfile)
+{
+    switch (colorProfile) {
+    case 1:
+        return iccProfile("GenericRGB");
+    case 2:
+        return iccProfile("sRGB");
+    case 3:
+        return iccProfile("AdobeRGB1998");
+    default:
+        return {};
+    }
+}
+
+/// Puts a length in front of what was written behind its place.
+void fillInLength(ByteBuffer& buffer, std::size_t place)
+{
+    ByteBuffer length;
+    kpAppendValue(length, static_cast<std::int64_t>(buffer.size() - place - 4), 4);
+    std::ranges::copy(length, buffer.data() + place);
+}
+
+} // namespace
+
+ByteBuffer KPPSDWriter::createPSDDataWithError(KPPSDError* error)
+{
+    if (visibleLayers().empty())
+        return fail(error, KPPSDError::NoVisibleLayers, "No visible layers in the document");
+    constexpr const char* kTooLarge = "The document is too large for a PSD file";
+    constexpr const char* kNotPrepared = "The document could not be prepared for writing";
+    if (isTooLarge())
+        return fail(error, KPPSDError::TooLarge, kTooLarge);
+    try {
+        const bool prepared = preprocess();
+        const auto& merged = m_flattenedData;
+        if (!prepared || !merged || merged->width() != static_cast<int>(m_documentSize.width) ||
+            merged->height() != static_cast<int>(m_documentSize.height))
+            return fail(error, KPPSDError::NotPrepared, kNotPrepared);
+        ByteBuffer buffer;
+        buffer.reserve(largestFileSize());
+        writeFileHeaderSectionOn(buffer);
+        writeColorModeDataSectionOn(buffer);
+        writeImageResourceSectionOn(buffer);
+        if (!writeLayerAndMaskInformationSectionOn(buffer))
+            return fail(error, KPPSDError::TooLarge, kTooLarge);
+        writeImageDataSectionOn(buffer);
+        return buffer;
+    } catch (const std::bad_alloc&) {
+        return fail(error, KPPSDError::NotPrepared, kNotPrepared);
+    }
+}
+
+bool KPPSDWriter::isTooLarge() const
+{
+    const auto tooLong = [](double side) { return !(side <= KPPSDLayer::kLongestSide); };
+    if (tooLong(m_documentSize.width) || tooLong(m_documentSize.height))
+        return true;
+    const Layers visible = visibleLayers();
+    std::uint64_t least = 0;
+    for (const LayerRef& layer : visible) {
+        if (tooLong(layer->documentSize().width) || tooLong(layer->documentSize().height))
+            return true;
+        least += layer->layerChannelsSize().least;
+    }
+    return least > kLongestSection || visible.size() + static_cast<std::size_t>(openGroups()) > kMostLayers;
+}
+
+std::uint64_t KPPSDWriter::largestFileSize() const
+{
+    std::uint64_t layers = 0;
+    for (const LayerRef& layer : visibleLayers())
+        layers += layer->layerChannelsSize().most;
+    const auto rows = static_cast<std::uint64_t>(numberOfChannels() * m_flattenedData->height());
+    const std::uint64_t row = 2 + largestPackedSize(static_cast<std::size_t>(m_flattenedData->width()));
+    return kHeaderAndResources + profileBytes(m_colorProfile).size() + std::min(layers, kLongestSection) + rows * row;
+}
+
+void KPPSDWriter::writeFileHeaderSectionOn(ByteBuffer& buffer) const
+{
+    kpAppendUTF8String(buffer, "8BPS", 4);
+    kpAppendValue(buffer, 1, 2); // version
+    kpAppendValue(buffer, 0, 6);
+    kpAppendValue(buffer, numberOfChannels(), 2);
+    kpAppendValue(buffer, static_cast<std::int64_t>(m_documentSize.height), 4);
+    kpAppendValue(buffer, static_cast<std::int64_t>(m_documentSize.width), 4);
+    kpAppendValue(buffer, 8, 2); // bits a channel
+    kpAppendValue(buffer, 3, 2); // RGB
+}
+
+void KPPSDWriter::writeColorModeDataSectionOn(ByteBuffer& buffer) const
+{
+    kpAppendValue(buffer, 0, 4);
+}
+
+void KPPSDWriter::writeImageResourceSectionOn(ByteBuffer& buffer) const
+{
+    const std::size_t section = buffer.size();
+    kpAppendValue(buffer, 0, 4);
+    ByteBuffer resolution;
+    for (const float pixelsPerInch : {m_documentResolution.hResolution, m_documentResolution.vResolution}) {
+        kpAppendValue(resolution, fixedPoint(pixelsPerInch), 4);
+        kpAppendValue(resolution, m_documentResolutionUnit, 2);
+        kpAppendValue(resolution, kInches, 2); // how the width or the height is shown
+    }
+    appendResource(buffer, kResolutionInformation, resolution);
+    appendResource(buffer, kLayerState, {{0, 0}}); // the bottom layer is the target
+    if (m_colorProfile != 0)
+        appendResource(buffer, kIccProfile, profileBytes(m_colorProfile));
+    fillInLength(buffer, section);
+}
+
+/// False as soon as the section is longer than its length can say.
+bool KPPSDWriter::writeLayerAndMaskInformationSectionOn(ByteBuffer& buffer) const
+{
+    const std::size_t section = buffer.size();
+    const Layers visible = visibleLayers();
+    kpAppendValue(buffer, 0, 4); // section length
+    kpAppendValue(buffer, 0, 4); // layer information length
+    kpAppendValue(buffer, static_cast<std::int64_t>(visible.size()), 2);
+
+    // The records hold the lengths of channels that come after all records, so they are filled in then.
+    std::vector<std::size_t> records;
+    for (const LayerRef& layer : visible) {
+        records.push_back(buffer.size());
+        layer->writeLayerInformationOn(buffer, {});
+    }
+    for (std::size_t i = 0; i < visible.size(); ++i) {
+        KPPSDLayer::fillInChannelLengths(buffer, records[i], visible[i]->writeLayerChannelsOn(buffer));
+        if (buffer.size() - section > kLongestSection)
+            return false;
+    }
+    if ((buffer.size() - section) % 2 != 0)
+        kpAppendValue(buffer, 0, 1);
+    fillInLength(buffer, section);
+    fillInLength(buffer, section + 4);
+    return true;
+}
+
+void KPPSDWriter::writeImageDataSectionOn(ByteBuffer& buffer) const
+{
+    const Bitmap& merged = *m_flattenedData;
+    const int channels = numberOfChannels();
+    PackedRows rows(channels, static_cast<std::size_t>(merged.height()), static_cast<std::size_t>(merged.width()), {});
+    for (int y = 0; y < merged.height(); ++y)
+        rows.addRow(merged.row(y), y > 0 ? merged.row(y - 1).data() : nullptr);
+    kpAppendValue(buffer, kPackBits, 2);
+    for (int c = 0; c < channels; ++c)
+        rows.appendLengths(c, buffer);
+    for (int c = 0; c < channels; ++c)
+        rows.appendData(c, buffer);
+}
+
+} // namespace wallgrid

@@ -1,0 +1,59 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "psd/layers/kp_psd_layer.h"
+
+#include <memory>
+#include <utility>
+
+namespace wallgrid {
+
+/// The two markers between which the layers of a group lie, the opening one below them ("Adobe Photoshop File Formats
+/// Specification", section divider setting). Markers have no pixels and are always written.
+class KPPSDGroupLayer : public KPPSDLayer {
+public:
+    /// Whether the group is shown expanded.
+    bool isOpened() const { return m_isOpened; }
+    void setIsOpened(bool isOpened) { m_isOpened = isOpened; }
+
+    /// Takes over name, opacity, open state and the effects, which the two share from then on.
+    void copyGroupInformationFrom(const KPPSDGroupLayer& group);
+
+    bool hasValidSize() const override { return true; }
+    bool preparePixels() override { return true; }
+    ChannelLengths writeLayerChannelsOn(ByteBuffer& buffer) const override;
+    SizeBounds layerChannelsSize() const override;
+
+private:
+    bool m_isOpened = false;
+};
+
+class KPPSDGroupOpeningLayer final : public KPPSDGroupLayer {
+public:
+    /// Opacity 1, shown closed.
+    static std::shared_ptr<KPPSDGroupOpeningLayer> initWithName(StringRef name);
+    static std::shared_ptr<KPPSDGroupOpeningLayer> initWithName(StringRef name, float opacity, bool isOpened);
+
+    ByteBuffer extraLayerInformation() const override;
+
+protected:
+    const std::u16string& writtenName() const override;
+};
+
+/// Carries the group's name, opacity, open state and effects: those of its opening marker when the record is written.
+class KPPSDGroupClosingLayer final : public KPPSDGroupLayer {
+public:
+    static std::shared_ptr<KPPSDGroupClosingLayer> init();
+
+    const std::shared_ptr<KPPSDGroupOpeningLayer>& groupOpeningLayer() const { return m_groupOpeningLayer; }
+    void setGroupOpeningLayer(std::shared_ptr<KPPSDGroupOpeningLayer> layer) { m_groupOpeningLayer = std::move(layer); }
+
+    using KPPSDLayer::writeLayerInformationOn;
+    void writeLayerInformationOn(ByteBuffer& buffer, const ChannelLengths& lengths) override;
+    ByteBuffer extraLayerInformation() const override;
+
+private:
+    std::shared_ptr<KPPSDGroupOpeningLayer> m_groupOpeningLayer;
+};
+
+} // namespace wallgrid

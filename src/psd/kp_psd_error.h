@@ -1,0 +1,28 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace wallgrid {
+
+/// Why a PSD could not be made. A caller gives an empty one and looks at it afterwards: it is empty when all went well.
+struct KPPSDError {
+    static constexpr std::string_view kDomain = "io.wallgrid.psd";
+
+    enum Code {
+        None = 0,
+        ZeroDocumentSize = 1,
+        NoVisibleLayers = 2,
+        NoOpenedLayer = 3,
+        NotPrepared = 4,
+        TooLarge = 5,
+    };
+
+    Code code = None;
+    std::string message;
+
+    explicit operator bool() const { return code != None; }
+};
+
+} // namespace wallgrid

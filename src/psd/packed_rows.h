@@ -1,0 +1,58 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/byte_buffer.h"
+#include "platform/color.h"
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <span>
+#include <vector>
+
+namespace wallgrid {
+
+/// The rows of a picture as a PSD holds them: for each channel (red, green, blue and perhaps transparency) the packed
+/// length of every row, then the packed rows. Each different row is packed once and kept once: pictures of walls repeat
+/// most of theirs.
+class PackedRows {
+public:
+    static constexpr int kMostChannels = 4;
+
+    /// What stands in all channels beside the pixels of a row and in rows without pixels.
+    struct Margins {
+        std::uint8_t fill = 0;
+        std::size_t left = 0;
+        std::size_t right = 0;
+    };
+
+    /// For at most so many rows of so many pixels, the margins not counted.
+    PackedRows(int channels, std::size_t rows, std::size_t pixels, Margins margins);
+
+    /// Adds rows of `samples` fill samples.
+    void addFilledRows(std::size_t samples, std::size_t rows);
+    /// Adds a row of pixels between its margins. The three are packed each for itself, and a margin of 0 not at all.
+    /// `above` is the row of pixels that was added just before, if any; a row that looks like it is not packed again.
+    void addRow(std::span<const Pixel> pixels, const Pixel* above);
+
+    /// Two bytes a row, big-endian.
+    void appendLengths(int channel, ByteBuffer& buffer) const;
+    void appendData(int channel, ByteBuffer& buffer) const;
+
+private:
+    /// Where a packed row stands in m_packed.
+    struct Piece {
+        std::size_t begin = 0;
+        std::size_t length = 0;
+    };
+
+    ByteBuffer packedFill(std::size_t samples) const;
+
+    int m_channels;
+    std::uint8_t m_fill;
+    ByteBuffer m_left, m_right;
+    ByteBuffer m_packed;
+    std::array<std::vector<Piece>, kMostChannels> m_rows;
+};
+
+} // namespace wallgrid
