@@ -98,6 +98,22 @@ Expected<std::uint32_t> ArchiveReader::reference(const PlistObject& record, std:
     return *uid;
 }
 
+Expected<std::vector<std::uint8_t>> ArchiveReader::dataObject(const PlistObject& record, std::string_view key)
+{
+    using Result = std::vector<std::uint8_t>;
+    const auto uid = reference(record, key);
+    if (!uid)
+        return tl::unexpected(uid.error());
+    if (*uid == 0)
+        return Result();
+    const PlistObject entry = m_archive->entry(*uid);
+    if (entry.kind() == Kind::Data)
+        return Result(entry.data().begin(), entry.data().end());
+    if (const auto checked = expectClass(entry, {"NSMutableData", "NSData"}, key); !checked)
+        return tl::unexpected(checked.error());
+    return data(entry, "NS.data").map([](auto bytes) { return Result(bytes.begin(), bytes.end()); });
+}
+
 Expected<StringRef> ArchiveReader::string(const PlistObject& record, std::string_view key)
 {
     const auto inlined = value(record, key);

@@ -27,6 +27,8 @@ public:
     /// The number of the entry that is referred to, 0 for nil.
     Expected<std::uint32_t> reference(const PlistObject& record, std::string_view key);
 
+    /// The bytes of a data object; none for nil.
+    Expected<std::vector<std::uint8_t>> dataObject(const PlistObject& record, std::string_view key);
     Expected<StringRef> string(const PlistObject& record, std::string_view key);
     /// Text that is no URL and a record without text give an empty reference.
     Expected<UrlRef> url(const PlistObject& record, std::string_view key);

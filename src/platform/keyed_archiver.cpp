@@ -179,4 +179,13 @@ void KeyedArchiver::encodeObject(const UrlRef& url, std::string_view key)
     set(m_record, key, m_writer.uid(add(url)));
 }
 
+void KeyedArchiver::encodeObject(const std::vector<std::uint8_t>& data, std::string_view key)
+{
+    const Uid uid = newEntry();
+    Record record;
+    set(record, "NS.data", m_writer.data({reinterpret_cast<const char*>(data.data()), data.size()}));
+    finish(uid, record, {"NSMutableData", "NSData", "NSObject"});
+    set(m_record, key, m_writer.uid(uid));
+}
+
 } // namespace wallgrid

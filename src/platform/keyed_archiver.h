@@ -24,6 +24,7 @@ public:
     void encodeObject(const StringRef& string, std::string_view key);
     void encodeObject(const ColorRef& color, std::string_view key);
     void encodeObject(const UrlRef& url, std::string_view key);
+    void encodeObject(const std::vector<std::uint8_t>& data, std::string_view key);
 
 private:
     using Ref = PropertyListWriter::Ref;

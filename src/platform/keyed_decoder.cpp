@@ -52,4 +52,9 @@ UrlRef KeyedDecoder::decodeUrl(std::string_view key)
     return read(&ArchiveReader::url, key);
 }
 
+std::vector<std::uint8_t> KeyedDecoder::decodeData(std::string_view key)
+{
+    return read(&ArchiveReader::dataObject, key);
+}
+
 } // namespace wallgrid

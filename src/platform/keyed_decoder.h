@@ -7,6 +7,7 @@
 #include "platform/url.h"
 
 #include <optional>
+#include <vector>
 
 namespace wallgrid {
 
@@ -29,6 +30,7 @@ public:
     ColorRef decodeColor(std::string_view key);
     /// Text that is no URL reads as an empty reference.
     UrlRef decodeUrl(std::string_view key);
+    std::vector<std::uint8_t> decodeData(std::string_view key);
 
     const std::optional<Error>& error() const { return m_error; }
 

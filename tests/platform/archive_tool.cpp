@@ -4,6 +4,9 @@
 //   archive_tool write FILE          writes a small project
 //   archive_tool read FILE           prints the items of a project, a line a value
 //   archive_tool recolour IN OUT     writes the colour of the first item of a project as the root of an archive
+//   archive_tool rows FILE ROW...    writes a set of row numbers
+//   archive_tool first FILE          prints the first number of a set
+#include "platform/archived_index_set.h"
 #include "platform/keyed_archiver.h"
 #include "platform/keyed_decoder.h"
 
@@ -11,6 +14,8 @@
 #include <cstdlib>
 #include <fstream>
 #include <iterator>
+#include <set>
+#include <string>
 
 using namespace wallgrid;
 
@@ -47,11 +52,15 @@ T valueOf(Expected<T> value)
     return std::move(*value);
 }
 
-std::vector<ArchivedObject> partsOf(const char* path)
+Bytes contentsOf(const char* path)
 {
     std::ifstream file(path, std::ios::binary);
-    std::vector<std::uint8_t> bytes{std::istreambuf_iterator<char>(file), {}};
-    return valueOf(valueOf(KeyedUnarchiver::rootObject(std::move(bytes))).elements());
+    return {std::istreambuf_iterator<char>(file), {}};
+}
+
+std::vector<ArchivedObject> partsOf(const char* path)
+{
+    return valueOf(valueOf(KeyedUnarchiver::rootObject(contentsOf(path))).elements());
 }
 
 void writeTo(const char* path, const ArchiveValue& root)
@@ -104,6 +113,16 @@ void recolour(const char* from, const char* to)
     writeTo(to, KeyedDecoder(items.at(0)).decodeColor("rectcolor"));
 }
 
+void writeRows(const char* path, const std::vector<std::string>& numbers)
+{
+    std::set<std::size_t> rows;
+    for (const std::string& number : numbers)
+        rows.insert(std::stoul(number));
+    const Bytes bytes = archivedIndexSet(rows);
+    std::ofstream(path, std::ios::binary)
+        .write(reinterpret_cast<const char*>(bytes.data()), static_cast<std::streamsize>(bytes.size()));
+}
+
 } // namespace
 
 int main(int argc, char** argv)
@@ -115,6 +134,10 @@ int main(int argc, char** argv)
         read(argv[2]);
     else if (mode == "recolour" && argc > 3)
         recolour(argv[2], argv[3]);
+    else if (mode == "rows")
+        writeRows(argv[2], {argv + 3, argv + argc});
+    else if (mode == "first")
+        std::printf("%zu\n", valueOf(firstIndexOfArchivedSet(contentsOf(argv[2]))));
     else
         return 2;
 }

@@ -101,6 +101,56 @@ def check_recoloured(tool, path, copy):
     assert resolved(found["$objects"], found["$top"]["root"]) == resolved(project, UID(9)), found
 
 
+def index_set(**values):
+    return archive(["$null", values | {"$class": UID(3)}, b"\x02\x01\x05\x01",
+                    {"$classname": "NSIndexSet", "$classes": ["NSIndexSet", "NSObject"]}])
+
+
+def check_rows(tool, path):
+    """Sets of rows, whole; the data of two ranges and more is an object of its own."""
+    written = {
+        (): {"NSRangeCount": 0},
+        (0,): {"NSRangeCount": 1, "NSLocation": 0, "NSLength": 1},
+        (200, 201, 202): {"NSRangeCount": 1, "NSLocation": 200, "NSLength": 3},
+        (2, 5): {"NSRangeCount": 2, "NSRangeData": b"\x02\x01\x05\x01"},
+        (127, 128, 300, 70000): {"NSRangeCount": 3, "NSRangeData": b"\x7f\x02\xac\x02\x01\xf0\xa2\x04\x01"},
+    }
+    for rows, expected in written.items():
+        subprocess.run([tool, "rows", path, *map(str, rows)], check=True)
+        root = plistlib.loads(path.read_bytes(), fmt=plistlib.FMT_BINARY)
+        found = resolved(root["$objects"], root["$top"]["root"])
+        assert found.pop("$class") == {"$classname": "NSIndexSet", "$classes": ["NSIndexSet", "NSObject"]}, found
+        if "NSRangeData" in found:
+            data = found["NSRangeData"]
+            assert data.pop("$class")["$classes"] == ["NSMutableData", "NSData", "NSObject"], data
+            found["NSRangeData"] = data["NS.data"]
+        assert found == expected, f"{rows}: wrote {found}"
+        check_first(tool, path, rows[0] if rows else None)
+
+    read = [
+        (index_set(NSRangeCount=2, NSRangeData=UID(2)), 2),
+        (index_set(NSRangeCount=1, NSLocation=2 ** 31 - 1, NSLength=9), 2 ** 31 - 1),
+        (index_set(NSRangeCount=1, NSLocation=-1, NSLength=1), None),
+        (index_set(NSRangeCount=1, NSLocation=2 ** 31, NSLength=1), None),
+        (index_set(NSRangeCount=-1, NSRangeData=UID(2)), None),
+        (index_set(NSRangeCount=2, NSRangeData=UID(0)), None),
+        (index_set(NSRangeCount=2, NSRangeData=UID(3)), None),
+        (index_set(NSRangeCount=2, NSRangeData="text"), None),
+        (foreign_project(), None),
+    ]
+    for root, first in read:
+        path.write_bytes(plistlib.dumps(root, fmt=plistlib.FMT_BINARY))
+        check_first(tool, path, first)
+
+
+def check_first(tool, path, expected):
+    """Without an expected number the set must be refused."""
+    run = subprocess.run([tool, "first", path], capture_output=True, text=True)
+    found = int(run.stdout) if run.returncode == 0 else run.returncode
+    assert found == (1 if expected is None else expected), f"{found} instead of {expected}: {run.stderr}"
+    assert (expected is None) == bool(run.stderr), run.stderr
+
+
 def main():
     tool = sys.argv[1]
     with tempfile.TemporaryDirectory() as folder:
@@ -108,6 +158,7 @@ def main():
         check_written(tool, project)
         check_read(tool, project)
         check_recoloured(tool, project, copy)
+        check_rows(tool, copy)
 
 
 main()
