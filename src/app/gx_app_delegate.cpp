@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "app/gx_app_delegate.h"
 
-#include "items/gx_screen.h"
+#include "app/new_items.h"
+#include "app/row_drag.h"
 
 #include <string>
 #include <vector>
@@ -18,36 +19,6 @@ std::vector<std::string> observedProperties()
             keys.emplace_back(field.property);
     }
     return keys;
-}
-
-StringRef numberedName(std::u16string prefix, std::int32_t number)
-{
-    const std::string digits = std::to_string(number);
-    return makeString(prefix.append(digits.begin(), digits.end()));
-}
-
-/// The screen that a new document holds and that the Add command makes.
-ScreenRef makeDefaultScreen(StringRef label)
-{
-    return GXScreen::initWithrow(4, 4, 78, 78, Color::redColor(), Color::whiteColor(), Color::whiteColor(), 50, true,
-                                 true, std::move(label), false, 0, 0);
-}
-
-/// Test patterns laid out for the launch raster of 1920 × 1080.
-ItemArray makePresets()
-{
-    const ColorRef red = Color::redColor();
-    const ColorRef green = Color::greenColor();
-    const ColorRef white = Color::whiteColor();
-    return {
-        GXScreen::initWithrow(10, 10, 192, 108, red, white, white, 50, false, true, makeString(u"GRID"), false, 0, 0),
-        // 1620 rows: the middle 1080 cover the raster, 270 overhang at the top and at the bottom.
-        GXScreen::initWithrow(3, 1, 1920, 540, green, green, white, 50, false, true, makeString(u"LINES"), false, 0,
-                              -270),
-        GXScreen::initWithrow(2, 2, 960, 540, red, red, white, 50, false, true, makeString(u"CROSS"), false, 0, 0),
-        GXScreen::initWithrow(1, 1, 960, 540, red, white, white, 50, false, false, makeString(u"CIRCLE"), true, 480,
-                              270),
-    };
 }
 
 } // namespace
@@ -76,6 +47,10 @@ void GXAppDelegate::applicationDidFinishLaunching()
     m_shouldUpdate = true;
     setAllScreensArray(std::make_shared<ItemArray>(ItemArray{std::move(defaultItem)}));
     setPresetScreensArray(std::make_shared<ItemArray>(std::move(presets)));
+    for (TableView* table : {m_outlets.table, m_outlets.ptable}) {
+        if (table)
+            table->setDelegate(this);
+    }
     buildPreview();
 
     m_arraycontroller.addObserverForArrangedObjects(observedProperties(), [this] { observeValueForKeyPath(); });

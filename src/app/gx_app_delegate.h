@@ -8,10 +8,13 @@
 #include "platform/color.h"
 #include "platform/desktop.h"
 #include "platform/image.h"
+#include "platform/table_view.h"
 #include "platform/views.h"
 
+#include <cstddef>
 #include <cstdint>
 #include <memory>
+#include <set>
 #include <string_view>
 #include <utility>
 
@@ -20,20 +23,18 @@ namespace wallgrid {
 /// The application's one controller, and the document itself: the output size, two colours, the item list and the
 /// preset list, and the raster composed of them. It drives the interface through the views it is connected to and
 /// works without any. One thread; the desktop it is given must outlive it.
-class GXAppDelegate {
+class GXAppDelegate final : public TableDelegate {
 public:
     using ItemController = ArrayController<GXItem>;
     using ItemArrayRef = ItemController::ContentRef;
 
-    /// The pasteboard type of rows dragged inside and between the two tables.
-    static constexpr std::string_view kRowDragType = "BasicTableViewDragAndDropDataType";
-
     /// Views that belong to the interface, each may be missing. They must outlive the controller or be disconnected.
     struct Outlets {
         Window* outputWindow = nullptr; ///< holds the large preview, `pvwImageWell`
-        TableView* table = nullptr;     ///< the main list table
-        TableView* ptable = nullptr;    ///< the preset table
+        TableView* table = nullptr;     ///< the main list table, "mainTView"
+        TableView* ptable = nullptr;    ///< the preset table, "presetTView"
         ImageView* miniPvw = nullptr;   ///< the small preview in the main window
+        SheetLoader* sheets = nullptr;  ///< the sheets of the main window
     };
 
     enum class TerminateReply {
@@ -47,7 +48,7 @@ public:
     // Start and end ------------------------------------------------------------------------------------------------
 
     void connect(const Outlets& outlets) { m_outlets = outlets; }
-    /// Registers both tables for the drag type. May run more than once.
+    /// Registers both tables for the drag type. Runs again for each sheet that is loaded.
     void awakeFromNib();
     /// Builds the launch document, the preset list and the preview, and composes for the first time.
     void applicationDidFinishLaunching();
@@ -76,6 +77,45 @@ public:
 
     /// The next number of default names: "Layer %i", "Untitled %i".
     std::int32_t screenNumber() const { return m_screenNumber; }
+
+    // The lists: list_editing.cpp, presets.cpp ---------------------------------------------------------------------
+
+    /// Opens the Add sheet, a choice of what to add. Its four actions follow.
+    void add();
+    void CancelAddWindow();
+    /// Adds a screen, named "Layer %i", in row 1 whatever row is selected; in row 0 of an empty list.
+    void AddScreen();
+    /// Adds the image file chosen in an open panel, at the same place. When none is chosen the sheet stays. A file that
+    /// is no image gives a still of size 0.
+    void AddImage();
+    void AddMask() {}
+    /// Removes the selected items; an alert refuses it while the list has fewer than two.
+    void remove();
+    void removeSelectedScreen() {}
+    void openAbout();
+    void closeAbout();
+
+    /// Writes the preset list to a file chosen in a save panel, exactly as it is named there.
+    void savePresets();
+    /// Puts the items of a preset file in the place of the preset list. A file that is none changes nothing.
+    void openPresets();
+    /// Removes the selected presets; an alert refuses it while there are fewer than two.
+    void removePreset();
+
+    /// A drop moves a row inside its table and copies it into the other one, always the first of the dragged rows. A
+    /// drop without rows of the list that the drag began in changes nothing. Every answer is YES, every operation.
+    bool tableViewWriteRowsWithIndexes(TableView& table, const std::set<std::size_t>& rows,
+                                       Pasteboard& pasteboard) override;
+    DragOperations tableViewValidateDrop(TableView&, const Pasteboard&, std::ptrdiff_t, DropOperation) override
+    {
+        return kDragOperationEvery;
+    }
+    bool tableViewAcceptDrop(TableView& table, const Pasteboard& dragged, std::ptrdiff_t row,
+                             DropOperation operation) override;
+    /// Selects the main table's selected row, if any, in `arraycontroller`; whichever table's selection changed.
+    void tableViewSelectionDidChange() override;
+    /// The table that the last drag began in: 0 none yet, 1 the main list table, 2 the preset table.
+    std::int32_t draggedTV() const { return m_draggedTV; }
 
     // Composition --------------------------------------------------------------------------------------------------
 
@@ -118,6 +158,10 @@ private:
     void compose();
     void show(ImageRef image);
     void reloadTable();
+    void insertNewItem(ItemRef item);
+    void endAddSheet();
+    /// Whether it may be; an alert says that it may not.
+    bool mayRemoveFrom(const ItemController& list);
 
     Desktop m_desktop;
     Outlets m_outlets;
@@ -131,6 +175,9 @@ private:
     ColorRef m_bgColor;
     ColorRef m_edgeColor;
     std::int32_t m_screenNumber = 0;
+    std::int32_t m_draggedTV = 0;
+    std::shared_ptr<Sheet> m_AddWindow;
+    std::shared_ptr<Sheet> m_aboutWindow;
 
     BitmapRef m_offscreenRep;
     ImageRef m_img;

@@ -4,6 +4,7 @@
 #include "platform/geometry.h"
 #include "platform/image.h"
 
+#include <memory>
 #include <string_view>
 
 namespace wallgrid {
@@ -31,13 +32,21 @@ public:
     virtual void show() = 0;
 };
 
-class TableView {
+/// A small window that hangs on the main window, which takes no input meanwhile.
+class Sheet {
 public:
-    virtual ~TableView() = default;
-    /// The rows show their objects' present state when they are next painted.
-    virtual void reloadData() = 0;
-    /// The table takes drops that carry this pasteboard type. Registering again changes nothing.
-    virtual void registerForDraggedType(std::string_view type) = 0;
+    virtual ~Sheet() = default;
+    virtual void begin() = 0;
+    /// Ending it again changes nothing.
+    virtual void end() = 0;
+};
+
+/// Makes sheets from the interface files that describe them.
+class SheetLoader {
+public:
+    virtual ~SheetLoader() = default;
+    /// A new sheet each time, not yet begun. Whoever holds it ends it by letting it go. "AddWindow" and "About" exist.
+    virtual std::shared_ptr<Sheet> loadNibNamed(std::string_view name) = 0;
 };
 
 } // namespace wallgrid

@@ -70,13 +70,6 @@ ItemTable::ItemTable(GXAppDelegate::ItemController& controller, std::vector<Item
     reloadData();
 }
 
-void ItemTable::registerForDraggedType(std::string_view type)
-{
-    const auto name = QString::fromUtf8(type.data(), static_cast<qsizetype>(type.size()));
-    if (!m_draggedTypes.contains(name))
-        m_draggedTypes.append(name);
-}
-
 void ItemTable::synchronize()
 {
     const QScopedValueRollback guard(m_synchronizing, true);
@@ -101,12 +94,31 @@ void ItemTable::selectionChanged(const QItemSelection& selected, const QItemSele
     QTableView::selectionChanged(selected, deselected);
     if (m_synchronizing || m_reload.isPending())
         return;
-    GXAppDelegate::ItemController::Indexes rows;
+    // The delegate knows of one row only; the controller is to have them all.
+    if (m_delegate)
+        m_delegate->tableViewSelectionDidChange();
+    m_controller.setSelectionIndexes(selectedRows());
+}
+
+ItemTable::Rows ItemTable::selectedRows() const
+{
+    Rows rows;
     for (const QItemSelectionRange& range : selectionModel()->selection()) {
         for (int row = range.top(); row <= range.bottom(); ++row)
             rows.insert(static_cast<std::size_t>(row));
     }
-    m_controller.setSelectionIndexes(rows);
+    return rows;
+}
+
+std::optional<std::size_t> ItemTable::selectedRow()
+{
+    m_reload.finish();
+    const Rows rows = selectedRows();
+    if (rows.empty())
+        return std::nullopt;
+    const int current = currentIndex().row();
+    return current >= 0 && rows.contains(static_cast<std::size_t>(current)) ? static_cast<std::size_t>(current)
+                                                                            : *rows.begin();
 }
 
 void ItemTable::initViewItemOption(QStyleOptionViewItem* option) const

@@ -1,17 +1,18 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "platform/views.h"
+#include "platform/table_view.h"
 #include "ui/deferred.h"
 #include "ui/item_table_model.h"
 
 #include <QStringList>
 #include <QTableView>
+#include <optional>
 
 namespace wallgrid {
 
-/// A table of items that shares its selection with an array controller, both ways. The space bar shows and hides the
-/// selected items.
+/// A table of items that shares its selection with an array controller, both ways, and lets its delegate serve the
+/// drags of its rows; its object name is its identifier. The space bar shows and hides the selected items.
 class ItemTable final : public QTableView, public TableView {
     Q_OBJECT
 
@@ -20,8 +21,12 @@ public:
     ItemTable(GXAppDelegate::ItemController& controller, std::vector<ItemTableModel::Column> columns,
               QWidget* parent = nullptr);
 
-    void reloadData() override { m_reload.schedule(); }
+    std::string identifier() const override { return objectName().toStdString(); }
+    void setDelegate(TableDelegate* delegate) override { m_delegate = delegate; }
     void registerForDraggedType(std::string_view type) override;
+    std::optional<std::size_t> selectedRow() override;
+    void noteNumberOfRowsChanged() override { m_reload.schedule(); }
+    void reloadData() override { m_reload.schedule(); }
     const QStringList& draggedTypes() const { return m_draggedTypes; }
 
 protected:
@@ -29,10 +34,26 @@ protected:
     void initViewItemOption(QStyleOptionViewItem* option) const override;
     bool viewportEvent(QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+
+    void startDrag(Qt::DropActions) override;
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dragMoveEvent(QDragMoveEvent* event) override;
+    void dragLeaveEvent(QDragLeaveEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
 
 private:
+    using Rows = GXAppDelegate::ItemController::Indexes;
+
     void synchronize();
     void showSelection();
+    Rows selectedRows() const;
+    Pasteboard pasteboardOf(const QMimeData& mimeData) const;
+    /// Whether the delegate takes a drop at the event's place; the event is answered, and the place shown or not.
+    bool validateDrop(QDropEvent& event);
+    void showDropRow(std::optional<int> row);
+    /// Where the gap above a row is, in the viewport.
+    int topOfRow(int row) const;
     void toggleSelectedVisibility();
 
     GXAppDelegate::ItemController& m_controller;
@@ -40,6 +61,8 @@ private:
     Deferred m_reload;
     bool m_synchronizing = false;
     QStringList m_draggedTypes;
+    TableDelegate* m_delegate = nullptr;
+    std::optional<int> m_dropRow; ///< the gap that is marked while a drag is over the table
 };
 
 } // namespace wallgrid

@@ -90,7 +90,8 @@ Qt::ItemFlags ItemTableModel::flags(const QModelIndex& index) const
 {
     if (!index.isValid())
         return {};
-    const Qt::ItemFlags flags = Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemNeverHasChildren;
+    const Qt::ItemFlags flags =
+        Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemIsDragEnabled | Qt::ItemNeverHasChildren;
     return columnOf(index) == Column::Visible ? flags | Qt::ItemIsUserCheckable : flags;
 }
 

@@ -83,8 +83,10 @@ MainWindow::MainWindow(GXAppDelegate& delegate, QtRecentDocuments& recentDocumen
 QWidget* MainWindow::makeLists()
 {
     m_table = new ItemTable(m_delegate.arraycontroller(), {Column::Visible, Column::Thumbnail, Column::Name});
+    m_table->setObjectName("mainTView");
     m_table->setAccessibleName(tr("Layers"));
     m_ptable = new ItemTable(m_delegate.presetarraycontroller(), {Column::Thumbnail, Column::Name});
+    m_ptable->setObjectName("presetTView");
     m_ptable->setAccessibleName(tr("Presets"));
     auto* lists = new QSplitter(Qt::Vertical);
     lists->addWidget(titled(tr("&Layers"), m_table));

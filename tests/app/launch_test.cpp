@@ -2,6 +2,7 @@
 #include "items/gx_screen.h"
 #include "platform/unicode.h"
 #include "scripted_desktop.h"
+#include "scripted_views.h"
 
 #include <sstream>
 
@@ -30,25 +31,18 @@ struct ScriptedWindow : Window {
     Rect frame;
 };
 
-struct ScriptedTable : TableView {
-    void reloadData() override { ++reloads; }
-    void registerForDraggedType(std::string_view newType) override { type = newType; }
-    int reloads = 0;
-    std::string type;
-};
-
 class Launch : public ScriptedDesktop {
 protected:
     Launch()
     {
-        delegate.connect({&window, &table, &ptable, &mini});
+        delegate.connect({&window, &table, &ptable, &mini, nullptr});
         delegate.awakeFromNib();
         delegate.applicationDidFinishLaunching();
     }
 
     ScriptedWindow window;
-    ScriptedTable table;
-    ScriptedTable ptable;
+    ScriptedTable table{"mainTView"};
+    ScriptedTable ptable{"presetTView"};
     ScriptedImageView mini;
 };
 
@@ -91,6 +85,8 @@ TEST_F(Launch, BuildsThePreviewAndShowsTheFirstRaster)
     EXPECT_EQ(delegate.pvwImageWell(), &window.view);
     EXPECT_EQ(table.type, "BasicTableViewDragAndDropDataType");
     EXPECT_EQ(ptable.type, "BasicTableViewDragAndDropDataType");
+    EXPECT_EQ(table.delegate, &delegate);
+    EXPECT_EQ(ptable.delegate, &delegate);
 
     ASSERT_TRUE(delegate.offscreenRep());
     EXPECT_EQ(delegate.offscreenRep()->width(), 1920);

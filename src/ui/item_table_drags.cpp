@@ -1,0 +1,138 @@
+// SPDX-License-Identifier: MIT
+#include "ui/item_table.h"
+
+#include <QDrag>
+#include <QDragMoveEvent>
+#include <QMimeData>
+#include <QPainter>
+#include <algorithm>
+
+namespace wallgrid {
+
+namespace {
+
+constexpr int kDropLine = 2;
+
+QMimeData* mimeDataOf(const Pasteboard& pasteboard)
+{
+    auto* data = new QMimeData;
+    for (const auto& [type, bytes] : pasteboard.contents()) {
+        data->setData(QString::fromStdString(type),
+                      QByteArray(reinterpret_cast<const char*>(bytes.data()), static_cast<qsizetype>(bytes.size())));
+    }
+    return data;
+}
+
+} // namespace
+
+void ItemTable::registerForDraggedType(std::string_view type)
+{
+    const auto name = QString::fromUtf8(type.data(), static_cast<qsizetype>(type.size()));
+    if (!m_draggedTypes.contains(name))
+        m_draggedTypes.append(name);
+    setDragDropMode(DragDrop);
+}
+
+Pasteboard ItemTable::pasteboardOf(const QMimeData& mimeData) const
+{
+    Pasteboard pasteboard;
+    for (const QString& type : m_draggedTypes) {
+        if (!mimeData.hasFormat(type))
+            continue;
+        const QByteArray bytes = mimeData.data(type);
+        pasteboard.declareType(type.toStdString());
+        pasteboard.setData({bytes.begin(), bytes.end()}, type.toStdString());
+        break;
+    }
+    return pasteboard;
+}
+
+void ItemTable::startDrag(Qt::DropActions)
+{
+    m_reload.finish();
+    const Rows rows = selectedRows();
+    Pasteboard pasteboard;
+    if (rows.empty() || !m_delegate || !m_delegate->tableViewWriteRowsWithIndexes(*this, rows, pasteboard))
+        return;
+    auto* drag = new QDrag(this); // deletes itself
+    drag->setMimeData(mimeDataOf(pasteboard));
+    // Only the first row will be dropped, so that one is seen to move.
+    const QRect first(0, topOfRow(static_cast<int>(*rows.begin())), viewport()->width(), rowHeight(0));
+    if (viewport()->rect().contains(first)) {
+        drag->setPixmap(viewport()->grab(first));
+        drag->setHotSpot(QPoint(std::max(0, viewport()->mapFromGlobal(QCursor::pos()).x()), first.height() / 2));
+    }
+    drag->exec(Qt::CopyAction | Qt::MoveAction, Qt::MoveAction);
+}
+
+int ItemTable::topOfRow(int row) const
+{
+    const int count = m_model.rowCount();
+    if (row < count)
+        return rowViewportPosition(row);
+    return count == 0 ? 0 : rowViewportPosition(count - 1) + rowHeight(count - 1);
+}
+
+bool ItemTable::validateDrop(QDropEvent& event)
+{
+    m_reload.finish();
+    const int y = event.position().toPoint().y();
+    int row = rowAt(y);
+    if (row < 0)
+        row = m_model.rowCount();
+    else if (y >= rowViewportPosition(row) + rowHeight(row) / 2)
+        ++row;
+
+    const Pasteboard dragged = pasteboardOf(*event.mimeData());
+    const bool valid = m_delegate && !dragged.contents().empty() &&
+                       m_delegate->tableViewValidateDrop(*this, dragged, row, DropOperation::Above) != 0;
+    if (valid)
+        event.setDropAction(event.source() == this ? Qt::MoveAction : Qt::CopyAction);
+    event.setAccepted(valid);
+    showDropRow(valid ? std::optional(row) : std::nullopt);
+    return valid;
+}
+
+void ItemTable::showDropRow(std::optional<int> row)
+{
+    if (row == m_dropRow)
+        return;
+    m_dropRow = row;
+    viewport()->update();
+}
+
+void ItemTable::dragEnterEvent(QDragEnterEvent* event)
+{
+    validateDrop(*event);
+}
+
+void ItemTable::dragMoveEvent(QDragMoveEvent* event)
+{
+    QTableView::dragMoveEvent(event); // scrolls at the edges
+    validateDrop(*event);
+}
+
+void ItemTable::dragLeaveEvent(QDragLeaveEvent* event)
+{
+    QTableView::dragLeaveEvent(event);
+    showDropRow(std::nullopt);
+}
+
+void ItemTable::dropEvent(QDropEvent* event)
+{
+    if (validateDrop(*event))
+        m_delegate->tableViewAcceptDrop(*this, pasteboardOf(*event->mimeData()), *m_dropRow, DropOperation::Above);
+    QDragLeaveEvent over;
+    dragLeaveEvent(&over);
+}
+
+void ItemTable::paintEvent(QPaintEvent* event)
+{
+    QTableView::paintEvent(event);
+    if (!m_dropRow)
+        return;
+    const int y = std::clamp(topOfRow(*m_dropRow) - kDropLine / 2, 0, std::max(0, viewport()->height() - kDropLine));
+    QPainter(viewport()).fillRect(0, y, viewport()->width(), kDropLine, palette().text());
+}
+
+} // namespace wallgrid
