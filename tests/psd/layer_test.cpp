@@ -1,0 +1,252 @@
+// SPDX-License-Identifier: MIT
+#include "picture.h"
+#include "psd/group_layers.h"
+#include "psd/hex.h"
+#include "psd/layers/kp_psd_layer.h"
+
+#include <array>
+#include <cmath>
+#include <gtest/gtest.h>
+#include <limits>
+#include <stdexcept>
+
+using namespace wallgrid;
+using test::hex;
+using test::written;
+
+namespace {
+
+std::shared_ptr<KPPSDLayer> makeLayer(Size document, BitmapRef image, Point offset)
+{
+    auto layer = KPPSDLayer::init();
+    layer->setDocumentSize(document);
+    layer->setImage(std::move(image));
+    layer->setName(makeString(u"abc"));
+    layer->setOffset(offset);
+    return layer;
+}
+
+BitmapRef filled(int width, int height, Pixel pixel)
+{
+    const BitmapRef bitmap = Bitmap::create(width, height);
+    for (int y = 0; y < height; ++y)
+        std::ranges::fill(bitmap->row(y), pixel);
+    return bitmap;
+}
+
+std::vector<std::string> channels(const KPPSDLayer& layer)
+{
+    std::vector<std::string> channels;
+    for (const ByteBuffer& channel : layer.layerChannels())
+        channels.push_back(hex(channel));
+    return channels;
+}
+
+Rect rect(double x, double y, double width, double height)
+{
+    return {{x, y}, {width, height}};
+}
+
+} // namespace
+
+TEST(Layer, IsCroppedToTheDocument)
+{
+    constexpr double kInfinite = std::numeric_limits<double>::infinity();
+    const struct {
+        Point offset;
+        bool visible;
+        Rect crop, inDocument;
+    } cases[] = {
+        {{0, 0}, true, rect(0, 0, 30, 20), rect(0, 0, 30, 20)},
+        {{-10, -5}, true, rect(10, 5, 20, 15), rect(0, 0, 20, 15)},
+        {{90, 45}, true, rect(0, 0, 10, 5), rect(90, 45, 10, 5)},
+        {{-10.5, 2.5}, true, rect(10, 0, 19.5, 20), rect(0, 2.5, 19.5, 20)},
+        {{100, 0}, false, rect(0, 0, 0, 20), rect(100, 0, 0, 20)},
+        {{-30, 0}, false, rect(30, 0, 0, 20), rect(0, 0, 0, 20)},
+        {{0, 1e300}, false, rect(0, 0, 30, 50 - 1e300), rect(0, 50, 30, 50 - 1e300)},
+        {{kInfinite, 0}, false, rect(0, 0, 0, 0), rect(100, 0, 0, 0)},
+    };
+    for (const auto& c : cases) {
+        const auto layer = makeLayer({100, 50}, filled(30, 20, {255, 1, 2, 3}), c.offset);
+        EXPECT_EQ(layer->hasValidSize(), c.visible) << layer->description();
+        EXPECT_EQ(layer->imageCropRegion(), c.crop) << layer->description();
+        EXPECT_EQ(layer->imageInDocumentRegion(), c.inDocument) << layer->description();
+        // Whatever is visible, the channels cover the document.
+        EXPECT_TRUE(layer->preparePixels());
+        EXPECT_EQ(layer->layerChannels().size(), 4U);
+    }
+    const auto wide = makeLayer({1920, 10}, filled(3000, 10, {255, 1, 2, 3}), {-100, 0});
+    EXPECT_EQ(wide->imageCropRegion(), rect(100, 0, 1920, 10));
+    EXPECT_FALSE(makeLayer({100, 50}, nullptr, {})->hasValidSize());
+    EXPECT_EQ(makeLayer({100, 50}, filled(30, 20, {}), {-10, 2})->description(),
+              "(super: KPPSDLayer): Layer named 'abc' (opacity: 1.000000). Image Crop Region: (10.000000, 0.000000, "
+              "20.000000, 20.000000). Image In Document Region (0.000000, 2.000000, 20.000000, 20.000000)");
+}
+
+TEST(Layer, PixelsAreTheVisibleOnes)
+{
+    const BitmapRef image = test::picture({"RGBW", "KRGB", "WKRG"});
+    const auto layer = makeLayer({100, 2}, image, {-1, -1});
+    const BitmapRef pixels = layer->visibleImageData();
+    EXPECT_TRUE(test::samePicture(pixels, test::picture({"RGB", "KRG"})));
+    layer->setImage(image);
+    EXPECT_EQ(layer->visibleImageData(), pixels);
+    layer->setImage(test::picture({"RRR", "GGG"}));
+    EXPECT_TRUE(test::samePicture(layer->visibleImageData(), test::picture({"GG"})));
+    layer->setVisibleImageData(test::picture({"K"}));
+    EXPECT_FALSE(layer->preparePixels()); // not the size of the crop region
+    EXPECT_THROW(layer->layerChannels(), std::runtime_error);
+    layer->setDocumentSize({1, 2});
+    EXPECT_TRUE(test::samePicture(layer->visibleImageData(), test::picture({"G"})));
+}
+
+TEST(Layer, BrokenSizesAreScaledToWholePixels)
+{
+    const auto layer = makeLayer({100, 100}, test::randomPicture(40, 30, 1), {-0.5, -9.5});
+    ASSERT_TRUE(layer->preparePixels());
+    EXPECT_EQ(layer->visibleImageData()->width(), 39);
+    EXPECT_EQ(layer->visibleImageData()->height(), 20);
+    const auto plain = makeLayer({100, 100}, filled(40, 30, {255, 9, 8, 7}), {-0.5, -9.5});
+    EXPECT_TRUE(test::samePicture(plain->visibleImageData(), filled(39, 20, {255, 9, 8, 7})));
+    const auto sliver = makeLayer({100, 2}, filled(4, 4, {255, 9, 8, 7}), {99.5, 0});
+    EXPECT_TRUE(sliver->preparePixels());
+    EXPECT_EQ(channels(*sliver)[0],
+              "00 01 00 04 00 04 9E 00 00 00 9E 00 00 00"); // 99 samples to the left, one to the right
+}
+
+TEST(Layer, PixelsAreCorrectedOnce)
+{
+    const BitmapRef image = Bitmap::create(1, 3);
+    image->row(0)[0] = {128, 128, 64, 0};
+    image->row(2)[0] = {255, 200, 100, 50};
+    const auto layer = makeLayer({1, 3}, image, {});
+    layer->setShouldUnpremultiplyLayerData(true);
+    layer->setShouldFlipLayerData(true);
+    for (int time = 0; time < 2; ++time) {
+        ASSERT_TRUE(layer->preparePixels());
+        EXPECT_EQ(layer->visibleImageData()->at(0, 0), (Pixel{255, 200, 100, 50}));
+        EXPECT_EQ(layer->visibleImageData()->at(0, 1), (Pixel{0, 255, 255, 255}));
+        EXPECT_EQ(layer->visibleImageData()->at(0, 2), (Pixel{128, 254, 127, 0}));
+    }
+    EXPECT_EQ(image->at(0, 0), (Pixel{128, 128, 64, 0})); // the caller's pixels stay
+    layer->setDocumentSize({1, 3});
+    EXPECT_EQ(layer->visibleImageData()->at(0, 0), image->at(0, 0));
+}
+
+TEST(Layer, ChannelsCoverTheDocument)
+{
+    const auto layer = makeLayer({4, 3}, filled(2, 1, {128, 128, 0, 7}), {1, 1});
+    const std::string empty = " FD 00"; // four samples of fill
+    EXPECT_EQ(channels(*layer), (std::vector<std::string>{
+                                    "00 01 00 02 00 07 00 02 FD 00 00 00 01 80 80 00 00 FD 00",
+                                    "00 01 00 02 00 07 00 02 FD 00 00 00 01 00 00 00 00 FD 00",
+                                    "00 01 00 02 00 07 00 02 FD 00 00 00 01 07 07 00 00 FD 00",
+                                    "00 01 00 02 00 07 00 02 FD 00 00 00 01 80 80 00 00 FD 00",
+                                }));
+    layer->setNumberOfChannels(3);
+    layer->setOffset({2, 0});
+    EXPECT_EQ(channels(*layer), (std::vector<std::string>{
+                                    "00 01 00 06 00 02 00 02 01 FF FF 01 80 80 FD FF FD FF",
+                                    "00 01 00 06 00 02 00 02 01 FF FF 01 00 00 FD FF FD FF",
+                                    "00 01 00 06 00 02 00 02 01 FF FF 01 07 07 FD FF FD FF",
+                                }));
+    for (const std::int64_t count : {-1, 0, 2, 5})
+        EXPECT_THROW(layer->setNumberOfChannels(count), std::invalid_argument);
+}
+
+TEST(Layer, RecordIsWrittenOut)
+{
+    const auto layer = makeLayer({4, 3}, filled(2, 1, {128, 128, 0, 7}), {1, 1});
+    layer->setOpacity(0.5F);
+    layer->setBlendMode(std::string(blend_mode::kHue));
+    const std::string record = "00 00 00 00 00 00 00 00 00 00 00 03 00 00 00 04 00 04 "
+                               "00 00 00 00 00 13 00 01 00 00 00 13 00 02 00 00 00 13 FF FF 00 00 00 13 "
+                               "38 42 49 4D 68 75 65 20 80 00 00 00 00 00 00 22 00 00 00 00 00 00 00 00 "
+                               "03 61 62 63 38 42 49 4D 6C 75 6E 69 00 00 00 0A 00 00 00 03 00 61 00 62 00 63";
+    EXPECT_EQ(written([&](ByteBuffer& b) { layer->writeLayerInformationOn(b); }), record);
+    layer->setNumberOfChannels(3);
+    EXPECT_EQ(written([&](ByteBuffer& b) { layer->writeLayerInformationOn(b); }).substr(0, 107),
+              "00 00 00 00 00 00 00 00 00 00 00 03 00 00 00 04 00 03 "
+              "00 00 00 00 00 13 00 01 00 00 00 13 00 02 00 00 00 13");
+    const struct {
+        float opacity;
+        int byte;
+    } opacities[] = {{1, 255}, {0.5, 128}, {0, 0}, {0.1F, 26}, {1.5, 127}, {-0.5, 129}, {NAN, 0}, {INFINITY, 0}};
+    for (const auto& c : opacities) {
+        layer->setOpacity(c.opacity);
+        EXPECT_EQ(int(layer->opacity255()), c.byte) << c.opacity;
+    }
+    layer->setBlendMode("normal");
+    EXPECT_NE(written([&](ByteBuffer& b) { layer->writeLayerInformationOn(b); }).find("38 42 49 4D 6E 6F 72 6D"),
+              std::string::npos);
+}
+
+TEST(Layer, NamesAreWrittenTwice)
+{
+    const struct {
+        std::u16string name;
+        std::string legacy, unicode;
+    } cases[] = {
+        {u"", "00 20 00 00", "00 00 00 04 00 00 00 00"},
+        {u"abc", "03 61 62 63", "00 00 00 0A 00 00 00 03 00 61 00 62 00 63"},
+        {u"abcd", "04 61 62 63 64 20 00 00", "00 00 00 0C 00 00 00 04 00 61 00 62 00 63 00 64"},
+        {u"é😀", "03 C3 A9 F0", "00 00 00 0A 00 00 00 03 00 E9 D8 3D DE 00"},
+    };
+    const auto layer = KPPSDLayer::init();
+    for (const auto& c : cases) {
+        layer->setName(makeString(c.name));
+        EXPECT_EQ(written([&](ByteBuffer& b) { layer->writeNameOn(b, 4); }), c.legacy);
+        EXPECT_EQ(written([&](ByteBuffer& b) { layer->writeUnicodeNameOn(b); }),
+                  "38 42 49 4D 6C 75 6E 69 " + c.unicode);
+    }
+    // The legacy field holds 255 units at most and never half a pair.
+    for (const auto& [name, units] : {std::pair{std::u16string(300, u'x'), std::size_t{255}},
+                                      std::pair{std::u16string(254, u'x') + u"😀", std::size_t{254}}}) {
+        layer->setName(makeString(name));
+        ByteBuffer legacy, unicode;
+        layer->writeNameOn(legacy, 4);
+        layer->writeUnicodeNameOn(unicode);
+        EXPECT_EQ(legacy.size(), 256U);
+        EXPECT_EQ(legacy[0], units);
+        EXPECT_EQ(std::count(legacy.begin() + 1, legacy.end(), 'x'), static_cast<std::ptrdiff_t>(units));
+        EXPECT_EQ(unicode.size(), 16 + 2 * name.size());
+    }
+}
+
+TEST(GroupLayers, BracketTheirGroup)
+{
+    const auto opening = KPPSDGroupOpeningLayer::initWithName(makeString(u"abc"));
+    const auto closing = KPPSDGroupClosingLayer::init();
+    const std::string bounding = "00 00 00 00 00 00 00 00 "
+                                 "0E 3C 2F 4C 61 79 65 72 20 67 72 6F 75 70 3E 20 "
+                                 "38 42 49 4D 6C 73 63 74 00 00 00 04 00 00 00 03 "
+                                 "38 42 49 4D 6C 75 6E 69 00 00 00 20 00 00 00 0E 00 3C 00 2F 00 4C 00 61 00 79 00 65 "
+                                 "00 72 00 20 00 67 00 72 00 6F 00 75 00 70 00 3E";
+    const auto folder = [](std::string type) {
+        return "00 00 00 00 00 00 00 00 03 61 62 63 38 42 49 4D 6C 73 63 74 00 00 00 0C 00 00 00 " + type +
+               " 38 42 49 4D 70 61 73 73 38 42 49 4D 6C 75 6E 69 00 00 00 0A 00 00 00 03 00 61 00 62 00 63";
+    };
+    EXPECT_EQ(hex(opening->extraLayerInformation()), bounding);
+    EXPECT_EQ(textOf(opening->name()), u"abc");
+    EXPECT_TRUE(opening->hasValidSize());
+    EXPECT_EQ(channels(*opening), std::vector<std::string>(4, "00 00"));
+
+    // The closing marker takes over what its opening marker says each time it is written.
+    closing->setGroupOpeningLayer(opening);
+    for (const bool opened : {false, true}) {
+        opening->setIsOpened(opened);
+        opening->setOpacity(opened ? 0.5F : 1.0F);
+        const std::string record = written([&](ByteBuffer& b) { closing->writeLayerInformationOn(b); });
+        EXPECT_EQ(record.substr(0, 3 * 56),
+                  "00 00 00 00 00 00 00 00 00 00 00 00 00 00 00 00 00 04 00 00 00 00 00 02 00 01 "
+                  "00 00 00 02 00 02 00 00 00 02 FF FF 00 00 00 02 38 42 49 4D 6E 6F 72 6D " +
+                      std::string(opened ? "80" : "FF") + " 00 00 00 00 00 ");
+        EXPECT_EQ(hex(closing->extraLayerInformation()), folder(opened ? "01" : "02"));
+    }
+    const auto fill = std::make_shared<KPPSDSolidFillEffectLayerInformation>();
+    fill->setEnabled(true);
+    opening->setSolidFillEffectLayerInformation(fill);
+    EXPECT_EQ(hex(opening->extraLayerInformation()), bounding); // it shows no effects
+    const std::string record = written([&](ByteBuffer& b) { closing->writeLayerInformationOn(b); });
+    EXPECT_LT(record.find("6C 72 46 58"), record.find("6C 75 6E 69")); // "lrFX" is there, before "luni"
+}
