@@ -5,11 +5,13 @@
 #include "items/gx_item.h"
 #include "platform/array_controller.h"
 #include "platform/bitmap.h"
+#include "platform/byte_buffer.h"
 #include "platform/color.h"
 #include "platform/desktop.h"
 #include "platform/image.h"
 #include "platform/table_view.h"
 #include "platform/views.h"
+#include "psd/kp_psd_error.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -152,6 +154,11 @@ public:
 
     /// Writes the raster of the last composition as a PNG chosen in a save panel; "png" is appended unless it is there.
     void saveAction();
+    /// Writes the items as they were last rendered as a layered PSD chosen in a save panel, in place, "psd" appended in
+    /// any case. Items without a name get one, "Untitled %i", also when the panel is cancelled.
+    void savePSD();
+    /// The bytes of that file: a layer for each item, invisible ones transparent, the first row on top.
+    ByteBuffer createPSDData(KPPSDError* error);
 
 private:
     void buildPreview();
@@ -162,6 +169,8 @@ private:
     void endAddSheet();
     /// Whether it may be; an alert says that it may not.
     bool mayRemoveFrom(const ItemController& list);
+    /// From the last row to the first. Every item takes a number, also one that has a name.
+    void nameUnnamedItems();
 
     Desktop m_desktop;
     Outlets m_outlets;

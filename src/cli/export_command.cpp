@@ -19,7 +19,7 @@ ExitCode fail(std::ostream& err, const std::string& file, const std::string& rea
     return kExitFailed;
 }
 
-Expected<void> writePicture(const std::string& file, const Bytes& bytes, std::ostream& out)
+Expected<void> writePicture(const std::string& file, std::span<const std::uint8_t> bytes, std::ostream& out)
 {
     if (file != kStandardOutput)
         return writeFileAtomically(file, bytes);
@@ -33,9 +33,6 @@ Expected<void> writePicture(const std::string& file, const Bytes& bytes, std::os
 
 ExitCode runExport(const ExportRequest& request, std::ostream& out, std::ostream& err)
 {
-    if (request.psd)
-        return fail(err, *request.psd, "the layered PSD export is not built yet");
-
     StreamLog log(err);
     HeadlessDesktop desktop(log);
     GXAppDelegate delegate(desktop.desktop());
@@ -53,18 +50,26 @@ ExitCode runExport(const ExportRequest& request, std::ostream& out, std::ostream
         delegate.setShouldUpdate(true);
         delegate.update();
     }
-    if (!delegate.offscreenRep()) {
-        return fail(err, source,
-                    "no picture of " + std::to_string(delegate.OutputWidth()) + " x " +
-                        std::to_string(delegate.OutputHeight()) + " pixels can be made");
+    const auto write = [&](const std::string& file, std::span<const std::uint8_t> bytes) {
+        const auto written = writePicture(file, bytes, out);
+        return written ? kExitDone : fail(err, file, written.error().message);
+    };
+    ExitCode code = kExitDone;
+    if (request.png) {
+        if (!delegate.offscreenRep()) {
+            return fail(err, source,
+                        "no picture of " + std::to_string(delegate.OutputWidth()) + " x " +
+                            std::to_string(delegate.OutputHeight()) + " pixels can be made");
+        }
+        const auto png = encodePng(*delegate.offscreenRep());
+        code = png ? write(*request.png, *png) : fail(err, *request.png, png.error().message);
     }
-
-    const auto png = encodePng(*delegate.offscreenRep());
-    if (!png)
-        return fail(err, *request.png, png.error().message);
-    if (const auto written = writePicture(*request.png, *png, out); !written)
-        return fail(err, *request.png, written.error().message);
-    return kExitDone;
+    if (request.psd && code == kExitDone) {
+        KPPSDError error;
+        const ByteBuffer psd = delegate.createPSDData(&error);
+        code = error ? fail(err, *request.psd, error.message) : write(*request.psd, psd);
+    }
+    return code;
 }
 
 } // namespace wallgrid

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/files.h"
+#include "platform/log.h"
 #include "platform/run_loop.h"
 #include "platform/url.h"
 
@@ -34,6 +35,7 @@ struct Desktop {
     Panels& panels;
     RecentDocuments& recentDocuments;
     const Files& files;
+    Log& log;
 };
 
 } // namespace wallgrid

@@ -125,4 +125,20 @@ Expected<void> writeFileAtomically(const std::string& path, std::span<const std:
     return {};
 }
 
+Expected<void> writeFile(const std::string& path, std::span<const std::uint8_t> bytes)
+{
+    // O_NONBLOCK: opening a FIFO must not wait for a reader.
+    FileDescriptor file(::open(path.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC | O_NONBLOCK, 0666));
+    struct stat info {};
+    if (file.get() < 0 || ::fstat(file.get(), &info) != 0)
+        return failure(systemMessage(errno));
+    if (!S_ISREG(info.st_mode))
+        return failure("not a regular file");
+    if (::ftruncate(file.get(), 0) == 0 && writeAll(file.get(), bytes) && file.close())
+        return {};
+    const int reason = errno;
+    ::unlink(path.c_str());
+    return failure(systemMessage(reason));
+}
+
 } // namespace wallgrid

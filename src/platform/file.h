@@ -20,4 +20,8 @@ Expected<Bytes> readFile(const std::string& path);
 /// that is not a regular file is refused.
 Expected<void> writeFileAtomically(const std::string& path, std::span<const std::uint8_t> bytes);
 
+/// Writes over the file in place. When that fails the file is removed, because half of it is no file; nothing is opened
+/// that is not a regular file.
+Expected<void> writeFile(const std::string& path, std::span<const std::uint8_t> bytes);
+
 } // namespace wallgrid

@@ -20,8 +20,18 @@ Expected<Bytes> Files::read(const Url& location) const
 
 Expected<void> Files::write(const Url& location, std::span<const std::uint8_t> bytes) const
 {
+    return write(location, bytes, writeFileAtomically);
+}
+
+Expected<void> Files::writeDirectly(const Url& location, std::span<const std::uint8_t> bytes) const
+{
+    return write(location, bytes, writeFile);
+}
+
+Expected<void> Files::write(const Url& location, std::span<const std::uint8_t> bytes, Write how) const
+{
     const auto path = location.filePath();
-    auto written = path ? writeFileAtomically(*path, bytes) : Expected<void>(failure(kNotAFile));
+    auto written = path ? how(*path, bytes) : Expected<void>(failure(kNotAFile));
     if (!written)
         report(location, written.error());
     return written;

@@ -22,11 +22,16 @@ public:
     Expected<Bytes> read(const Url& location) const;
     /// See writeFileAtomically().
     Expected<void> write(const Url& location, std::span<const std::uint8_t> bytes) const;
+    /// See writeFile().
+    Expected<void> writeDirectly(const Url& location, std::span<const std::uint8_t> bytes) const;
 
     /// Tells the log that something is wrong with a file.
     void report(const Url& location, const Error& error) const;
 
 private:
+    using Write = Expected<void> (*)(const std::string& path, std::span<const std::uint8_t> bytes);
+    Expected<void> write(const Url& location, std::span<const std::uint8_t> bytes, Write how) const;
+
     Log& m_log;
 };
 

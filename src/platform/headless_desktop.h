@@ -10,12 +10,13 @@ namespace wallgrid {
 class HeadlessDesktop final : RunLoop, Panels, RecentDocuments {
 public:
     explicit HeadlessDesktop(Log& log)
-        : m_files(log)
+        : m_log(log)
+        , m_files(log)
     {
     }
 
     /// Valid for as long as this object is.
-    Desktop desktop() { return {*this, *this, *this, m_files}; }
+    Desktop desktop() { return {*this, *this, *this, m_files, m_log}; }
 
 private:
     void scheduleTimer(double, std::function<void()>) override {}
@@ -24,6 +25,7 @@ private:
     void runAlert(std::string_view, std::string_view) override {}
     void noteNewRecentDocument(const UrlRef&) override {}
 
+    Log& m_log;
     Files m_files;
 };
 

@@ -173,6 +173,10 @@ void MainWindow::makeFileMenu()
         emit panelAhead({tr("Export PNG"), tr("PNG images (*.png)"), QStringLiteral("png")});
         m_delegate.saveAction();
     });
+    menu->addAction(tr("Export &Layered PSD…"), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_E), this, [this] {
+        emit panelAhead({tr("Export Layered PSD"), tr("Photoshop documents (*.psd)"), QStringLiteral("psd"), true});
+        m_delegate.savePSD();
+    });
     menu->addSeparator();
     QAction* quit = menu->addAction(tr("&Quit"), QKeySequence(Qt::CTRL | Qt::Key_Q), this, &QWidget::close);
     quit->setMenuRole(QAction::QuitRole);

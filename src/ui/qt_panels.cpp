@@ -22,9 +22,11 @@ UrlRef toUrl(const QString& path)
 }
 
 /// The file that will be written for a chosen one.
-QString writtenPath(const QString& chosen, const QString& extension)
+QString writtenPath(const QString& chosen, const PanelPurpose& purpose)
 {
-    return extension.isEmpty() || QFileInfo(chosen).suffix() == extension ? chosen : chosen + u'.' + extension;
+    const QString& extension = purpose.extension;
+    const bool complete = extension.isEmpty() || (!purpose.always && QFileInfo(chosen).suffix() == extension);
+    return complete ? chosen : chosen + u'.' + extension;
 }
 
 } // namespace
@@ -72,7 +74,7 @@ UrlRef QtPanels::runSavePanel()
         const QString chosen = run(dialog);
         if (chosen.isEmpty())
             return nullptr;
-        const QString written = writtenPath(chosen, purpose.extension);
+        const QString written = writtenPath(chosen, purpose);
         if (!QFileInfo::exists(written) || mayReplace(written, purpose))
             return toUrl(chosen);
     }

@@ -13,8 +13,9 @@ namespace wallgrid {
 /// What a file panel is about to be opened for.
 struct PanelPurpose {
     QString title;
-    QString nameFilter; ///< as QFileDialog has it, may be empty; all files can always be chosen
-    QString extension;  ///< what a new file gets unless it has exactly that one, without the point; may be empty
+    QString nameFilter;  ///< as QFileDialog has it, may be empty; all files can always be chosen
+    QString extension;   ///< what a new file gets unless it has exactly that one, without the point; may be empty
+    bool always = false; ///< a new file gets it also when it has it
 };
 
 /// Panels and alerts as dialogs of the desktop, modal to the active window. A panel opens in the folder where the last

@@ -51,7 +51,7 @@ protected:
 
     ManualRunLoop runLoop;
     Files files{*this};
-    GXAppDelegate delegate{{runLoop, *this, *this, files}};
+    GXAppDelegate delegate{{runLoop, *this, *this, files, *this}};
 };
 
 } // namespace wallgrid

@@ -1,0 +1,77 @@
+// SPDX-License-Identifier: MIT
+#include "app/gx_app_delegate.h"
+#include "app/new_items.h"
+#include "psd/kp_psd_writer.h"
+
+namespace wallgrid {
+
+namespace {
+
+/// A layer's picture and where its top-left pixel stands, counted from the raster's top-left corner.
+struct Placed {
+    BitmapRef picture;
+    Point offset;
+};
+
+/// The item as it was last rendered. Of an image whose raster has another size than the image, the part that lies on
+/// the output is scaled, exactly as the composition does.
+Placed place(const GXItem& item, const PixelRect& output)
+{
+    const Point offset{static_cast<double>(item.xpoint()), static_cast<double>(item.ypoint())};
+    const ImageRef thumbnail = item.thumbnail();
+    if (!thumbnail || thumbnail->unscaled() || !thumbnail->firstRepresentation())
+        return {thumbnail ? thumbnail->unscaled() : nullptr, offset};
+    // Drawing coordinates: y upwards.
+    const std::int64_t x = item.xpoint();
+    const std::int64_t y = output.height - item.ypoint() - item.screenSizeHeight();
+    const PixelRect shown = intersection({0, 0, item.screenSizeWidth(), item.screenSizeHeight()}, thumbnail->extent());
+    const PixelRect onOutput = intersection({x, y, shown.width, shown.height}, output);
+    if (onOutput.empty())
+        return {nullptr, offset};
+    return {thumbnail->scaledPart({onOutput.x - x, onOutput.y - y, onOutput.width, onOutput.height}),
+            {static_cast<double>(onOutput.x), static_cast<double>(output.height - onOutput.top())}};
+}
+
+} // namespace
+
+void GXAppDelegate::nameUnnamedItems()
+{
+    // A copy of the list, because setting a label tells observers.
+    const ItemArray items = m_arraycontroller.arrangedObjects();
+    for (auto item = items.rbegin(); item != items.rend(); ++item) {
+        ++m_screenNumber;
+        if (textOf((*item)->label()).empty())
+            (*item)->setLabel(numberedName(u"Untitled ", m_screenNumber));
+    }
+}
+
+ByteBuffer GXAppDelegate::createPSDData(KPPSDError* error)
+{
+    nameUnnamedItems();
+    const PixelRect output{0, 0, m_OutputWidth, m_OutputHeight};
+    const auto writer =
+        KPPSDWriter::initWithDocumentSize({static_cast<double>(m_OutputWidth), static_cast<double>(m_OutputHeight)});
+    // The bottom layer comes first, and the last row of the list is the bottom one.
+    const ItemArray& items = m_arraycontroller.arrangedObjects();
+    for (auto item = items.rbegin(); item != items.rend(); ++item) {
+        Placed layer = place(**item, output);
+        writer->addLayerWithCGImage(std::move(layer.picture), (*item)->label(), (*item)->visible() ? 1.0F : 0.0F,
+                                    layer.offset);
+    }
+    return writer->createPSDDataWithError(error);
+}
+
+void GXAppDelegate::savePSD()
+{
+    const UrlRef chosen = m_desktop.panels.runSavePanel();
+    if (!chosen)
+        return nameUnnamedItems();
+    KPPSDError error;
+    const ByteBuffer file = createPSDData(&error);
+    if (error)
+        m_desktop.log.log("There was an error writing the PSD: " + error.message);
+    else
+        m_desktop.files.writeDirectly(chosen->appendingPathExtension("psd"), file);
+}
+
+} // namespace wallgrid
