@@ -168,7 +168,8 @@ Missing image files:
                 (["export", "huge.mpr", *png], "huge.mpr: no picture of 2147483647 x 2147483647 pixels can be made"),
                 (["export", "--png", "no/such/folder.png"], "no/such/folder.png: No such file or directory"),
                 (["export", "--png", "/dev/full"], "/dev/full: not a regular file"),
-                (["export", *png, "--psd", "out.psd"], "out.psd: the layered PSD export is not built yet"),
+                (["export", "empty.mpr", "--psd", "out.psd"], "out.psd: No visible layers in the document"),
+                (["export", "--psd", "no/such/folder.psd"], "no/such/folder.psd: No such file or directory"),
                 ([], "there is no display to open a window on; wallgrid export needs none")]:
             with self.subTest(words=words):
                 self.assertFails(1, words, f"wallgrid: {reason}\n")
