@@ -10,6 +10,7 @@ void addComposition(std::vector<Ratio>& ratios);
 void addGrids(std::vector<Ratio>& ratios);
 void addRings(std::vector<Ratio>& ratios);
 void addPng(std::vector<Ratio>& ratios);
+void addPsd(std::vector<Ratio>& ratios);
 void addArchives(std::vector<Ratio>& ratios);
 
 } // namespace wallgrid::bench

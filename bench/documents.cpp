@@ -103,4 +103,18 @@ void Document::compose()
     m_delegate.update();
 }
 
+std::shared_ptr<KPPSDWriter> Document::psdWriter() const
+{
+    const auto writer = KPPSDWriter::initWithDocumentSize(
+        {static_cast<double>(m_delegate.OutputWidth()), static_cast<double>(m_delegate.OutputHeight())});
+    const ItemArray& items = *m_delegate.allScreensArray();
+    for (auto item = items.rbegin(); item != items.rend(); ++item) {
+        const std::string name = "Wall " + std::to_string(item - items.rbegin() + 1);
+        writer->addLayerWithCGImage((*item)->thumbnail()->firstRepresentation(),
+                                    makeString(std::u16string(name.begin(), name.end())), 1,
+                                    {static_cast<double>((*item)->xpoint()), static_cast<double>((*item)->ypoint())});
+    }
+    return writer;
+}
+
 } // namespace wallgrid::bench

@@ -3,9 +3,11 @@
 
 #include "app/gx_app_delegate.h"
 #include "platform/headless_desktop.h"
+#include "psd/kp_psd_writer.h"
 
 #include <cstdint>
 #include <iostream>
+#include <memory>
 
 namespace wallgrid::bench {
 
@@ -19,6 +21,8 @@ public:
     GXAppDelegate& delegate() { return m_delegate; }
     /// Composes the raster anew, as after an edit. No item is drawn again.
     void compose();
+    /// A writer with one layer for each item, the lowest first, and so with the merged image of them.
+    std::shared_ptr<KPPSDWriter> psdWriter() const;
 
 private:
     StreamLog m_log{std::cerr};

@@ -12,6 +12,7 @@ int main(int argc, char** argv)
     addGrids(ratios);
     addRings(ratios);
     addPng(ratios);
+    addPsd(ratios);
     addArchives(ratios);
     return runRatios(argc, argv, ratios);
 }
