@@ -3,37 +3,17 @@
 
 import json
 import os
-import pathlib
 import random
 import resource
-import subprocess
-import tempfile
 import unittest
 
 import png
 from composition import Screen, Still, compose
+from program import ProgramTest, project
 from project_files import Archive
 
-WALLGRID = os.environ.get("WALLGRID_PROGRAM") or os.environ["WALLGRID_BUILT"]
 
-
-def project(width, height, items):
-    archive = Archive()
-    records = [item.archive(archive, f"Item {i}") for i, item in enumerate(items)]
-    return archive.data(archive.array([archive.add(height), archive.add(width), archive.array(records)]))
-
-
-class CommandLine(unittest.TestCase):
-    def setUp(self):
-        folder = tempfile.TemporaryDirectory()
-        self.addCleanup(folder.cleanup)
-        self.folder = pathlib.Path(folder.name)
-
-    def run_program(self, *words, prepare=None, **variables):
-        environment = {k: v for k, v in os.environ.items() if k not in ("DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM")}
-        return subprocess.run([WALLGRID, *map(str, words)], capture_output=True, cwd=self.folder,
-                              env=environment | variables, preexec_fn=prepare, timeout=120)
-
+class CommandLine(ProgramTest):
     def assertFails(self, code, words, error):
         result = self.run_program(*words)
         self.assertEqual((result.returncode, result.stdout, result.stderr.decode()), (code, b"", error))
@@ -51,14 +31,6 @@ class CommandLine(unittest.TestCase):
         result = self.run_program("export", "wall.mpr", "--png", "wall.png")
         self.assertEqual((result.returncode, result.stdout, result.stderr), (0, b"", b""))
         return (self.folder / "wall.png").read_bytes()
-
-    def logo(self, width, height, seed):
-        choose = random.Random(seed)
-        pixels = [tuple(choose.randrange(256) for _ in range(3)) + (choose.choice((0, 1, 90, 128, 254, 255)),)
-                  for _ in range(width * height)]
-        path = self.folder / f"logo{seed}.png"
-        png.write(path, width, height, pixels)
-        return pixels, path
 
     def test_a_small_picture_written_out(self):
         red, white, none = (255, 0, 0, 255), (255, 255, 255, 255), (0, 0, 0, 255)

@@ -25,10 +25,11 @@ def premultiplied(pixel):
 
 
 class Screen:
-    def __init__(self, col, row, panel_width, panel_height, x, y, fill=None, frame=None, frame_width=1, visible=True):
+    def __init__(self, col, row, panel_width, panel_height, x, y, fill=None, frame=None, frame_width=1, visible=True,
+                 **more):
         self.col, self.row, self.panel_width, self.panel_height = col, row, panel_width, panel_height
         self.x, self.y, self.fill, self.frame, self.frame_width = x, y, fill, frame, frame_width
-        self.visible = visible
+        self.visible, self.more = visible, more
         self.width, self.height = col * panel_width, row * panel_height
 
     def pixel(self, x, y):
@@ -45,7 +46,7 @@ class Screen:
             "boarderenable": self.frame is not None, "boardercolor": archive.color(*(self.frame or (1, 1, 1))),
             "boarderwidth": self.frame_width, "visible": self.visible, "xpoint": self.x, "ypoint": self.y,
             # Not what the grid gives: sizes are computed anew when a record is read.
-            "screenwidth": 1, "screenheight": 1, "circlebwidth": 4, "label": archive.add(label)})
+            "screenwidth": 1, "screenheight": 1, "circlebwidth": 4, "label": archive.add(label), **self.more})
 
 
 class Still:
@@ -63,9 +64,9 @@ class Still:
             "boarderwidth": 1, "label": archive.add(label), "imageURL": archive.url("file://" + str(self.path))})
 
 
-def compose(width, height, items):
-    """Opaque black, with the items over it, the first on top; RGBA, row by row."""
-    raster = [(0, 0, 0, 255)] * (width * height)
+def compose(width, height, items, ground=(0, 0, 0, 255)):
+    """The ground, with the items over it, the first on top; RGBA, row by row."""
+    raster = [ground] * (width * height)
     for item in reversed(items):
         if not item.visible:
             continue
@@ -75,5 +76,5 @@ def compose(width, height, items):
                 if 0 <= left < width and 0 <= top < height:
                     source, below = item.pixel(x, y), raster[top * width + left]
                     raster[top * width + left] = tuple(
-                        s + nearest_quotient(d * (255 - source[3]), 255) for s, d in zip(source[:3], below)) + (255,)
+                        s + nearest_quotient(d * (255 - source[3]), 255) for s, d in zip(source, below))
     return raster
