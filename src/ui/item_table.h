@@ -29,6 +29,19 @@ public:
     void reloadData() override { m_reload.schedule(); }
     const QStringList& draggedTypes() const { return m_draggedTypes; }
 
+    enum class Direction {
+        Up,
+        Down,
+    };
+    // What the mouse does by dragging, for the keyboard. Of several selected rows the first one goes.
+    void moveSelection(Direction direction);
+    /// Into the gap above a row of a table.
+    void dropSelectionOn(ItemTable& target, std::ptrdiff_t row);
+
+signals:
+    /// The selected rows are to be removed.
+    void removalWanted();
+
 protected:
     void selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) override;
     void initViewItemOption(QStyleOptionViewItem* option) const override;
@@ -51,6 +64,7 @@ private:
     Pasteboard pasteboardOf(const QMimeData& mimeData) const;
     /// Whether the delegate takes a drop at the event's place; the event is answered, and the place shown or not.
     bool validateDrop(QDropEvent& event);
+    void acceptDrop(const Pasteboard& dragged, std::ptrdiff_t row);
     void showDropRow(std::optional<int> row);
     /// Where the gap above a row is, in the viewport.
     int topOfRow(int row) const;

@@ -12,6 +12,8 @@ namespace wallgrid {
 namespace {
 
 constexpr int kDropLine = 2;
+/// The picture hangs beside the pointer, where it does not hide the gap that is marked.
+constexpr QPoint kDragPictureHotSpot(-12, -6);
 
 QMimeData* mimeDataOf(const Pasteboard& pasteboard)
 {
@@ -60,9 +62,35 @@ void ItemTable::startDrag(Qt::DropActions)
     const QRect first(0, topOfRow(static_cast<int>(*rows.begin())), viewport()->width(), rowHeight(0));
     if (viewport()->rect().contains(first)) {
         drag->setPixmap(viewport()->grab(first));
-        drag->setHotSpot(QPoint(std::max(0, viewport()->mapFromGlobal(QCursor::pos()).x()), first.height() / 2));
+        drag->setHotSpot(kDragPictureHotSpot);
     }
     drag->exec(Qt::CopyAction | Qt::MoveAction, Qt::MoveAction);
+}
+
+void ItemTable::dropSelectionOn(ItemTable& target, std::ptrdiff_t row)
+{
+    m_reload.finish();
+    Pasteboard pasteboard;
+    if (m_delegate && m_delegate->tableViewWriteRowsWithIndexes(*this, selectedRows(), pasteboard))
+        target.acceptDrop(pasteboard, row);
+}
+
+void ItemTable::acceptDrop(const Pasteboard& dragged, std::ptrdiff_t row)
+{
+    m_delegate->tableViewAcceptDrop(*this, dragged, row, DropOperation::Above);
+    setFocus(); // what was dropped is selected here
+}
+
+void ItemTable::moveSelection(Direction direction)
+{
+    m_reload.finish();
+    const Rows rows = selectedRows();
+    if (rows.empty())
+        return;
+    const auto first = static_cast<std::ptrdiff_t>(*rows.begin());
+    const std::ptrdiff_t gap = direction == Direction::Up ? first - 1 : first + 2;
+    if (gap >= 0 && gap <= m_model.rowCount())
+        dropSelectionOn(*this, gap);
 }
 
 int ItemTable::topOfRow(int row) const
@@ -121,7 +149,7 @@ void ItemTable::dragLeaveEvent(QDragLeaveEvent* event)
 void ItemTable::dropEvent(QDropEvent* event)
 {
     if (validateDrop(*event))
-        m_delegate->tableViewAcceptDrop(*this, pasteboardOf(*event->mimeData()), *m_dropRow, DropOperation::Above);
+        acceptDrop(pasteboardOf(*event->mimeData()), *m_dropRow);
     QDragLeaveEvent over;
     dragLeaveEvent(&over);
 }

@@ -5,6 +5,7 @@
 #include "ui/image_view.h"
 #include "ui/inspector.h"
 #include "ui/item_table.h"
+#include "ui/list_bar.h"
 #include "ui/output_bar.h"
 #include "ui/output_window.h"
 #include "ui/qt_recent_documents.h"
@@ -14,7 +15,6 @@
 #include <QCloseEvent>
 #include <QFile>
 #include <QMenuBar>
-#include <QMessageBox>
 #include <QScreen>
 #include <QScrollArea>
 #include <QSplitter>
@@ -31,7 +31,7 @@ constexpr QMargins kPreviewMargins{12, 12, 12, 12};
 constexpr int kMessageMilliseconds = 15'000;
 constexpr qsizetype kLongestMessage = 300;
 
-QWidget* titled(const QString& title, QWidget* content)
+QWidget* titled(const QString& title, QWidget* content, QWidget* bar)
 {
     auto* box = new QWidget;
     auto* layout = new QVBoxLayout(box);
@@ -41,6 +41,7 @@ QWidget* titled(const QString& title, QWidget* content)
     heading->setBuddy(content);
     layout->addWidget(heading);
     layout->addWidget(content);
+    layout->addWidget(bar);
     return box;
 }
 
@@ -59,8 +60,11 @@ MainWindow::MainWindow(GXAppDelegate& delegate, QtRecentDocuments& recentDocumen
     , m_recentDocuments(recentDocuments)
     , m_outputWindow(outputWindow)
     , m_status([this] { refreshStatus(); })
+    , m_sheets(delegate, *this)
 {
     setWindowTitle(tr("Wallgrid"));
+    connect(&m_sheets, &Sheets::panelAhead, this, &MainWindow::panelAhead);
+    makeEditActions();
     auto* columns = new QSplitter(Qt::Horizontal);
     columns->addWidget(makeLists());
     columns->addWidget(makeOutput());
@@ -74,10 +78,37 @@ MainWindow::MainWindow(GXAppDelegate& delegate, QtRecentDocuments& recentDocumen
 
     makeStatusBar();
     makeFileMenu();
+    makeEditMenu();
     makeViewMenu();
     makeHelpMenu();
     resize(QSize(1320, 800).boundedTo(screen()->availableSize()));
     m_table->setFocus();
+}
+
+void MainWindow::makeEditActions()
+{
+    m_add = new QAction(tr("&Add…"), this);
+    m_add->setShortcut(Qt::CTRL | Qt::SHIFT | Qt::Key_N);
+    m_add->setToolTip(tr("Add a screen or an image to the layers"));
+    connect(m_add, &QAction::triggered, this, [this] {
+        m_table->setFocus(); // where the keyboard goes on when something was added
+        m_delegate.add();
+    });
+
+    m_openPresets = new QAction(tr("Open &Presets…"), this);
+    m_openPresets->setIconText(tr("Open…"));
+    m_openPresets->setToolTip(tr("Replace the presets by those of a file"));
+    connect(m_openPresets, &QAction::triggered, this, [this] {
+        emit panelAhead({tr("Open Presets"), {}, {}});
+        m_delegate.openPresets();
+    });
+    m_savePresets = new QAction(tr("Sa&ve Presets…"), this);
+    m_savePresets->setIconText(tr("Save…"));
+    m_savePresets->setToolTip(tr("Save the presets to a file"));
+    connect(m_savePresets, &QAction::triggered, this, [this] {
+        emit panelAhead({tr("Save Presets"), {}, {}});
+        m_delegate.savePresets();
+    });
 }
 
 QWidget* MainWindow::makeLists()
@@ -88,9 +119,19 @@ QWidget* MainWindow::makeLists()
     m_ptable = new ItemTable(m_delegate.presetarraycontroller(), {Column::Thumbnail, Column::Name});
     m_ptable->setObjectName("presetTView");
     m_ptable->setAccessibleName(tr("Presets"));
+    connect(m_table, &ItemTable::removalWanted, this, [this] { m_delegate.remove(); });
+    connect(m_ptable, &ItemTable::removalWanted, this, [this] { m_delegate.removePreset(); });
+
+    auto* remove = new QAction(tr("Remove"), this);
+    remove->setToolTip(tr("Remove the selected layers"));
+    connect(remove, &QAction::triggered, m_table, &ItemTable::removalWanted);
+    auto* removePreset = new QAction(tr("Remove"), this);
+    removePreset->setToolTip(tr("Remove the selected presets"));
+    connect(removePreset, &QAction::triggered, m_ptable, &ItemTable::removalWanted);
+
     auto* lists = new QSplitter(Qt::Vertical);
-    lists->addWidget(titled(tr("&Layers"), m_table));
-    lists->addWidget(titled(tr("&Presets"), m_ptable));
+    lists->addWidget(titled(tr("&Layers"), m_table, makeListBar({m_add, remove})));
+    lists->addWidget(titled(tr("&Presets"), m_ptable, makeListBar({m_openPresets, m_savePresets, removePreset})));
     lists->setSizes({500, 220});
     lists->setStretchFactor(0, 1);
     lists->setChildrenCollapsible(false);
@@ -169,6 +210,8 @@ void MainWindow::makeFileMenu()
         m_delegate.saveProject();
     });
     menu->addSeparator();
+    menu->addActions({m_openPresets, m_savePresets});
+    menu->addSeparator();
     menu->addAction(tr("&Export PNG…"), QKeySequence(Qt::CTRL | Qt::Key_E), this, [this] {
         emit panelAhead({tr("Export PNG"), tr("PNG images (*.png)"), QStringLiteral("png")});
         m_delegate.saveAction();
@@ -197,6 +240,26 @@ void MainWindow::fillRecentMenu()
         tr("&Clear Menu"), this, [this] { m_recentDocuments.clear(); }, Qt::QueuedConnection);
 }
 
+ItemTable& MainWindow::editedTable() const
+{
+    return focusWidget() == m_ptable ? *m_ptable : *m_table;
+}
+
+void MainWindow::makeEditMenu()
+{
+    QMenu* menu = menuBar()->addMenu(tr("&Edit"));
+    menu->addAction(m_add);
+    menu->addAction(tr("Add &Preset to Layers"), Qt::CTRL | Qt::SHIFT | Qt::Key_P, this,
+                    [this] { m_ptable->dropSelectionOn(*m_table, 0); });
+    menu->addSeparator();
+    // Of whichever list has the keyboard focus.
+    menu->addAction(tr("Move &Up"), Qt::CTRL | Qt::SHIFT | Qt::Key_Up, this,
+                    [this] { editedTable().moveSelection(ItemTable::Direction::Up); });
+    menu->addAction(tr("Move &Down"), Qt::CTRL | Qt::SHIFT | Qt::Key_Down, this,
+                    [this] { editedTable().moveSelection(ItemTable::Direction::Down); });
+    menu->addAction(tr("&Remove"), QKeySequence::Delete, this, [this] { emit editedTable().removalWanted(); });
+}
+
 void MainWindow::makeViewMenu()
 {
     QMenu* menu = menuBar()->addMenu(tr("&View"));
@@ -214,14 +277,7 @@ void MainWindow::makeViewMenu()
 
 void MainWindow::makeHelpMenu()
 {
-    menuBar()->addMenu(tr("&Help"))->addAction(tr("&About Wallgrid"), this, &MainWindow::about);
-}
-
-void MainWindow::about()
-{
-    QMessageBox::about(this, tr("About Wallgrid"),
-                       tr("<p><b>Wallgrid %1</b></p><p>Pixel-map test images for LED video walls.</p>")
-                           .arg(QApplication::applicationVersion()));
+    menuBar()->addMenu(tr("&Help"))->addAction(tr("&About Wallgrid"), this, [this] { m_delegate.openAbout(); });
 }
 
 void MainWindow::closeEvent(QCloseEvent* event)

@@ -3,13 +3,12 @@
 
 #include "app/gx_app_delegate.h"
 #include "ui/deferred.h"
-#include "ui/qt_panels.h"
+#include "ui/sheets.h"
 
 #include <QMainWindow>
 
 class QLabel;
 class QMenu;
-class QVBoxLayout;
 
 namespace wallgrid {
 
@@ -32,6 +31,7 @@ public:
     ItemTable* ptable() const { return m_ptable; }
     ImageViewWidget* miniPvw() const { return m_miniPvw; }
     Inspector* inspector() const { return m_inspector; }
+    SheetLoader* sheets() { return &m_sheets; }
 
     /// Shows a line in the status bar for a while.
     void showMessage(const QString& line);
@@ -44,27 +44,34 @@ protected:
     void closeEvent(QCloseEvent* event) override;
 
 private:
+    void makeEditActions();
     QWidget* makeLists();
     QWidget* makeOutput();
     QWidget* makeInspector();
     void makeStatusBar();
     void makeFileMenu();
+    void makeEditMenu();
     void makeViewMenu();
     void makeHelpMenu();
     void fillRecentMenu();
     void refreshStatus();
-    void about();
+    /// The one with the keyboard focus, otherwise the layers.
+    ItemTable& editedTable() const;
 
     GXAppDelegate& m_delegate;
     QtRecentDocuments& m_recentDocuments;
     OutputWindow& m_outputWindow;
     Deferred m_status;
+    Sheets m_sheets;
 
     ItemTable* m_table = nullptr;
     ItemTable* m_ptable = nullptr;
     ImageViewWidget* m_miniPvw = nullptr;
     Inspector* m_inspector = nullptr;
     QMenu* m_recentMenu = nullptr;
+    QAction* m_add = nullptr;
+    QAction* m_openPresets = nullptr;
+    QAction* m_savePresets = nullptr;
     QLabel* m_outputSize = nullptr;
     QLabel* m_scale = nullptr;
     QLabel* m_itemCount = nullptr;

@@ -1,0 +1,26 @@
+// SPDX-License-Identifier: MIT
+#include "ui/list_bar.h"
+
+#include <QAction>
+#include <QHBoxLayout>
+#include <QToolButton>
+
+namespace wallgrid {
+
+QWidget* makeListBar(const QList<QAction*>& actions)
+{
+    auto* bar = new QWidget;
+    auto* layout = new QHBoxLayout(bar);
+    layout->setContentsMargins({});
+    layout->setSpacing(4);
+    for (QAction* action : actions) {
+        auto* button = new QToolButton;
+        button->setDefaultAction(action);
+        button->setAccessibleName(action->toolTip());
+        layout->addWidget(button);
+    }
+    layout->addStretch();
+    return bar;
+}
+
+} // namespace wallgrid
