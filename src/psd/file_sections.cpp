@@ -118,12 +118,16 @@ bool KPPSDWriter::isTooLarge() const
 
 std::uint64_t KPPSDWriter::largestFileSize() const
 {
-    std::uint64_t layers = 0;
-    for (const LayerRef& layer : visibleLayers())
+    std::uint64_t layers = 0, largest = 0;
+    for (const LayerRef& layer : visibleLayers()) {
         layers += layer->layerChannelsSize().most;
+        largest = std::max(largest, layer->layerChannelsSize().most);
+    }
+    // The layer that makes the section too long is still written.
+    layers = std::min(layers, kLongestSection + largest);
     const auto rows = static_cast<std::uint64_t>(numberOfChannels() * m_flattenedData->height());
     const std::uint64_t row = 2 + largestPackedSize(static_cast<std::size_t>(m_flattenedData->width()));
-    return kHeaderAndResources + profileBytes(m_colorProfile).size() + std::min(layers, kLongestSection) + rows * row;
+    return kHeaderAndResources + profileBytes(m_colorProfile).size() + layers + rows * row;
 }
 
 void KPPSDWriter::writeFileHeaderSectionOn(ByteBuffer& buffer) const
