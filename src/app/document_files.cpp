@@ -8,6 +8,9 @@ namespace wallgrid {
 
 namespace {
 
+/// Of the time that an export takes; the rest is writing the file.
+constexpr double kEncodingShare = 0.8;
+
 /// The location with the extension appended, unless it has exactly that one: "wall.MPR" becomes "wall.MPR.mpr".
 Url withExtension(const Url& location, std::string_view extension)
 {
@@ -27,7 +30,9 @@ void GXAppDelegate::saveProject()
     if (!chosen)
         return;
     const auto location = std::make_shared<const Url>(withExtension(*chosen, "mpr"));
-    m_desktop.files.write(*location, writeProject(project()));
+    m_desktop.progress.run(LongWork::SaveProject, [&](const Report& report) {
+        m_desktop.files.write(*location, writeProject(project()), report);
+    });
     m_desktop.recentDocuments.noteNewRecentDocument(location);
 }
 
@@ -43,11 +48,19 @@ void GXAppDelegate::loadProject(const Project& project)
     m_arraycontroller.setSelectionIndex(0);
 }
 
+Expected<Project> GXAppDelegate::readProjectWithProgress(Bytes bytes) const
+{
+    Expected<Project> project = cancelled();
+    m_desktop.progress.run(LongWork::OpenProject,
+                           [&](const Report& report) { project = readProject(std::move(bytes), report); });
+    return project;
+}
+
 void GXAppDelegate::openProject()
 {
     if (const UrlRef location = m_desktop.panels.runOpenPanel()) {
         if (auto bytes = m_desktop.files.read(*location)) {
-            if (const auto project = readProject(std::move(*bytes))) {
+            if (const auto project = readProjectWithProgress(std::move(*bytes))) {
                 m_desktop.recentDocuments.noteNewRecentDocument(location);
                 loadProject(*project);
             } else {
@@ -67,7 +80,7 @@ bool GXAppDelegate::applicationOpenFile(std::string_view fileName)
         m_desktop.panels.runAlert("No File Found", "File Not Found");
         return true;
     }
-    if (const auto project = readProject(std::move(*bytes)))
+    if (const auto project = readProjectWithProgress(std::move(*bytes)))
         loadProject(*project);
     else
         m_desktop.files.report(*location, project.error());
@@ -80,10 +93,12 @@ void GXAppDelegate::saveAction()
     if (!chosen || !m_offscreenRep)
         return;
     const Url location = withExtension(*chosen, "png");
-    if (const auto png = encodePng(*m_offscreenRep))
-        m_desktop.files.write(location, *png);
-    else
-        m_desktop.files.report(location, png.error());
+    m_desktop.progress.run(LongWork::ExportPNG, [&, raster = m_offscreenRep](const Report& report) {
+        if (const auto png = encodePng(*raster, partOf(report, 0, kEncodingShare)))
+            m_desktop.files.write(location, *png, partOf(report, kEncodingShare, 1));
+        else
+            m_desktop.files.report(location, png.error());
+    });
 }
 
 } // namespace wallgrid

@@ -158,9 +158,10 @@ public:
     /// any case. Items without a name get one, "Untitled %i", also when the panel is cancelled.
     void savePSD();
     /// The bytes of that file: a layer for each item, invisible ones transparent, the first row on top.
-    ByteBuffer createPSDData(KPPSDError* error);
+    ByteBuffer createPSDData(KPPSDError* error, const Report& report = {});
 
 private:
+    Expected<Project> readProjectWithProgress(Bytes bytes) const;
     void buildPreview();
     void compose();
     void show(ImageRef image);

@@ -10,7 +10,7 @@
 
 namespace wallgrid {
 
-Expected<Project> readProject(Bytes bytes)
+Expected<Project> readProject(Bytes bytes, const Report& report)
 {
     const auto root = KeyedUnarchiver::rootObject(std::move(bytes));
     if (!root)
@@ -23,7 +23,7 @@ Expected<Project> readProject(Bytes bytes)
     const auto width = (*elements)[1].intValue();
     if (!height || !width)
         return failure("not a project file");
-    auto items = decodeItems((*elements)[2]);
+    auto items = decodeItems((*elements)[2], report);
     if (!items)
         return tl::unexpected(items.error());
     return Project{*height, *width, std::move(*items)};

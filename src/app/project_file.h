@@ -4,6 +4,7 @@
 #include "items/gx_item.h"
 #include "platform/error.h"
 #include "platform/file.h"
+#include "platform/progress.h"
 
 #include <cstdint>
 
@@ -19,7 +20,7 @@ struct Project {
 
 /// Reads and renders every item. Fails, without having touched anything else, when the bytes are no archive, the root
 /// has another shape, or an item cannot be read.
-Expected<Project> readProject(Bytes bytes);
+Expected<Project> readProject(Bytes bytes, const Report& report = {});
 
 Bytes writeProject(const Project& project);
 

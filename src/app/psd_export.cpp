@@ -7,6 +7,9 @@ namespace wallgrid {
 
 namespace {
 
+/// Of the time that an export takes; the rest is writing the file.
+constexpr double kMakingShare = 0.5;
+
 /// A layer's picture and where its top-left pixel stands, counted from the raster's top-left corner.
 struct Placed {
     BitmapRef picture;
@@ -45,7 +48,7 @@ void GXAppDelegate::nameUnnamedItems()
     }
 }
 
-ByteBuffer GXAppDelegate::createPSDData(KPPSDError* error)
+ByteBuffer GXAppDelegate::createPSDData(KPPSDError* error, const Report& report)
 {
     nameUnnamedItems();
     const PixelRect output{0, 0, m_OutputWidth, m_OutputHeight};
@@ -58,6 +61,7 @@ ByteBuffer GXAppDelegate::createPSDData(KPPSDError* error)
         writer->addLayerWithCGImage(std::move(layer.picture), (*item)->label(), (*item)->visible() ? 1.0F : 0.0F,
                                     layer.offset);
     }
+    writer->setReport(report);
     return writer->createPSDDataWithError(error);
 }
 
@@ -66,12 +70,14 @@ void GXAppDelegate::savePSD()
     const UrlRef chosen = m_desktop.panels.runSavePanel();
     if (!chosen)
         return nameUnnamedItems();
-    KPPSDError error;
-    const ByteBuffer file = createPSDData(&error);
-    if (error)
-        m_desktop.log.log("There was an error writing the PSD: " + error.message);
-    else
-        m_desktop.files.writeDirectly(chosen->appendingPathExtension("psd"), file);
+    m_desktop.progress.run(LongWork::ExportPSD, [&](const Report& report) {
+        KPPSDError error;
+        const ByteBuffer file = createPSDData(&error, partOf(report, 0, kMakingShare));
+        if (!error)
+            m_desktop.files.writeDirectly(chosen->appendingPathExtension("psd"), file, partOf(report, kMakingShare, 1));
+        else if (error.code != KPPSDError::Cancelled)
+            m_desktop.log.log("There was an error writing the PSD: " + error.message);
+    });
 }
 
 } // namespace wallgrid

@@ -24,7 +24,7 @@ Expected<ItemRef> decodeItem(const ArchivedObject& record)
 
 } // namespace
 
-Expected<ItemArray> decodeItems(const ArchivedObject& array)
+Expected<ItemArray> decodeItems(const ArchivedObject& array, const Report& report)
 {
     const auto records = array.elements();
     if (!records)
@@ -34,6 +34,8 @@ Expected<ItemArray> decodeItems(const ArchivedObject& array)
     items.reserve(records->size());
     std::unordered_map<std::uint32_t, ItemRef> known;
     for (const ArchivedObject& record : *records) {
+        if (!goesOn(report, static_cast<double>(items.size()) / static_cast<double>(records->size())))
+            return cancelled();
         ItemRef& item = known[record.id()];
         if (!item) {
             auto decoded = decodeItem(record);

@@ -4,11 +4,12 @@
 #include "items/gx_item.h"
 #include "platform/error.h"
 #include "platform/keyed_unarchiver.h"
+#include "platform/progress.h"
 
 namespace wallgrid {
 
 /// The items of an archived array, in order. An item that the array names more than once is made once and stands in
 /// the result as often. Fails when the object is not an array or an element is no readable item record.
-Expected<ItemArray> decodeItems(const ArchivedObject& array);
+Expected<ItemArray> decodeItems(const ArchivedObject& array, const Report& report = {});
 
 } // namespace wallgrid

@@ -3,6 +3,7 @@
 
 #include "platform/files.h"
 #include "platform/log.h"
+#include "platform/progress.h"
 #include "platform/run_loop.h"
 #include "platform/url.h"
 
@@ -36,6 +37,7 @@ struct Desktop {
     RecentDocuments& recentDocuments;
     const Files& files;
     Log& log;
+    Progress& progress;
 };
 
 } // namespace wallgrid

@@ -11,6 +11,7 @@ namespace wallgrid {
 /// (whoever knows the file puts its name in front).
 struct Error {
     std::string message;
+    bool isCancelled = false; ///< the person themselves stopped it, and need not be told
 };
 
 /// What every fallible function of the project returns: the value, or the reason there is none.
@@ -19,7 +20,7 @@ using Expected = tl::expected<T, Error>;
 
 inline tl::unexpected<Error> failure(std::string message)
 {
-    return tl::unexpected<Error>(Error{std::move(message)});
+    return tl::unexpected<Error>(Error{std::move(message), false});
 }
 
 } // namespace wallgrid

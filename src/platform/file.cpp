@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/file.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <cstring>
 #include <fcntl.h>
@@ -14,6 +15,7 @@ namespace wallgrid {
 namespace {
 
 constexpr off_t kMaximumFileSize = off_t{1} << 30;
+constexpr std::size_t kBytesAReport = std::size_t{16} << 20;
 
 std::string systemMessage(int error)
 {
@@ -41,17 +43,27 @@ private:
     int m_fd;
 };
 
-bool writeAll(int fd, std::span<const std::uint8_t> bytes)
+/// Leaves errno at ECANCELED when the report stops it.
+bool writeAll(int fd, std::span<const std::uint8_t> bytes, const Report& report)
 {
-    while (!bytes.empty()) {
-        const ssize_t count = ::write(fd, bytes.data(), bytes.size());
+    for (std::size_t done = 0; done < bytes.size();) {
+        if (!goesOn(report, static_cast<double>(done) / static_cast<double>(bytes.size()))) {
+            errno = ECANCELED;
+            return false;
+        }
+        const ssize_t count = ::write(fd, bytes.data() + done, std::min(bytes.size() - done, kBytesAReport));
         if (count < 0 && errno == EINTR)
             continue;
         if (count < 0)
             return false;
-        bytes = bytes.subspan(static_cast<std::size_t>(count));
+        done += static_cast<std::size_t>(count);
     }
     return true;
+}
+
+Expected<void> writeFailure(int error)
+{
+    return error == ECANCELED ? cancelled() : failure(systemMessage(error));
 }
 
 /// The mode that a file made by open(2) would have; umask(2) can only be read by setting it.
@@ -92,7 +104,7 @@ Expected<Bytes> readFile(const std::string& path)
     return bytes;
 }
 
-Expected<void> writeFileAtomically(const std::string& path, std::span<const std::uint8_t> bytes)
+Expected<void> writeFileAtomically(const std::string& path, std::span<const std::uint8_t> bytes, const Report& report)
 {
     std::error_code error;
     const std::filesystem::path resolved = std::filesystem::weakly_canonical(path, error);
@@ -111,12 +123,12 @@ Expected<void> writeFileAtomically(const std::string& path, std::span<const std:
     FileDescriptor file(::mkostemp(temporary.data(), O_CLOEXEC));
     if (file.get() < 0)
         return failure(systemMessage(errno));
-    const bool written = writeAll(file.get(), bytes) && ::fchmod(file.get(), mode) == 0 && ::fsync(file.get()) == 0 &&
-                         file.close() && ::rename(temporary.c_str(), resolved.c_str()) == 0;
+    const bool written = writeAll(file.get(), bytes, report) && ::fchmod(file.get(), mode) == 0 &&
+                         ::fsync(file.get()) == 0 && file.close() && ::rename(temporary.c_str(), resolved.c_str()) == 0;
     if (!written) {
         const int reason = errno;
         ::unlink(temporary.c_str());
-        return failure(systemMessage(reason));
+        return writeFailure(reason);
     }
     // The new name is on the disk only when the folder is; a file system that cannot flush folders still has the file.
     const FileDescriptor folder(::open(resolved.parent_path().c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
@@ -125,7 +137,7 @@ Expected<void> writeFileAtomically(const std::string& path, std::span<const std:
     return {};
 }
 
-Expected<void> writeFile(const std::string& path, std::span<const std::uint8_t> bytes)
+Expected<void> writeFile(const std::string& path, std::span<const std::uint8_t> bytes, const Report& report)
 {
     // O_NONBLOCK: opening a FIFO must not wait for a reader.
     FileDescriptor file(::open(path.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC | O_NONBLOCK, 0666));
@@ -134,11 +146,11 @@ Expected<void> writeFile(const std::string& path, std::span<const std::uint8_t> 
         return failure(systemMessage(errno));
     if (!S_ISREG(info.st_mode))
         return failure("not a regular file");
-    if (::ftruncate(file.get(), 0) == 0 && writeAll(file.get(), bytes) && file.close())
+    if (::ftruncate(file.get(), 0) == 0 && writeAll(file.get(), bytes, report) && file.close())
         return {};
     const int reason = errno;
     ::unlink(path.c_str());
-    return failure(systemMessage(reason));
+    return writeFailure(reason);
 }
 
 } // namespace wallgrid

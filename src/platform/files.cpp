@@ -18,20 +18,21 @@ Expected<Bytes> Files::read(const Url& location) const
     return bytes;
 }
 
-Expected<void> Files::write(const Url& location, std::span<const std::uint8_t> bytes) const
-{
-    return write(location, bytes, writeFileAtomically);
-}
-
-Expected<void> Files::writeDirectly(const Url& location, std::span<const std::uint8_t> bytes) const
-{
-    return write(location, bytes, writeFile);
-}
-
-Expected<void> Files::write(const Url& location, std::span<const std::uint8_t> bytes, Write how) const
+Expected<void> Files::write(const Url& location, std::span<const std::uint8_t> bytes, const Report& report) const
 {
     const auto path = location.filePath();
-    auto written = path ? how(*path, bytes) : Expected<void>(failure(kNotAFile));
+    return reported(location, path ? writeFileAtomically(*path, bytes, report) : failure(kNotAFile));
+}
+
+Expected<void> Files::writeDirectly(const Url& location, std::span<const std::uint8_t> bytes,
+                                    const Report& report) const
+{
+    const auto path = location.filePath();
+    return reported(location, path ? writeFile(*path, bytes, report) : failure(kNotAFile));
+}
+
+Expected<void> Files::reported(const Url& location, Expected<void> written) const
+{
     if (!written)
         report(location, written.error());
     return written;
@@ -39,6 +40,8 @@ Expected<void> Files::write(const Url& location, std::span<const std::uint8_t> b
 
 void Files::report(const Url& location, const Error& error) const
 {
+    if (error.isCancelled)
+        return;
     m_log.log(location.filePath().value_or(location.absoluteString()) + ": " + error.message);
 }
 

@@ -21,16 +21,16 @@ public:
 
     Expected<Bytes> read(const Url& location) const;
     /// See writeFileAtomically().
-    Expected<void> write(const Url& location, std::span<const std::uint8_t> bytes) const;
+    Expected<void> write(const Url& location, std::span<const std::uint8_t> bytes, const Report& report = {}) const;
     /// See writeFile().
-    Expected<void> writeDirectly(const Url& location, std::span<const std::uint8_t> bytes) const;
+    Expected<void> writeDirectly(const Url& location, std::span<const std::uint8_t> bytes,
+                                 const Report& report = {}) const;
 
-    /// Tells the log that something is wrong with a file.
+    /// Tells the log that something is wrong with a file, unless the work on it was cancelled.
     void report(const Url& location, const Error& error) const;
 
 private:
-    using Write = Expected<void> (*)(const std::string& path, std::span<const std::uint8_t> bytes);
-    Expected<void> write(const Url& location, std::span<const std::uint8_t> bytes, Write how) const;
+    Expected<void> reported(const Url& location, Expected<void> written) const;
 
     Log& m_log;
 };

@@ -4,7 +4,9 @@
 #include "platform/zeroed_pages.h"
 
 #include <algorithm>
+#include <chrono>
 #include <cstring>
+#include <future>
 #include <libdeflate.h>
 #include <memory>
 #include <new>
@@ -28,6 +30,11 @@ constexpr std::size_t kPiece = 256;
 
 /// A chunk's length stays below 2³¹; one is enough for all but noise.
 constexpr std::size_t kLargestChunk = std::size_t(1) << 30;
+
+constexpr int kRowsAReport = 64;
+constexpr std::chrono::milliseconds kReportInterval{30};
+/// Of the time that a file takes.
+constexpr double kFilterShare = 0.15;
 
 struct Rgba {
     std::uint8_t r, g, b, a;
@@ -72,12 +79,14 @@ void straighten(std::span<const Pixel> row, std::span<Rgba> straightened)
 }
 
 /// The scan lines: a filter type byte before each row. Whatever looks like the piece above it is left as the zeros that
-/// `lines` holds anyway.
-void filterRows(const Bitmap& bitmap, std::uint8_t* lines)
+/// `lines` holds anyway. False when the report stops it.
+bool filterRows(const Bitmap& bitmap, std::uint8_t* lines, const Report& report)
 {
     const auto width = static_cast<std::size_t>(bitmap.width());
     std::vector<Rgba> above(width), straightened(std::min(width, kPiece));
     for (int y = 0; y < bitmap.height(); ++y) {
+        if (y % kRowsAReport == 0 && !goesOn(report, static_cast<double>(y) / bitmap.height()))
+            return false;
         *lines++ = kFilterUp;
         const auto row = bitmap.row(y);
         for (std::size_t x = 0; x < width; x += kPiece) {
@@ -94,18 +103,36 @@ void filterRows(const Bitmap& bitmap, std::uint8_t* lines)
         }
         lines += bitmap.bytesPerRow();
     }
+    return true;
+}
+
+/// Does the work, reporting all the while: on a thread of its own, because it cannot report itself.
+template <class Work>
+bool alongside(const Report& report, double done, const Work& work)
+{
+    if (!report) {
+        work();
+        return true;
+    }
+    auto worker = std::async(std::launch::async, work);
+    bool goes = true;
+    while (worker.wait_for(kReportInterval) != std::future_status::ready)
+        goes = goes && report(done);
+    worker.get();
+    return goes;
 }
 
 } // namespace
 
-Expected<Bytes> encodePng(const Bitmap& bitmap)
+Expected<Bytes> encodePng(const Bitmap& bitmap, const Report& report)
 try {
     const auto width = static_cast<std::size_t>(bitmap.width());
     const auto height = static_cast<std::size_t>(bitmap.height());
 
     const std::size_t size = height * (1 + bitmap.bytesPerRow());
     ZeroedPages lines(size);
-    filterRows(bitmap, lines.data());
+    if (!filterRows(bitmap, lines.data(), partOf(report, 0, kFilterShare)))
+        return cancelled();
 
     const std::unique_ptr<libdeflate_compressor, FreeCompressor> compressor(
         libdeflate_alloc_compressor(kCompressionLevel));
@@ -113,8 +140,12 @@ try {
         throw std::bad_alloc();
     const std::size_t bound = libdeflate_zlib_compress_bound(compressor.get(), size);
     ZeroedPages compressed(bound);
-    const std::size_t compressedSize =
-        libdeflate_zlib_compress(compressor.get(), lines.data(), size, compressed.data(), bound);
+    std::size_t compressedSize = 0;
+    const bool goes = alongside(report, kFilterShare, [&] {
+        compressedSize = libdeflate_zlib_compress(compressor.get(), lines.data(), size, compressed.data(), bound);
+    });
+    if (!goes)
+        return cancelled();
     lines = {};
 
     Bytes header;

@@ -79,6 +79,7 @@ ByteBuffer KPPSDWriter::createPSDDataWithError(KPPSDError* error)
         return fail(error, KPPSDError::NoVisibleLayers, "No visible layers in the document");
     constexpr const char* kTooLarge = "The document is too large for a PSD file";
     constexpr const char* kNotPrepared = "The document could not be prepared for writing";
+    constexpr const char* kCancelled = "The document was not written, because that was cancelled";
     if (isTooLarge())
         return fail(error, KPPSDError::TooLarge, kTooLarge);
     try {
@@ -92,8 +93,8 @@ ByteBuffer KPPSDWriter::createPSDDataWithError(KPPSDError* error)
         writeFileHeaderSectionOn(buffer);
         writeColorModeDataSectionOn(buffer);
         writeImageResourceSectionOn(buffer);
-        if (!writeLayerAndMaskInformationSectionOn(buffer))
-            return fail(error, KPPSDError::TooLarge, kTooLarge);
+        if (const auto code = writeLayerAndMaskInformationSectionOn(buffer); code != KPPSDError::None)
+            return fail(error, code, code == KPPSDError::TooLarge ? kTooLarge : kCancelled);
         writeImageDataSectionOn(buffer);
         return buffer;
     } catch (const std::bad_alloc&) {
@@ -164,8 +165,8 @@ void KPPSDWriter::writeImageResourceSectionOn(ByteBuffer& buffer) const
     fillInLength(buffer, section);
 }
 
-/// False as soon as the section is longer than its length can say.
-bool KPPSDWriter::writeLayerAndMaskInformationSectionOn(ByteBuffer& buffer) const
+/// Stops as soon as the section is longer than its length can say, or when the report says so.
+KPPSDError::Code KPPSDWriter::writeLayerAndMaskInformationSectionOn(ByteBuffer& buffer) const
 {
     const std::size_t section = buffer.size();
     const Layers visible = visibleLayers();
@@ -180,15 +181,18 @@ bool KPPSDWriter::writeLayerAndMaskInformationSectionOn(ByteBuffer& buffer) cons
         layer->writeLayerInformationOn(buffer, {});
     }
     for (std::size_t i = 0; i < visible.size(); ++i) {
+        // The merged image counts as one more layer.
+        if (!goesOn(m_report, static_cast<double>(i) / static_cast<double>(visible.size() + 1)))
+            return KPPSDError::Cancelled;
         KPPSDLayer::fillInChannelLengths(buffer, records[i], visible[i]->writeLayerChannelsOn(buffer));
         if (buffer.size() - section > kLongestSection)
-            return false;
+            return KPPSDError::TooLarge;
     }
     if ((buffer.size() - section) % 2 != 0)
         kpAppendValue(buffer, 0, 1);
     fillInLength(buffer, section);
     fillInLength(buffer, section + 4);
-    return true;
+    return KPPSDError::None;
 }
 
 void KPPSDWriter::writeImageDataSectionOn(ByteBuffer& buffer) const

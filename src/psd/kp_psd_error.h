@@ -17,6 +17,7 @@ struct KPPSDError {
         NoOpenedLayer = 3,
         NotPrepared = 4,
         TooLarge = 5,
+        Cancelled = 6, ///< by the report given to the writer
     };
 
     Code code = None;

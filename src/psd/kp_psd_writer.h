@@ -4,6 +4,7 @@
 #include "platform/bitmap.h"
 #include "platform/byte_buffer.h"
 #include "platform/geometry.h"
+#include "platform/progress.h"
 #include "platform/string_ref.h"
 #include "psd/group_layers.h"
 #include "psd/kp_psd_error.h"
@@ -112,17 +113,18 @@ public:
     /// The bytes of the file; none when there is an error. Throws std::invalid_argument when an effect has a colour
     /// that is not RGB.
     ByteBuffer createPSDDataWithError(KPPSDError* error);
+    /// What createPSDDataWithError() reports to; it fails with `Cancelled` when that stops it.
+    void setReport(Report report) { m_report = std::move(report); }
     ByteBuffer createPSDData() { return createPSDDataWithError(nullptr); }
 
 private:
     int openGroups() const;
     bool isTooLarge() const;
     std::uint64_t largestFileSize() const;
-    ByteBuffer writeFile(KPPSDError* error);
     void writeFileHeaderSectionOn(ByteBuffer& buffer) const;
     void writeColorModeDataSectionOn(ByteBuffer& buffer) const;
     void writeImageResourceSectionOn(ByteBuffer& buffer) const;
-    bool writeLayerAndMaskInformationSectionOn(ByteBuffer& buffer) const;
+    KPPSDError::Code writeLayerAndMaskInformationSectionOn(ByteBuffer& buffer) const;
     void writeImageDataSectionOn(ByteBuffer& buffer) const;
 
     Size m_documentSize;
@@ -133,6 +135,7 @@ private:
     Layers m_layers;
     BitmapRef m_flattenedContext;
     BitmapRef m_flattenedData;
+    Report m_report;
 };
 
 } // namespace wallgrid

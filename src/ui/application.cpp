@@ -18,7 +18,7 @@ namespace wallgrid {
 Application::Application(RunLoop& runLoop, Panels& panels, QtRecentDocuments& recentDocuments)
     : m_files(m_log)
     , m_runLoop(runLoop)
-    , m_delegate(Desktop{m_runLoop, panels, recentDocuments, m_files, m_log})
+    , m_delegate(Desktop{m_runLoop, panels, recentDocuments, m_files, m_log, m_progress})
     , m_mainWindow(m_delegate, recentDocuments, m_outputWindow)
 {
     connect(&m_log, &WindowLog::logged, &m_mainWindow, &MainWindow::showMessage);

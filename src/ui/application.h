@@ -6,6 +6,7 @@
 #include "ui/catch_up_run_loop.h"
 #include "ui/main_window.h"
 #include "ui/output_window.h"
+#include "ui/qt_progress.h"
 #include "ui/window_log.h"
 
 #include <QObject>
@@ -42,6 +43,7 @@ private:
     WindowLog m_log;
     Files m_files;
     CatchUpRunLoop m_runLoop;
+    QtProgress m_progress;
     GXAppDelegate m_delegate;
     OutputWindow m_outputWindow;
     MainWindow m_mainWindow;

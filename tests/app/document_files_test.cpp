@@ -282,6 +282,39 @@ TEST_F(DocumentFiles, CancellingTheOpenPanelStillRenders)
     EXPECT_TRUE(recent.empty());
 }
 
+TEST_F(DocumentFiles, CancelledWorkLeavesNothingBehind)
+{
+    choose("old");
+    delegate.saveProject();
+    delegate.saveAction();
+    const auto state = [this] {
+        return std::tuple(filesWritten(), labels(), readFile(path("old.mpr")).value(),
+                          readFile(path("old.png")).value());
+    };
+    const struct {
+        const char* file;
+        void (GXAppDelegate::*action)();
+    } cases[] = {
+        {"old.mpr", &GXAppDelegate::saveProject},
+        {"old.png", &GXAppDelegate::saveAction},
+        {"new", &GXAppDelegate::savePSD},
+        {"old.mpr", &GXAppDelegate::openProject},
+    };
+    for (const auto& c : cases) {
+        // Cancelled at the first report, at the second, and so on until it is through.
+        choose(c.file);
+        put({named(u"A"), named(std::u16string(static_cast<std::size_t>(&c - cases), u'x'))});
+        delegate.setShouldUpdate(true);
+        delegate.update();
+        const auto before = state();
+        for (patience = 0; patience < 20 && state() == before; ++patience)
+            (delegate.*c.action)();
+        EXPECT_GT(patience, 1) << c.file;
+        EXPECT_LT(patience, 20) << c.file;
+    }
+    EXPECT_TRUE(logged.empty()) << logged[0];
+}
+
 TEST_F(DocumentFiles, FailedWritesAreLoggedWithFileAndReason)
 {
     choose("no/such/folder");

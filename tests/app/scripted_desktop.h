@@ -6,6 +6,7 @@
 
 #include <filesystem>
 #include <gtest/gtest.h>
+#include <limits>
 #include <stdlib.h>
 #include <string>
 #include <vector>
@@ -13,7 +14,7 @@
 namespace wallgrid {
 
 /// A desktop whose user is the test: panels answer what they were told to, everything else is written down.
-class ScriptedDesktop : public testing::Test, Panels, RecentDocuments, Log {
+class ScriptedDesktop : public testing::Test, Panels, RecentDocuments, Log, Progress {
 protected:
     ScriptedDesktop()
     {
@@ -42,16 +43,21 @@ protected:
         recent.push_back(std::filesystem::path(url->path()).filename().string());
     }
     void log(std::string_view line) override { logged.emplace_back(line); }
+    void run(LongWork, const std::function<void(const Report&)>& work) override
+    {
+        work([this, reports = 0](double) mutable { return ++reports <= patience; });
+    }
 
     std::filesystem::path folder;
     UrlRef answer;
+    int patience = std::numeric_limits<int>::max(); ///< after so many reports the user cancels
     std::vector<std::string> alerts;
     std::vector<std::string> recent;
     std::vector<std::string> logged;
 
     ManualRunLoop runLoop;
     Files files{*this};
-    GXAppDelegate delegate{{runLoop, *this, *this, files, *this}};
+    GXAppDelegate delegate{{runLoop, *this, *this, files, *this, *this}};
 };
 
 } // namespace wallgrid
