@@ -19,7 +19,7 @@ namespace wallgrid {
 template <class T>
 class PageAllocator {
 public:
-    using value_type = T;
+    using value_type = T; // NOLINT(readability-identifier-naming): what allocators must call it
 
     PageAllocator() = default;
     template <class U>
