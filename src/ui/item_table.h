@@ -65,7 +65,9 @@ private:
     /// Whether the delegate takes a drop at the event's place; the event is answered, and the place shown or not.
     bool validateDrop(QDropEvent& event);
     void acceptDrop(const Pasteboard& dragged, std::ptrdiff_t row);
-    void showDropRow(std::optional<int> row);
+    /// The row whose upper gap is nearest to a height in the viewport.
+    int gapAt(int y) const;
+    void markGapAt(std::optional<int> y);
     /// Where the gap above a row is, in the viewport.
     int topOfRow(int row) const;
     void toggleSelectedVisibility();
@@ -76,7 +78,7 @@ private:
     bool m_synchronizing = false;
     QStringList m_draggedTypes;
     TableDelegate* m_delegate = nullptr;
-    std::optional<int> m_dropRow; ///< the gap that is marked while a drag is over the table
+    std::optional<int> m_dropY; ///< where a drag is over the table; the rows may scroll below it
 };
 
 } // namespace wallgrid

@@ -101,31 +101,31 @@ int ItemTable::topOfRow(int row) const
     return count == 0 ? 0 : rowViewportPosition(count - 1) + rowHeight(count - 1);
 }
 
+int ItemTable::gapAt(int y) const
+{
+    const int row = rowAt(y);
+    if (row < 0)
+        return m_model.rowCount();
+    return y < rowViewportPosition(row) + rowHeight(row) / 2 ? row : row + 1;
+}
+
 bool ItemTable::validateDrop(QDropEvent& event)
 {
     m_reload.finish();
     const int y = event.position().toPoint().y();
-    int row = rowAt(y);
-    if (row < 0)
-        row = m_model.rowCount();
-    else if (y >= rowViewportPosition(row) + rowHeight(row) / 2)
-        ++row;
-
     const Pasteboard dragged = pasteboardOf(*event.mimeData());
     const bool valid = m_delegate && !dragged.contents().empty() &&
-                       m_delegate->tableViewValidateDrop(*this, dragged, row, DropOperation::Above) != 0;
+                       m_delegate->tableViewValidateDrop(*this, dragged, gapAt(y), DropOperation::Above) != 0;
     if (valid)
         event.setDropAction(event.source() == this ? Qt::MoveAction : Qt::CopyAction);
     event.setAccepted(valid);
-    showDropRow(valid ? std::optional(row) : std::nullopt);
+    markGapAt(valid ? std::optional(y) : std::nullopt);
     return valid;
 }
 
-void ItemTable::showDropRow(std::optional<int> row)
+void ItemTable::markGapAt(std::optional<int> y)
 {
-    if (row == m_dropRow)
-        return;
-    m_dropRow = row;
+    m_dropY = y;
     viewport()->update();
 }
 
@@ -143,13 +143,13 @@ void ItemTable::dragMoveEvent(QDragMoveEvent* event)
 void ItemTable::dragLeaveEvent(QDragLeaveEvent* event)
 {
     QTableView::dragLeaveEvent(event);
-    showDropRow(std::nullopt);
+    markGapAt(std::nullopt);
 }
 
 void ItemTable::dropEvent(QDropEvent* event)
 {
     if (validateDrop(*event))
-        acceptDrop(pasteboardOf(*event->mimeData()), *m_dropRow);
+        acceptDrop(pasteboardOf(*event->mimeData()), gapAt(*m_dropY));
     QDragLeaveEvent over;
     dragLeaveEvent(&over);
 }
@@ -157,9 +157,10 @@ void ItemTable::dropEvent(QDropEvent* event)
 void ItemTable::paintEvent(QPaintEvent* event)
 {
     QTableView::paintEvent(event);
-    if (!m_dropRow)
+    if (!m_dropY)
         return;
-    const int y = std::clamp(topOfRow(*m_dropRow) - kDropLine / 2, 0, std::max(0, viewport()->height() - kDropLine));
+    const int y =
+        std::clamp(topOfRow(gapAt(*m_dropY)) - kDropLine / 2, 0, std::max(0, viewport()->height() - kDropLine));
     QPainter(viewport()).fillRect(0, y, viewport()->width(), kDropLine, palette().text());
 }
 
