@@ -2,8 +2,8 @@
 #include "ui/application.h"
 
 #include "platform/qt/qt_run_loop.h"
-#include "ui/image_view.h"
 #include "ui/item_table.h"
+#include "ui/preview/preview_surface.h"
 #include "ui/qt_panels.h"
 #include "ui/qt_recent_documents.h"
 #include "ui/theme.h"

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ui/color_button.h"
 
-#include "ui/scaled_picture.h"
+#include "ui/preview/scaled_picture.h"
 
 #include <QColorDialog>
 #include <QPainter>

@@ -2,7 +2,7 @@
 #include "ui/item_table_model.h"
 
 #include "ui/image_file_name.h"
-#include "ui/scaled_picture.h"
+#include "ui/preview/scaled_picture.h"
 #include "ui/shown_text.h"
 
 #include <QFont>

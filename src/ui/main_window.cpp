@@ -2,12 +2,13 @@
 #include "ui/main_window.h"
 
 #include "ui/heading.h"
-#include "ui/image_view.h"
 #include "ui/inspector.h"
 #include "ui/item_table.h"
 #include "ui/list_bar.h"
 #include "ui/output_bar.h"
 #include "ui/output_window.h"
+#include "ui/preview/preview_surface.h"
+#include "ui/preview/zoom_bar.h"
 #include "ui/qt_recent_documents.h"
 #include "ui/shown_text.h"
 
@@ -27,7 +28,6 @@ namespace {
 
 using Column = ItemTableModel::Column;
 
-constexpr QMargins kPreviewMargins{12, 12, 12, 12};
 constexpr int kMessageMilliseconds = 15'000;
 constexpr qsizetype kLongestMessage = 300;
 
@@ -146,9 +146,8 @@ QWidget* MainWindow::makeOutput()
     layout->setContentsMargins({});
     layout->setSpacing(0);
     layout->addWidget(new OutputBar(m_delegate));
-    m_miniPvw = new ImageViewWidget;
+    m_miniPvw = new PreviewSurface(m_delegate);
     m_miniPvw->setAccessibleName(tr("Output preview"));
-    m_miniPvw->setContentsMargins(kPreviewMargins);
     m_miniPvw->setMinimumSize(240, 135);
     layout->addWidget(m_miniPvw, 1);
     return box;
@@ -169,13 +168,15 @@ QWidget* MainWindow::makeInspector()
 
 void MainWindow::makeStatusBar()
 {
-    for (QLabel** label : {&m_itemCount, &m_outputSize, &m_scale}) {
+    for (QLabel** label : {&m_itemCount, &m_outputSize}) {
         *label = new QLabel(this);
         (*label)->setContentsMargins(8, 0, 8, 0);
         statusBar()->addPermanentWidget(*label);
     }
+    m_zoom = new ZoomBar(*m_miniPvw);
+    statusBar()->addPermanentWidget(m_zoom);
     // An edit may change the list, and a composition the output size; both end up here.
-    connect(m_miniPvw, &ImageViewWidget::pictureChanged, this, [this] { m_status.schedule(); });
+    connect(m_miniPvw, &PreviewSurface::pictureChanged, this, [this] { m_status.schedule(); });
     m_delegate.arraycontroller().addObserverForArrangedObjects({}, [this] { m_status.schedule(); });
     m_status.schedule();
 }
@@ -185,8 +186,6 @@ void MainWindow::refreshStatus()
     const auto count = static_cast<int>(m_delegate.arraycontroller().arrangedObjects().size());
     m_itemCount->setText(count == 1 ? tr("1 layer") : tr("%1 layers").arg(count));
     m_outputSize->setText(tr("Output %1 × %2 px").arg(m_delegate.OutputWidth()).arg(m_delegate.OutputHeight()));
-    const QString scale = m_miniPvw->scaleText();
-    m_scale->setText(scale.isEmpty() ? tr("No output") : tr("Shown at %1").arg(scale));
 }
 
 void MainWindow::showMessage(const QString& line)
@@ -263,6 +262,8 @@ void MainWindow::makeEditMenu()
 void MainWindow::makeViewMenu()
 {
     QMenu* menu = menuBar()->addMenu(tr("&View"));
+    menu->addActions(m_zoom->actions());
+    menu->addSeparator();
     QAction* output = menu->addAction(tr("&Output Window"));
     output->setCheckable(true);
     output->setShortcut(Qt::CTRL | Qt::Key_2);

@@ -12,11 +12,12 @@ class QMenu;
 
 namespace wallgrid {
 
-class ImageViewWidget;
 class Inspector;
 class ItemTable;
 class OutputWindow;
+class PreviewSurface;
 class QtRecentDocuments;
+class ZoomBar;
 
 /// The main window: the layers and the presets on the left, the preview in the middle, the inspector of the selected
 /// layer on the right. Closing it closes the output window and so ends the program.
@@ -29,7 +30,7 @@ public:
 
     ItemTable* table() const { return m_table; }
     ItemTable* ptable() const { return m_ptable; }
-    ImageViewWidget* miniPvw() const { return m_miniPvw; }
+    PreviewSurface* miniPvw() const { return m_miniPvw; }
     Inspector* inspector() const { return m_inspector; }
     SheetLoader* sheets() { return &m_sheets; }
 
@@ -66,14 +67,14 @@ private:
 
     ItemTable* m_table = nullptr;
     ItemTable* m_ptable = nullptr;
-    ImageViewWidget* m_miniPvw = nullptr;
+    PreviewSurface* m_miniPvw = nullptr;
     Inspector* m_inspector = nullptr;
     QMenu* m_recentMenu = nullptr;
     QAction* m_add = nullptr;
     QAction* m_openPresets = nullptr;
     QAction* m_savePresets = nullptr;
     QLabel* m_outputSize = nullptr;
-    QLabel* m_scale = nullptr;
+    ZoomBar* m_zoom = nullptr;
     QLabel* m_itemCount = nullptr;
 };
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ui/output_window.h"
 
-#include "ui/image_view.h"
+#include "ui/preview/image_view.h"
 
 #include <QLabel>
 #include <QScreen>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "program_under_test.h"
 #include "ui/color_button.h"
-#include "ui/image_view.h"
+#include "ui/preview/preview_surface.h"
 #include "ui/qt_panels.h"
 
 #include <QColorDialog>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "ui/scaled_picture.h"
+#include "ui/preview/scaled_picture.h"
 
 #include <QPainter>
 #include <algorithm>
@@ -13,14 +13,23 @@ namespace wallgrid {
 
 namespace {
 
-/// Where the samples of a target pixel lie along one side of the bitmap: `phases` positions for each target pixel, each
+/// Some of the pixels along one side of a target, and the length of the bitmap's side that all of it stands for.
+struct Range {
+    std::int64_t source;
+    std::int64_t target;
+    std::int64_t first;
+    std::int64_t count;
+};
+
+/// Where the samples of target pixels lie along one side of the bitmap: `phases` positions for each target pixel, each
 /// in the middle of its share; `order` says which phase comes first, second and so on.
 template <class Order>
-std::vector<std::int32_t> samplePositions(std::int64_t source, std::int64_t target, std::int64_t phases, Order order)
+std::vector<std::int32_t> samplePositions(const Range& range, std::int64_t phases, Order order)
 {
+    const auto [source, target, first, count] = range;
     std::vector<std::int32_t> positions;
-    positions.reserve(static_cast<std::size_t>(target * phases));
-    for (std::int64_t pixel = 0; pixel < target; ++pixel) {
+    positions.reserve(static_cast<std::size_t>(count * phases));
+    for (std::int64_t pixel = first; pixel < first + count; ++pixel) {
         for (std::int64_t k = 0; k < phases; ++k) {
             const std::int64_t phase = pixel * phases + order(k);
             positions.push_back(static_cast<std::int32_t>((2 * phase + 1) * source / (2 * phases * target)));
@@ -54,23 +63,24 @@ struct Sum {
 static_assert(std::endian::native == std::endian::little);
 
 template <int side, Coverage coverage>
-QImage sampledPicture(const Bitmap& bitmap, QSize target)
+QImage sampledPicture(const Bitmap& bitmap, QSize target, const QRect& part)
 {
-    QImage picture(target, QImage::Format_ARGB32_Premultiplied);
+    QImage picture(part.size(), QImage::Format_ARGB32_Premultiplied);
     if (picture.isNull())
         return picture;
     constexpr std::size_t kSamples = std::size_t{side} * side;
-    const auto columns =
-        samplePositions(bitmap.width(), target.width(), kSamples, [](auto k) { return side * (k % side) + k / side; });
-    const auto rows = samplePositions(bitmap.height(), target.height(), kSamples, [](auto k) { return k; });
+    const auto columns = samplePositions({bitmap.width(), target.width(), part.left(), part.width()}, kSamples,
+                                         [](auto k) { return side * (k % side) + k / side; });
+    const auto rows = samplePositions({bitmap.height(), target.height(), part.top(), part.height()}, kSamples,
+                                      [](auto k) { return k; });
 
     std::array<const Pixel*, kSamples> sampledRows;
-    for (int y = 0; y < target.height(); ++y) {
+    for (int y = 0; y < part.height(); ++y) {
         for (std::size_t k = 0; k < kSamples; ++k)
             sampledRows[k] = bitmap.row(rows[static_cast<std::size_t>(y) * kSamples + k]).data();
         auto* line = reinterpret_cast<QRgb*>(picture.scanLine(y));
         const std::int32_t* column = columns.data();
-        for (int x = 0; x < target.width(); ++x, column += kSamples) {
+        for (int x = 0; x < part.width(); ++x, column += kSamples) {
             Sum sum;
             std::uint8_t strongest = 0;
             for (std::size_t k = 0; k < kSamples; ++k) {
@@ -92,15 +102,21 @@ QImage sampledPicture(const Bitmap& bitmap, QSize target)
 
 QImage scaledPicture(const Bitmap& bitmap, QSize target, Coverage coverage)
 {
-    if (target.isEmpty())
+    return scaledPart(bitmap, target, {{}, target}, coverage);
+}
+
+QImage scaledPart(const Bitmap& bitmap, QSize target, const QRect& part, Coverage coverage)
+{
+    if (part.isEmpty())
         return {};
     if (target.width() >= bitmap.width() && target.height() >= bitmap.height())
-        return sampledPicture<1, Coverage::Mean>(bitmap, target);
+        return sampledPicture<1, Coverage::Mean>(bitmap, target, part);
     const bool far = std::max(bitmap.width() / target.width(), bitmap.height() / target.height()) > 16;
     if (coverage == Coverage::Strongest)
-        return far ? sampledPicture<8, Coverage::Strongest>(bitmap, target)
-                   : sampledPicture<4, Coverage::Strongest>(bitmap, target);
-    return far ? sampledPicture<8, Coverage::Mean>(bitmap, target) : sampledPicture<4, Coverage::Mean>(bitmap, target);
+        return far ? sampledPicture<8, Coverage::Strongest>(bitmap, target, part)
+                   : sampledPicture<4, Coverage::Strongest>(bitmap, target, part);
+    return far ? sampledPicture<8, Coverage::Mean>(bitmap, target, part)
+               : sampledPicture<4, Coverage::Mean>(bitmap, target, part);
 }
 
 QSize fittedSize(Size size, QSize room)

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "ui/image_view.h"
+#include "ui/preview/image_view.h"
 
-#include "ui/scaled_picture.h"
+#include "ui/preview/scaled_picture.h"
 
 #include <QPainter>
 #include <QResizeEvent>

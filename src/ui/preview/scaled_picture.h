@@ -5,10 +5,10 @@
 #include "platform/geometry.h"
 
 #include <QImage>
+#include <QRect>
 #include <QSize>
 
 class QPainter;
-class QRect;
 
 namespace wallgrid {
 
@@ -25,6 +25,9 @@ enum class Coverage {
 /// They are spread so that each lies in a column and in a row of its own: up to a reduction by 64 every column and
 /// every row behind a target pixel counts, so a line one pixel wide never falls between the samples.
 QImage scaledPicture(const Bitmap& bitmap, QSize target, Coverage coverage = Coverage::Mean);
+
+/// A part of that picture, which must lie within it; the rest costs nothing.
+QImage scaledPart(const Bitmap& bitmap, QSize target, const QRect& part, Coverage coverage = Coverage::Mean);
 
 /// A size scaled down in proportion where it does not fit into the room, never scaled up, at least one by one. Empty
 /// when either is.

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "platform/bitmap.h"
-#include "ui/image_view.h"
 #include "ui/output_window.h"
-#include "ui/scaled_picture.h"
+#include "ui/preview/image_view.h"
+#include "ui/preview/scaled_picture.h"
 
 #include <QtTest>
 

@@ -1,0 +1,45 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "ui/preview/snapping.h"
+
+#include <QPointF>
+#include <cstdint>
+#include <optional>
+#include <vector>
+
+namespace wallgrid {
+
+/// Items that are being dragged over the raster. Every step goes through their setters. The first of them is the one
+/// that the controller renders again by itself.
+class ItemDrag {
+public:
+    /// The targets are what edges snap to: the raster itself, and the items that stay.
+    ItemDrag(ItemArray items, std::vector<Box> targets);
+
+    /// Puts the items at a distance from where they started. Without a tolerance nothing snaps.
+    void moveTo(QPointF distance, std::optional<std::int64_t> tolerance);
+    /// Puts them back.
+    void cancel();
+
+    const std::vector<Guide>& guides() const { return m_guides; }
+
+private:
+    struct Moved {
+        ItemRef item;
+        std::int64_t x; // where it started
+        std::int64_t y;
+    };
+
+    void apply(std::int64_t x, std::int64_t y);
+
+    std::vector<Moved> m_moved;
+    std::vector<Box> m_targets;
+    Box m_start; // around all of them
+    std::vector<Guide> m_guides;
+};
+
+/// Moves the items by whole pixels, as a step of a drag does.
+void moveItems(const ItemArray& items, std::int64_t x, std::int64_t y);
+
+} // namespace wallgrid

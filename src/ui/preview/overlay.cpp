@@ -1,0 +1,87 @@
+// SPDX-License-Identifier: MIT
+#include "ui/preview/overlay.h"
+
+#include <QPainter>
+#include <algorithm>
+
+namespace wallgrid {
+
+namespace {
+
+constexpr QColor kAccent{0x2f, 0x9b, 0xff};
+constexpr QColor kGuide{0xff, 0x3f, 0xd0};
+constexpr QColor kHalo{0, 0, 0, 0x90};
+constexpr int kOutside = 16; // device pixels beyond the view that are still drawn
+
+} // namespace
+
+Overlay::Overlay(QPainter& painter, const Viewport& viewport, const QRect& view, double ratio)
+    : m_painter(painter)
+    , m_viewport(viewport)
+    , m_view(view)
+    , m_ratio(ratio)
+    , m_line(std::max(1, static_cast<int>(ratio)))
+{
+}
+
+QRect Overlay::visibleRect(const Box& box) const
+{
+    const QRectF rect = m_viewport.toView(box);
+    const auto within = [](double value, int low, int high) {
+        return static_cast<int>(std::clamp<double>(value, low - kOutside, high + kOutside));
+    };
+    const int left = within(rect.left(), m_view.left(), m_view.right());
+    const int top = within(rect.top(), m_view.top(), m_view.bottom());
+    return {left, top, within(rect.right(), m_view.left(), m_view.right()) - left,
+            within(rect.bottom(), m_view.top(), m_view.bottom()) - top};
+}
+
+void Overlay::paintFrame(const QRect& inner, int width, const QBrush& brush)
+{
+    const QRect outer = inner.adjusted(-width, -width, width, width);
+    m_painter.fillRect(QRect(outer.left(), outer.top(), outer.width(), width), brush);
+    m_painter.fillRect(QRect(outer.left(), inner.bottom() + 1, outer.width(), width), brush);
+    m_painter.fillRect(QRect(outer.left(), inner.top(), width, inner.height()), brush);
+    m_painter.fillRect(QRect(inner.right() + 1, inner.top(), width, inner.height()), brush);
+}
+
+void Overlay::paintOutline(const Box& box, Outline outline)
+{
+    const int width = outline == Outline::Hovered ? m_line : 2 * m_line;
+    const QRect inner = visibleRect(box);
+    paintFrame(inner, width,
+               outline == Outline::SelectedInvisible ? QBrush(kAccent, Qt::Dense4Pattern) : QBrush(kAccent));
+    paintFrame(inner.adjusted(-width, -width, width, width), m_line, kHalo);
+}
+
+void Overlay::paintGuide(const Guide& guide)
+{
+    const bool upright = guide.orientation == Qt::Vertical;
+    const QRect line = visibleRect(upright ? Box{guide.at, guide.from, guide.at, guide.to}
+                                           : Box{guide.from, guide.at, guide.to, guide.at});
+    m_painter.fillRect(upright ? QRect(line.left(), line.top(), m_line, line.height())
+                               : QRect(line.left(), line.top(), line.width(), m_line),
+                       kGuide);
+}
+
+void Overlay::paintTag(const Box& box, const QString& text)
+{
+    m_painter.save();
+    m_painter.scale(m_ratio, m_ratio);
+    const QFontMetrics metrics(m_painter.font());
+    const QSize size(metrics.horizontalAdvance(text) + 12, metrics.height() + 4);
+    const QRect item = visibleRect(box);
+    const QRect view(QPoint(0, 0), (QSizeF(m_view.size()) / m_ratio).toSize());
+    QRect tag(QPoint(qRound(item.left() / m_ratio), qRound(item.top() / m_ratio) - size.height() - 6), size);
+    tag.moveLeft(std::clamp(tag.left(), 4, std::max(4, view.width() - size.width() - 4)));
+    tag.moveTop(std::clamp(tag.top(), 4, std::max(4, view.height() - size.height() - 4)));
+    m_painter.setRenderHint(QPainter::Antialiasing);
+    m_painter.setPen(Qt::NoPen);
+    m_painter.setBrush(QColor(0x14, 0x14, 0x14, 0xe0));
+    m_painter.drawRoundedRect(tag, 3, 3);
+    m_painter.setPen(Qt::white);
+    m_painter.drawText(tag, Qt::AlignCenter, text);
+    m_painter.restore();
+}
+
+} // namespace wallgrid

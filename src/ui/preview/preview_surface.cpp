@@ -1,0 +1,247 @@
+// SPDX-License-Identifier: MIT
+#include "ui/preview/preview_surface.h"
+
+#include "ui/preview/device_pixels.h"
+#include "ui/preview/overlay.h"
+#include "ui/preview/picking.h"
+
+#include <QKeyEvent>
+#include <QPainter>
+#include <algorithm>
+#include <utility>
+
+namespace wallgrid {
+
+namespace {
+
+// In points.
+constexpr int kDragDistance = 4;
+constexpr int kSnapDistance = 8;
+
+} // namespace
+
+PreviewSurface::PreviewSurface(GXAppDelegate& delegate, QWidget* parent)
+    : ZoomView(parent)
+    , m_delegate(delegate)
+{
+    auto& controller = delegate.arraycontroller();
+    controller.addSelectionObserver([this] { update(); });
+    controller.addObserverForArrangedObjects({"xpoint", "ypoint", "visible"}, [this] {
+        if (std::find(items().begin(), items().end(), m_hovered) == items().end())
+            m_hovered = nullptr;
+        update();
+    });
+}
+
+ItemArray PreviewSurface::selectedItems() const
+{
+    ItemArray selected;
+    for (const std::size_t row : m_delegate.arraycontroller().selectionIndexes())
+        selected.push_back(items()[row]);
+    return selected;
+}
+
+void PreviewSurface::paintOver(QPainter& painter)
+{
+    Overlay overlay(painter, viewport(), QRect({}, sizeInDevicePixels(*this)), devicePixelRatioF());
+    if (m_hovered && !m_drag)
+        overlay.paintOutline(boxOf(*m_hovered), Overlay::Outline::Hovered);
+    const ItemArray selected = selectedItems();
+    for (const ItemRef& item : selected) {
+        overlay.paintOutline(boxOf(*item),
+                             item->visible() ? Overlay::Outline::Selected : Overlay::Outline::SelectedInvisible);
+    }
+    if (m_drag) {
+        for (const Guide& guide : m_drag->guides())
+            overlay.paintGuide(guide);
+    }
+    if ((m_drag || m_nudging) && !selected.empty()) {
+        const GXItem& item = *selected.front();
+        overlay.paintTag(boxOf(item), tr("%1, %2").arg(item.xpoint()).arg(item.ypoint()));
+    }
+    if (m_showsFocus) {
+        painter.setPen(palette().color(QPalette::Highlight));
+        painter.drawRect(QRect({}, sizeInDevicePixels(*this)).adjusted(0, 0, -1, -1));
+    }
+}
+
+void PreviewSurface::hover(ItemRef item)
+{
+    if (item == m_hovered)
+        return;
+    m_hovered = std::move(item);
+    update();
+}
+
+bool PreviewSurface::event(QEvent* event)
+{
+    // While something is dragged, Alt is not the way to the menus.
+    if (event->type() == QEvent::ShortcutOverride && m_drag)
+        event->accept();
+    return ZoomView::event(event);
+}
+
+void PreviewSurface::mousePressEvent(QMouseEvent* event)
+{
+    ZoomView::mousePressEvent(event);
+    if (isPanning() || m_drag || event->button() != Qt::LeftButton)
+        return;
+    const QPointF point = toRaster(event->position());
+    press(point, event->modifiers());
+    if (!m_delegate.arraycontroller().selectionIndexes().empty() && itemAt(items(), point))
+        m_press = {event->position(), point, event->modifiers().testFlag(Qt::ControlModifier)};
+}
+
+void PreviewSurface::press(QPointF point, Qt::KeyboardModifiers modifiers)
+{
+    auto& controller = m_delegate.arraycontroller();
+    const auto row = itemAt(items(), point);
+    auto selection = controller.selectionIndexes();
+    if (modifiers.testFlag(Qt::ControlModifier) && !selection.empty())
+        return;
+    if (modifiers.testFlag(Qt::ShiftModifier)) {
+        if (row && selection.erase(*row) == 0)
+            selection.insert(*row);
+        controller.setSelectionIndexes(selection);
+    } else if (!row) {
+        controller.setSelectionIndexes({});
+    } else if (!selection.contains(*row)) {
+        controller.setSelectionIndex(*row);
+    }
+}
+
+void PreviewSurface::mouseMoveEvent(QMouseEvent* event)
+{
+    ZoomView::mouseMoveEvent(event);
+    if (isPanning())
+        return;
+    const bool far = m_press && (event->position() - m_press->position).manhattanLength() >= kDragDistance;
+    if (far && !m_drag)
+        startDrag();
+    if (m_drag) {
+        continueDrag(event->position(), event->modifiers());
+    } else {
+        const auto row = itemAt(items(), toRaster(event->position()));
+        hover(row ? items()[*row] : nullptr);
+    }
+}
+
+void PreviewSurface::startDrag()
+{
+    const ItemArray dragged = selectedItems();
+    std::vector<Box> targets{{0, 0, viewport().raster().width(), viewport().raster().height()}};
+    for (const ItemRef& item : items()) {
+        if (item->visible() && std::find(dragged.begin(), dragged.end(), item) == dragged.end())
+            targets.push_back(boxOf(*item));
+    }
+    endNudge();
+    emit beginInteraction();
+    m_drag.emplace(dragged, std::move(targets));
+    setCursor(Qt::SizeAllCursor);
+}
+
+void PreviewSurface::continueDrag(QPointF position, Qt::KeyboardModifiers modifiers)
+{
+    m_pointer = position;
+    const auto reach = static_cast<std::int64_t>(kSnapDistance * devicePixelRatioF() / viewport().scale());
+    m_drag->moveTo(toRaster(position) - m_press->point,
+                   modifiers.testFlag(Qt::AltModifier) ? std::nullopt : std::optional(reach));
+    update();
+}
+
+void PreviewSurface::endDrag()
+{
+    m_press.reset();
+    if (!m_drag)
+        return;
+    m_drag.reset();
+    unsetCursor();
+    update();
+    emit endInteraction();
+}
+
+void PreviewSurface::mouseReleaseEvent(QMouseEvent* event)
+{
+    ZoomView::mouseReleaseEvent(event);
+    if (event->button() != Qt::LeftButton)
+        return;
+    auto& controller = m_delegate.arraycontroller();
+    if (m_press && m_press->picksBelow && !m_drag && controller.selectionIndex()) {
+        if (const auto row = itemBelow(items(), m_press->point, *controller.selectionIndex()))
+            controller.setSelectionIndex(*row);
+    }
+    endDrag();
+}
+
+void PreviewSurface::leaveEvent(QEvent* event)
+{
+    hover(nullptr);
+    ZoomView::leaveEvent(event);
+}
+
+void PreviewSurface::keyPressEvent(QKeyEvent* event)
+{
+    if (m_drag) {
+        if (event->key() == Qt::Key_Escape) {
+            m_drag->cancel();
+            endDrag();
+        } else if (event->key() == Qt::Key_Alt) {
+            continueDrag(m_pointer, Qt::AltModifier);
+        }
+    } else if (!nudge(event->key(), event->modifiers())) {
+        ZoomView::keyPressEvent(event);
+    }
+}
+
+bool PreviewSurface::nudge(int key, Qt::KeyboardModifiers modifiers)
+{
+    const int x = (key == Qt::Key_Right) - (key == Qt::Key_Left);
+    const int y = (key == Qt::Key_Down) - (key == Qt::Key_Up);
+    const ItemArray moved = selectedItems();
+    if ((x == 0 && y == 0) || moved.empty())
+        return false;
+    QSize step(1, 1);
+    if (modifiers.testFlag(Qt::ControlModifier))
+        step = {moved.front()->panelWidth(), moved.front()->panelHeight()};
+    else if (modifiers.testFlag(Qt::ShiftModifier))
+        step = {10, 10};
+    if (!std::exchange(m_nudging, true))
+        emit beginInteraction();
+    moveItems(moved, std::int64_t{x} * step.width(), std::int64_t{y} * step.height());
+    update();
+    return true;
+}
+
+void PreviewSurface::endNudge()
+{
+    if (!std::exchange(m_nudging, false))
+        return;
+    update();
+    emit endInteraction();
+}
+
+void PreviewSurface::keyReleaseEvent(QKeyEvent* event)
+{
+    ZoomView::keyReleaseEvent(event);
+    if (event->isAutoRepeat())
+        return;
+    if (m_drag && event->key() == Qt::Key_Alt)
+        continueDrag(m_pointer, Qt::NoModifier);
+    if (event->key() >= Qt::Key_Left && event->key() <= Qt::Key_Down)
+        endNudge();
+}
+
+void PreviewSurface::focusInEvent(QFocusEvent* event)
+{
+    m_showsFocus = event->reason() == Qt::TabFocusReason || event->reason() == Qt::BacktabFocusReason;
+    ZoomView::focusInEvent(event);
+}
+
+void PreviewSurface::focusOutEvent(QFocusEvent* event)
+{
+    m_showsFocus = false;
+    endNudge();
+    ZoomView::focusOutEvent(event);
+}
+
+} // namespace wallgrid

@@ -1,0 +1,33 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "ui/preview/box.h"
+
+#include <Qt>
+#include <cstdint>
+#include <vector>
+
+namespace wallgrid {
+
+/// A line along an edge that something has snapped to, from one end to the other of both.
+struct Guide {
+    Qt::Orientation orientation;
+    std::int64_t at;   ///< the column of an upright line, the row of a level one
+    std::int64_t from; ///< along the line
+    std::int64_t to;
+    bool operator==(const Guide&) const = default;
+};
+
+struct Snap {
+    std::int64_t x = 0; ///< to be added to the position
+    std::int64_t y = 0;
+    std::vector<Guide> guides;
+    bool operator==(const Snap&) const = default;
+};
+
+/// How far a box has to move so that edges of it meet edges of the targets that are no further away than the
+/// tolerance. Each axis goes to its nearest edge, of two equally near ones to the one that is left or above. The
+/// guides are those of all the edges that meet then.
+Snap snapped(const Box& moving, const std::vector<Box>& targets, std::int64_t tolerance);
+
+} // namespace wallgrid

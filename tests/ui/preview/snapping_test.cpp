@@ -1,0 +1,98 @@
+// SPDX-License-Identifier: MIT
+#include "items/gx_screen.h"
+#include "ui/preview/item_drag.h"
+#include "ui/preview/picking.h"
+
+#include <gtest/gtest.h>
+#include <limits>
+
+using namespace wallgrid;
+
+namespace {
+
+constexpr Box kRaster{0, 0, 1920, 1080};
+constexpr Box kWall{500, 100, 900, 500};
+
+ItemRef itemAt(std::int32_t x, std::int32_t y, std::int32_t side, bool visible = true)
+{
+    auto item = GXScreen::init();
+    item->setXpoint(x);
+    item->setYpoint(y);
+    item->setScreenSizeWidth(side);
+    item->setScreenSizeHeight(side);
+    item->setVisible(visible);
+    return item;
+}
+
+} // namespace
+
+TEST(Snapping, goesToTheNearestEdges)
+{
+    struct Case {
+        const char* what;
+        Box moving;
+        std::int64_t tolerance;
+        Snap expected;
+    };
+    const Case cases[] = {
+        {"far from everything", {200, 700, 300, 800}, 8, {0, 0, {}}},
+        {"raster's corner", {5, -3, 105, 90}, 8, {-5, 3, {{Qt::Vertical, 0, 0, 1080}, {Qt::Horizontal, 0, 0, 1920}}}},
+        {"just too far", {9, 200, 109, 300}, 8, {0, 0, {}}},
+        {"raster's right edge", {1815, 700, 1915, 800}, 8, {5, 0, {{Qt::Vertical, 1920, 0, 1080}}}},
+        {"beside a wall", {404, 700, 504, 800}, 8, {-4, 0, {{Qt::Vertical, 500, 100, 800}}}},
+        {"same left edge", {497, 700, 597, 800}, 8, {3, 0, {{Qt::Vertical, 500, 100, 800}}}},
+        {"the nearer of two", {497, 700, 898, 800}, 8, {2, 0, {{Qt::Vertical, 900, 100, 800}}}},
+        {"left before right", {497, 700, 903, 800}, 8, {-3, 0, {{Qt::Vertical, 900, 100, 800}}}},
+        {"as wide as the wall",
+         {502, 700, 902, 800},
+         8,
+         {-2, 0, {{Qt::Vertical, 500, 100, 800}, {Qt::Vertical, 900, 100, 800}}}},
+        {"only what meets already", {500, 700, 601, 800}, 0, {0, 0, {{Qt::Vertical, 500, 100, 800}}}},
+        {"one beside", {501, 700, 602, 800}, 0, {0, 0, {}}},
+    };
+    for (const Case& c : cases)
+        EXPECT_EQ(snapped(c.moving, {kRaster, kWall}, c.tolerance), c.expected) << c.what;
+}
+
+TEST(Snapping, dragsThroughTheSetters)
+{
+    const ItemRef first = itemAt(100, 100, 50);
+    const ItemRef second = itemAt(200, 300, 50);
+    std::string told;
+    const auto observation = second->observe([&](std::string_view key) { told += std::string(key) + ' '; });
+    ItemDrag drag({first, second}, {kRaster});
+
+    drag.moveTo({-94.6, 20.4}, 8);
+    EXPECT_EQ(boxOf(*first), (Box{0, 120, 50, 170}));
+    EXPECT_EQ(boxOf(*second), (Box{100, 320, 150, 370}));
+    EXPECT_EQ(drag.guides(), (std::vector<Guide>{{Qt::Vertical, 0, 0, 1080}}));
+
+    drag.moveTo({-94.6, 20.4}, {});
+    EXPECT_EQ(boxOf(*first), (Box{5, 120, 55, 170}));
+    EXPECT_TRUE(drag.guides().empty());
+    drag.moveTo({-94.6, 21}, {});
+    EXPECT_EQ(told, "xpoint ypoint xpoint ypoint ");
+
+    drag.cancel();
+    EXPECT_EQ(boxOf(*first), (Box{100, 100, 150, 150}));
+    EXPECT_EQ(boxOf(*second), (Box{200, 300, 250, 350}));
+
+    using Limits = std::numeric_limits<std::int32_t>;
+    first->setXpoint(Limits::max());
+    moveItems({first}, 10, -10);
+    EXPECT_EQ(first->xpoint(), Limits::max());
+    EXPECT_EQ(first->ypoint(), 90);
+}
+
+TEST(Picking, takesTheTopmostVisible)
+{
+    const ItemArray items{itemAt(0, 0, 100, false), itemAt(10, 10, 10), itemAt(0, 0, 100), itemAt(-50, -50, 100)};
+    using Row = std::optional<std::size_t>;
+    EXPECT_EQ(itemAt(items, {10, 10}), Row(1));
+    EXPECT_EQ(itemAt(items, {20, 19.9}), Row(2)); // one beside
+    EXPECT_EQ(itemAt(items, {-0.1, 0}), Row(3));
+    EXPECT_EQ(itemAt(items, {100, 0}), Row());
+    EXPECT_EQ(itemBelow(items, {15, 15}, 1), Row(2));
+    EXPECT_EQ(itemBelow(items, {15, 15}, 2), Row(3));
+    EXPECT_EQ(itemBelow(items, {15, 15}, 3), Row(1));
+}

@@ -1,0 +1,231 @@
+// SPDX-License-Identifier: MIT
+#include "ui/preview/preview_surface.h"
+
+#include "../program_under_test.h"
+
+#include <QScreen>
+#include <QWheelEvent>
+
+using namespace wallgrid;
+
+// Runs at several scales of the desktop.
+class SurfaceTest : public QObject {
+    Q_OBJECT
+
+private:
+    /// What the desktop shows of the surface, in device pixels from the corner that the surface counts from.
+    static QImage shown(ProgramUnderTest& program)
+    {
+        QCoreApplication::processEvents();
+        PreviewSurface& surface = *program.window().miniPvw();
+        QScreen* screen = program.window().screen();
+        QImage window = screen->grabWindow(program.window().winId()).toImage();
+        window.setDevicePixelRatio(1);
+        // What is not on the screen is not in the picture.
+        window = window.copy(QRect({}, screen->size() * surface.devicePixelRatioF()) & window.rect());
+        const QPointF corner = QPointF(surface.mapTo(&program.window(), QPoint())) * surface.devicePixelRatioF();
+        const QRect place(corner.toPoint(), (QSizeF(surface.size()) * surface.devicePixelRatioF()).toSize());
+        return window.copy(place & window.rect());
+    }
+
+    /// A place of the surface where a pixel of the raster is.
+    static QPoint at(PreviewSurface& surface, double x, double y)
+    {
+        const QRectF pixel =
+            surface.viewport().toView({std::int64_t(x), std::int64_t(y), std::int64_t(x), std::int64_t(y)});
+        return (pixel.topLeft() / surface.devicePixelRatioF()).toPoint();
+    }
+
+    static void drag(PreviewSurface& surface, QPoint from, QPoint to, Qt::KeyboardModifiers modifiers = {})
+    {
+        QTest::mousePress(&surface, Qt::LeftButton, {}, from);
+        for (const QPoint step : {from + (to - from) / 2, to}) {
+            QMouseEvent move(QEvent::MouseMove, step, surface.mapToGlobal(step), Qt::NoButton, Qt::LeftButton,
+                             modifiers);
+            QCoreApplication::sendEvent(&surface, &move);
+        }
+    }
+
+    static void release(PreviewSurface& surface, QPoint at) { QTest::mouseRelease(&surface, Qt::LeftButton, {}, at); }
+
+private slots:
+    void everyPixelIsExact_data()
+    {
+        QTest::addColumn<int>("scale");
+        QTest::addRow("100 %%") << 1;
+        QTest::addRow("300 %%") << 3;
+    }
+
+    void everyPixelIsExact()
+    {
+        QFETCH(int, scale);
+        ProgramUnderTest program;
+        program.delegate().setBgColor(Color::deviceRGB(0.2, 0.4, 0.6));
+        program.item().setXYFontEnable(true); // text, whose edges have many shades
+        program.settle();
+        program.delegate().arraycontroller().setSelectionIndexes({});
+        PreviewSurface& surface = *program.window().miniPvw();
+        surface.zoomTo(scale);
+
+        const QImage seen = shown(program);
+        const QRect picture = surface.viewport().picture();
+        const QRect visible = surface.viewport().visiblePicture() & seen.rect();
+        QVERIFY(visible.width() > 100 && visible.height() > 60);
+        QCOMPARE(picture.size(), QSize(1920, 1080) * scale);
+        for (int y = visible.top(); y <= visible.bottom(); ++y) {
+            for (int x = visible.left(); x <= visible.right(); ++x) {
+                const QString pixel = program.output((x - picture.x()) / scale, (y - picture.y()) / scale);
+                const QString painted = QString::number(seen.pixel(x, y), 16);
+                if (painted != pixel)
+                    QFAIL(qPrintable(QString("%1, %2: %3, not %4").arg(x).arg(y).arg(painted, pixel)));
+            }
+        }
+    }
+
+    void outlinesSurroundTheItem()
+    {
+        ProgramUnderTest program;
+        program.insert(makeScreen(u"wall", 60, 100, 80));
+        program.settle();
+        PreviewSurface& surface = *program.window().miniPvw();
+        surface.fit();
+        const QRectF item = surface.viewport().toView({100, 80, 160, 140});
+        const QImage selected = shown(program);
+        program.delegate().arraycontroller().setSelectionIndexes({});
+        const QImage bare = shown(program);
+        for (int y = 0; y < bare.height(); ++y) {
+            for (int x = 0; x < bare.width(); ++x) {
+                const bool inside = item.toRect().contains(x, y);
+                const bool near = item.adjusted(-8, -8, 8, 8).contains(x, y);
+                if (inside || !near)
+                    QCOMPARE(selected.pixel(x, y), bare.pixel(x, y));
+            }
+        }
+        const QPoint edge = item.toRect().topLeft() - QPoint(1, 1);
+        QVERIFY(selected.pixel(edge) != bare.pixel(edge));
+    }
+
+    void aDragMovesAndSnaps()
+    {
+        ProgramUnderTest program;
+        program.insert(makeScreen(u"wall", 200, 600, 400));
+        program.delegate().arraycontroller().setSelectionIndex(1);
+        program.settle();
+        PreviewSurface& surface = *program.window().miniPvw();
+        surface.fit();
+        QSignalSpy begun(&surface, &PreviewSurface::beginInteraction);
+        QSignalSpy ended(&surface, &PreviewSurface::endInteraction);
+        GXItem& wall = program.item(0);
+        const QPoint from = at(surface, 700, 500);
+
+        drag(surface, from, from + QPoint(0, 2));
+        release(surface, from);
+        QCOMPARE(program.delegate().arraycontroller().selectionIndex(), std::optional<std::size_t>(0)); // a click
+        QCOMPARE(wall.ypoint(), 400);
+        QCOMPARE(begun.count(), 0);
+
+        // The default layer ends at column 312. The wall's left edge is brought near to it.
+        const QPoint near = at(surface, 700 - 288 + 2, 500);
+        drag(surface, from, near);
+        QCOMPARE(wall.xpoint(), 312);
+        QCOMPARE(begun.count(), 1);
+        QCOMPARE(ended.count(), 0);
+        drag(surface, from, near, Qt::AltModifier); // goes on, without snapping
+        QCOMPARE(wall.xpoint(),
+                 600 + qRound((near.x() - from.x()) * surface.devicePixelRatioF() / surface.viewport().scale()));
+        release(surface, near);
+        QCOMPARE(ended.count(), 1);
+
+        program.settle();
+        QCOMPARE(program.output(wall.xpoint(), wall.ypoint()), "ff00ff00");
+        const std::int32_t x = wall.xpoint();
+        drag(surface, at(surface, x + 50, 500), at(surface, 1500, 900));
+        QVERIFY(wall.xpoint() != x);
+        QTest::keyClick(&surface, Qt::Key_Escape);
+        QCOMPARE(wall.xpoint(), x);
+        QCOMPARE(begun.count(), 2);
+        QCOMPARE(ended.count(), 2);
+    }
+
+    void clicksSelect()
+    {
+        ProgramUnderTest program;
+        program.insert(makeScreen(u"small", 100, 0, 0));
+        program.settle();
+        PreviewSurface& surface = *program.window().miniPvw();
+        surface.fit();
+        const auto selected = [&](QPoint place, Qt::KeyboardModifiers modifiers) {
+            QTest::mouseClick(&surface, Qt::LeftButton, modifiers, place);
+            return program.delegate().arraycontroller().selectionIndexes();
+        };
+        using Rows = std::set<std::size_t>;
+        const QPoint both = at(surface, 50, 50);
+        QCOMPARE(selected(both, {}), Rows{0});
+        QCOMPARE(selected(both, Qt::ControlModifier), Rows{1});
+        QCOMPARE(selected(both, Qt::ControlModifier), Rows{0});
+        QCOMPARE(selected(at(surface, 250, 250), Qt::ShiftModifier), (Rows{0, 1}));
+        QCOMPARE(selected(both, Qt::ShiftModifier), Rows{1});
+        QCOMPARE(selected(at(surface, 1500, 900), {}), Rows{});
+    }
+
+    void arrowKeysNudge()
+    {
+        ProgramUnderTest program;
+        PreviewSurface& surface = *program.window().miniPvw();
+        QSignalSpy begun(&surface, &PreviewSurface::beginInteraction);
+        QSignalSpy ended(&surface, &PreviewSurface::endInteraction);
+        GXItem& item = program.item();
+        QTest::keyClick(&surface, Qt::Key_Right);
+        QTest::keyClick(&surface, Qt::Key_Down, Qt::ShiftModifier);
+        QTest::keyClick(&surface, Qt::Key_Left, Qt::ControlModifier);
+        QCOMPARE(item.xpoint(), 1 - 78);
+        QCOMPARE(item.ypoint(), 10);
+        QCOMPARE(begun.count(), 3);
+        QCOMPARE(ended.count(), 3);
+        QTest::keyPress(&surface, Qt::Key_Up);
+        QTest::keyPress(&surface, Qt::Key_Up);
+        QCOMPARE(begun.count(), 4);
+        QCOMPARE(ended.count(), 3);
+        QTest::keyRelease(&surface, Qt::Key_Up);
+        QCOMPARE(ended.count(), 4);
+        QCOMPARE(item.ypoint(), 8);
+    }
+
+    void theWheelZoomsAndPans()
+    {
+        ProgramUnderTest program;
+        PreviewSurface& surface = *program.window().miniPvw();
+        const QPointF place(surface.width() / 3, surface.height() / 2);
+        const auto turn = [&](int angle, Qt::KeyboardModifiers modifiers) {
+            QWheelEvent wheel(place, surface.mapToGlobal(place), {}, {0, angle}, {}, modifiers, Qt::NoScrollPhase,
+                              false);
+            QCoreApplication::sendEvent(&surface, &wheel);
+        };
+        surface.zoomTo(1);
+        const QPointF kept = surface.viewport().toRaster(place * surface.devicePixelRatioF());
+        turn(60, Qt::ControlModifier); // half a notch
+        QCOMPARE(surface.viewport().scale(), 1.);
+        turn(60, Qt::ControlModifier);
+        QCOMPARE(surface.viewport().scale(), 2.);
+        const QPointF still = surface.viewport().toRaster(place * surface.devicePixelRatioF());
+        QVERIFY((still - kept).manhattanLength() <= 1);
+        QPoint before = surface.viewport().picture().topLeft();
+        const int step = qRound(60 * surface.devicePixelRatioF());
+        turn(-120, {});
+        QCOMPARE(surface.viewport().picture().topLeft(), before - QPoint(0, step));
+        turn(-120, Qt::ShiftModifier);
+        QCOMPARE(surface.viewport().picture().topLeft(), before - QPoint(step, step));
+
+        before = surface.viewport().picture().topLeft();
+        QTest::keyPress(&surface, Qt::Key_Space);
+        drag(surface, place.toPoint(), place.toPoint() + QPoint(20, 10));
+        release(surface, place.toPoint());
+        QTest::keyRelease(&surface, Qt::Key_Space);
+        const QPoint moved = surface.viewport().picture().topLeft() - before;
+        QVERIFY((moved - QPointF(20, 10) * surface.devicePixelRatioF()).manhattanLength() <= 2);
+        QCOMPARE(program.item().xpoint(), 0);
+    }
+};
+
+QTEST_MAIN(SurfaceTest)
+#include "surface_test.moc"
