@@ -4,7 +4,7 @@
 #include "items/gx_screen.h"
 #include "plain_packed_bits.h"
 #include "plain_psd.h"
-#include "psd/packed_bits.h"
+#include "psd/packed_rows.h"
 
 #include <algorithm>
 #include <array>
@@ -95,59 +95,75 @@ BitmapRef noise()
     return bitmap;
 }
 
-/// The channels of each row, as the writer packs them.
-template <class Pack>
-void forEachRow(const Bitmap& bitmap, Pack pack)
+/// A channel of a row, the plain way.
+void packPlain(const Bitmap& bitmap, int y, std::size_t channel, std::vector<std::uint8_t>& packed)
 {
-    for (int y = 0; y < bitmap.height(); ++y) {
-        for (std::size_t channel = 0; channel < sizeof(Pixel); ++channel)
-            pack(reinterpret_cast<const std::uint8_t*>(bitmap.row(y).data()), channel);
+    constexpr std::array kOffsets = {offsetof(Pixel, r), offsetof(Pixel, g), offsetof(Pixel, b), offsetof(Pixel, a)};
+    const std::span bytes(reinterpret_cast<const std::uint8_t*>(bitmap.row(y).data()), bitmap.bytesPerRow());
+    packPlainly(bytes, kOffsets[channel], bytes.size() - kOffsets[channel], sizeof(Pixel), packed);
+}
+
+struct Packer {
+    explicit Packer(BitmapRef rows)
+        : bitmap(std::move(rows))
+    {
     }
-}
 
-void packOurs(const Bitmap& bitmap, std::vector<std::uint8_t>& packed)
-{
-    std::size_t size = 0;
-    forEachRow(bitmap, [&](const std::uint8_t* row, std::size_t channel) {
-        size += packSamples(row + channel, kWidth, sizeof(Pixel), packed.data() + size);
-    });
-    benchmark::DoNotOptimize(size);
-}
+    /// As the writer does it, but no row is told what stands above it, so that each is packed.
+    void runOurs()
+    {
+        ours.start(PackedRows::kMostChannels, kHeight, kWidth, {});
+        for (int y = 0; y < kHeight; ++y)
+            ours.addRow(bitmap->row(y), nullptr);
+    }
 
-void packPlain(const Bitmap& bitmap, std::vector<std::uint8_t>& packed)
-{
-    packed.clear(); // and keeps its memory
-    forEachRow(bitmap, [&](const std::uint8_t* row, std::size_t channel) {
-        packPlainly({row, bitmap.bytesPerRow()}, channel, bitmap.bytesPerRow() - channel, sizeof(Pixel), packed);
-    });
-}
+    void runPlain()
+    {
+        plain.clear(); // and keeps its memory
+        for (int y = 0; y < kHeight; ++y) {
+            for (std::size_t channel = 0; channel < PackedRows::kMostChannels; ++channel)
+                packPlain(*bitmap, y, channel, plain);
+        }
+    }
+
+    void check(const std::string& name)
+    {
+        runOurs();
+        for (int channel = 0; channel < PackedRows::kMostChannels; ++channel) {
+            ByteBuffer packed;
+            ours.appendData(channel, packed);
+            std::vector<std::uint8_t> expected;
+            for (int y = 0; y < kHeight; ++y)
+                packPlain(*bitmap, y, static_cast<std::size_t>(channel), expected);
+            requireSame(packed, expected, name);
+        }
+    }
+
+    BitmapRef bitmap;
+    PackedRows ours;
+    std::vector<std::uint8_t> plain;
+};
 
 void addPacker(std::vector<Ratio>& ratios, const std::string& name, BitmapRef (*make)(), double atMost)
 {
-    struct Rows {
-        BitmapRef bitmap;
-        std::vector<std::uint8_t> ours, plain;
-    };
-    const auto get = [=, made = std::make_shared<Rows>()]() -> Rows& {
-        if (!made->bitmap) {
-            made->bitmap = make();
-            made->ours.resize(sizeof(Pixel) * kHeight * largestPackedSize(kWidth));
-            packOurs(*made->bitmap, made->ours);
-            packPlain(*made->bitmap, made->plain);
-            requireSame(std::span(made->ours).first(made->plain.size()), made->plain, name);
+    const auto get = [=, made = std::make_shared<std::unique_ptr<Packer>>()]() -> Packer& {
+        if (!*made) {
+            *made = std::make_unique<Packer>(make());
+            (*made)->check(name);
         }
-        return *made;
+        return **made;
     };
-    benchmark::RegisterBenchmark((name + "/ours").c_str(), [=](benchmark::State& state) {
-        Rows& rows = get();
-        for (auto _ : state)
-            packOurs(*rows.bitmap, rows.ours);
-    });
-    benchmark::RegisterBenchmark((name + "/plain").c_str(), [=](benchmark::State& state) {
-        Rows& rows = get();
-        for (auto _ : state)
-            packPlain(*rows.bitmap, rows.plain);
-    });
+    const auto add = [&](const std::string& task, void (Packer::*run)()) {
+        benchmark::RegisterBenchmark((name + task).c_str(), [=](benchmark::State& state) {
+            Packer& packer = get();
+            for (auto _ : state) {
+                (packer.*run)();
+                benchmark::ClobberMemory();
+            }
+        });
+    };
+    add("/ours", &Packer::runOurs);
+    add("/plain", &Packer::runPlain);
     ratios.push_back({name + ": plain encoder", name + "/ours", name + "/plain", atMost});
 }
 

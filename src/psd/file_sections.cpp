@@ -3,7 +3,6 @@
 #include "psd/icc_profile.h"
 #include "psd/kp_psd_writer.h"
 #include "psd/packed_bits.h"
-#include "psd/packed_rows.h"
 #include "psd/record_fields.h"
 
 #include <algorithm>
@@ -93,9 +92,10 @@ ByteBuffer KPPSDWriter::createPSDDataWithError(KPPSDError* error)
         writeFileHeaderSectionOn(buffer);
         writeColorModeDataSectionOn(buffer);
         writeImageResourceSectionOn(buffer);
-        if (const auto code = writeLayerAndMaskInformationSectionOn(buffer); code != KPPSDError::None)
+        PackedRows rows;
+        if (const auto code = writeLayerAndMaskInformationSectionOn(buffer, rows); code != KPPSDError::None)
             return fail(error, code, code == KPPSDError::TooLarge ? kTooLarge : kCancelled);
-        writeImageDataSectionOn(buffer);
+        writeImageDataSectionOn(buffer, rows);
         return buffer;
     } catch (const std::bad_alloc&) {
         return fail(error, KPPSDError::NotPrepared, kNotPrepared);
@@ -166,7 +166,7 @@ void KPPSDWriter::writeImageResourceSectionOn(ByteBuffer& buffer) const
 }
 
 /// Stops as soon as the section is longer than its length can say, or when the report says so.
-KPPSDError::Code KPPSDWriter::writeLayerAndMaskInformationSectionOn(ByteBuffer& buffer) const
+KPPSDError::Code KPPSDWriter::writeLayerAndMaskInformationSectionOn(ByteBuffer& buffer, PackedRows& rows) const
 {
     const std::size_t section = buffer.size();
     const Layers visible = visibleLayers();
@@ -184,7 +184,7 @@ KPPSDError::Code KPPSDWriter::writeLayerAndMaskInformationSectionOn(ByteBuffer& 
         // The merged image counts as one more layer.
         if (!goesOn(m_report, static_cast<double>(i) / static_cast<double>(visible.size() + 1)))
             return KPPSDError::Cancelled;
-        KPPSDLayer::fillInChannelLengths(buffer, records[i], visible[i]->writeLayerChannelsOn(buffer));
+        KPPSDLayer::fillInChannelLengths(buffer, records[i], visible[i]->writeLayerChannelsOn(buffer, rows));
         if (buffer.size() - section > kLongestSection)
             return KPPSDError::TooLarge;
     }
@@ -195,11 +195,11 @@ KPPSDError::Code KPPSDWriter::writeLayerAndMaskInformationSectionOn(ByteBuffer& 
     return KPPSDError::None;
 }
 
-void KPPSDWriter::writeImageDataSectionOn(ByteBuffer& buffer) const
+void KPPSDWriter::writeImageDataSectionOn(ByteBuffer& buffer, PackedRows& rows) const
 {
     const Bitmap& merged = *m_flattenedData;
     const int channels = numberOfChannels();
-    PackedRows rows(channels, static_cast<std::size_t>(merged.height()), static_cast<std::size_t>(merged.width()), {});
+    rows.start(channels, static_cast<std::size_t>(merged.height()), static_cast<std::size_t>(merged.width()), {});
     for (int y = 0; y < merged.height(); ++y)
         rows.addRow(merged.row(y), y > 0 ? merged.row(y - 1).data() : nullptr);
     kpAppendValue(buffer, kPackBits, 2);

@@ -26,7 +26,7 @@ void KPPSDGroupLayer::copyGroupInformationFrom(const KPPSDGroupLayer& group)
     KPPSDLayerEffects::operator=(group);
 }
 
-KPPSDLayer::ChannelLengths KPPSDGroupLayer::writeLayerChannelsOn(ByteBuffer& buffer) const
+KPPSDLayer::ChannelLengths KPPSDGroupLayer::writeLayerChannelsOn(ByteBuffer& buffer, PackedRows& /*rows*/) const
 {
     ChannelLengths lengths(static_cast<std::size_t>(numberOfChannels()), kEmptyChannel);
     for (const std::uint64_t length : lengths)

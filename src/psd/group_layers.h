@@ -21,7 +21,8 @@ public:
 
     bool hasValidSize() const override { return true; }
     bool preparePixels() override { return true; }
-    ChannelLengths writeLayerChannelsOn(ByteBuffer& buffer) const override;
+    using KPPSDLayer::writeLayerChannelsOn;
+    ChannelLengths writeLayerChannelsOn(ByteBuffer& buffer, PackedRows& rows) const override;
     SizeBounds layerChannelsSize() const override;
 
 private:

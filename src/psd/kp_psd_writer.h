@@ -124,8 +124,8 @@ private:
     void writeFileHeaderSectionOn(ByteBuffer& buffer) const;
     void writeColorModeDataSectionOn(ByteBuffer& buffer) const;
     void writeImageResourceSectionOn(ByteBuffer& buffer) const;
-    KPPSDError::Code writeLayerAndMaskInformationSectionOn(ByteBuffer& buffer) const;
-    void writeImageDataSectionOn(ByteBuffer& buffer) const;
+    KPPSDError::Code writeLayerAndMaskInformationSectionOn(ByteBuffer& buffer, PackedRows& rows) const;
+    void writeImageDataSectionOn(ByteBuffer& buffer, PackedRows& rows) const;
 
     Size m_documentSize;
     KPPSDResolution m_documentResolution;

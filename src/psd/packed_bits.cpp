@@ -5,11 +5,11 @@
 #include <bit>
 #include <cstring>
 #include <stdexcept>
+#ifdef __SSE2__
+#include <emmintrin.h>
+#endif
 
 namespace wallgrid {
-
-// Vector lanes are numbered like the bytes of memory.
-static_assert(std::endian::native == std::endian::little);
 
 namespace {
 
@@ -17,165 +17,122 @@ constexpr std::size_t kLongestLiteral = 128;
 constexpr std::size_t kShortestRun = 3;
 constexpr std::size_t kLongestRun = 127;
 
-/// 16 bytes as lanes of one sample each.
-template <std::size_t kSkip>
-struct Lanes;
-
-template <>
-struct Lanes<1> {
-    using Lane = std::uint8_t;
-    using Vector = Lane __attribute__((vector_size(16)));
-};
-
-template <>
-struct Lanes<4> {
-    using Lane = std::uint32_t;
-    using Vector = Lane __attribute__((vector_size(16)));
-};
-
-/// Samples that stand next to each other or one in every four bytes, compared 16 bytes at a time.
-template <std::size_t kSkip>
-class Samples {
+/// Finds runs among samples, 64 at a time: a word has a bit for each, set where the next sample is the same. Positions
+/// asked for never go back.
+class Repeats {
 public:
-    Samples(const std::uint8_t* first, std::size_t count)
-        : m_first(first)
+    Repeats(const std::uint8_t* samples, std::size_t count)
+        : m_samples(samples)
         , m_count(count)
+        , m_word(wordAt(0))
+        , m_next(wordAt(kBits))
     {
-    }
-
-    std::size_t count() const { return m_count; }
-    std::uint8_t at(std::size_t i) const { return m_first[i * kSkip]; }
-
-    /// The first sample from `i` on that differs from `value`.
-    std::size_t runEnd(std::size_t i, std::uint8_t value) const
-    {
-        const Vector values = Lane(value) - Vector{};
-        for (; i + kLanes < m_count; i += kLanes) {
-            if (const Vector differing = (vectorAt(i) ^ values) & kMask; any(differing))
-                return i + firstNonZero(differing);
-        }
-        while (i < m_count && at(i) == value)
-            ++i;
-        return i;
     }
 
     /// The first of three equal samples in a row from `i` on, or the end.
-    std::size_t runBegin(std::size_t i) const
+    std::size_t runBegin(std::size_t i)
     {
-        for (; i + kLanes + 2 < m_count; i += kLanes) {
-            const Vector a = vectorAt(i), b = vectorAt(i + 1), c = vectorAt(i + 2);
-            const Vector differing = ((a ^ b) | (b ^ c)) & kMask;
-            if (const auto equal = Vector(differing == Vector{}); any(equal))
-                return i + firstNonZero(equal);
+        seek(i);
+        for (std::uint64_t from = kAll << i % kBits;; from = kAll) {
+            if (const std::uint64_t begins = m_word & (m_word >> 1 | m_next << (kBits - 1)) & from; begins != 0)
+                return m_begin + static_cast<std::size_t>(std::countr_zero(begins));
+            if (m_begin + kBits >= m_count)
+                return m_count;
+            advance();
         }
-        for (; i + 2 < m_count; ++i) {
-            if (at(i) == at(i + 1) && at(i) == at(i + 2))
-                return i;
-        }
-        return m_count;
     }
 
-    std::uint8_t* copy(std::size_t i, std::size_t count, std::uint8_t* out) const
+    /// The first sample behind `i` that differs from it, or the end.
+    std::size_t runEnd(std::size_t i)
     {
-        const std::uint8_t* from = m_first + i * kSkip;
-        for (std::size_t k = 0; k < count; ++k, from += kSkip)
-            out[k] = *from;
-        return out + count;
+        seek(i);
+        // The last sample has no next one to be the same.
+        for (std::uint64_t from = kAll << i % kBits;; from = kAll) {
+            if (const std::uint64_t lasts = ~m_word & from; lasts != 0)
+                return m_begin + static_cast<std::size_t>(std::countr_zero(lasts)) + 1;
+            advance();
+        }
     }
 
 private:
-    using Lane = typename Lanes<kSkip>::Lane;
-    using Vector = typename Lanes<kSkip>::Vector;
-    static constexpr std::size_t kLanes = sizeof(Vector) / sizeof(Lane);
-    static constexpr Lane kMask = 0xFF;
+    static constexpr std::size_t kBits = 64;
+    static constexpr std::uint64_t kAll = ~std::uint64_t{0};
 
-    /// Reads up to three bytes past the last of its samples; the loops above keep one more sample behind it.
-    Vector vectorAt(std::size_t i) const
+    void seek(std::size_t i)
     {
-        Vector vector;
-        std::memcpy(&vector, m_first + i * kSkip, sizeof vector);
-        return vector;
+        while (i >= m_begin + kBits)
+            advance();
     }
 
-    struct Halves {
-        std::uint64_t low, high;
-    };
-    static bool any(const Vector& vector)
+    void advance()
     {
-        const auto halves = std::bit_cast<Halves>(vector);
-        return (halves.low | halves.high) != 0;
-    }
-    static std::size_t firstNonZero(const Vector& vector)
-    {
-        constexpr std::size_t kLaneBits = 8 * sizeof(Lane);
-        const auto halves = std::bit_cast<Halves>(vector);
-        return halves.low != 0 ? static_cast<std::size_t>(std::countr_zero(halves.low)) / kLaneBits
-                               : kLanes / 2 + static_cast<std::size_t>(std::countr_zero(halves.high)) / kLaneBits;
+        m_begin += kBits;
+        m_word = m_next;
+        m_next = wordAt(m_begin + kBits);
     }
 
-    const std::uint8_t* m_first;
-    std::size_t m_count;
-};
-
-/// Samples at any distance.
-class SparseSamples {
-public:
-    SparseSamples(const std::uint8_t* first, std::size_t count, std::size_t skip)
-        : m_first(first)
-        , m_count(count)
-        , m_skip(skip)
+    std::uint64_t wordAt(std::size_t begin) const
     {
-    }
-
-    std::size_t count() const { return m_count; }
-    std::uint8_t at(std::size_t i) const { return m_first[i * m_skip]; }
-
-    std::size_t runEnd(std::size_t i, std::uint8_t value) const
-    {
-        while (i < m_count && at(i) == value)
-            ++i;
-        return i;
-    }
-
-    std::size_t runBegin(std::size_t i) const
-    {
-        for (; i + 2 < m_count; ++i) {
-            if (at(i) == at(i + 1) && at(i) == at(i + 2))
-                return i;
+        if (begin + 1 >= m_count)
+            return 0;
+#ifdef __SSE2__
+        if (m_count > kBits) {
+            // The last word is cut from the last 64 comparisons there are, so that nothing behind the samples is read.
+            const std::size_t from = std::min(begin, m_count - kBits - 1);
+            return wholeWord(m_samples + from) >> (begin - from);
         }
-        return m_count;
+#endif
+        std::uint64_t word = 0;
+        for (std::size_t i = begin; i < std::min(begin + kBits, m_count - 1); ++i)
+            word |= std::uint64_t{m_samples[i] == m_samples[i + 1]} << (i - begin);
+        return word;
     }
 
-    std::uint8_t* copy(std::size_t i, std::size_t count, std::uint8_t* out) const
+#ifdef __SSE2__
+    /// Compares 64 samples with those behind them.
+    static std::uint64_t wholeWord(const std::uint8_t* samples)
     {
-        for (std::size_t k = 0; k < count; ++k)
-            out[k] = at(i + k);
-        return out + count;
+        std::uint64_t word = 0;
+        for (std::size_t k = 0; k < kBits; k += sizeof(__m128i)) {
+            const auto* const vector = reinterpret_cast<const __m128i*>(samples + k);
+            const auto* const next = reinterpret_cast<const __m128i*>(samples + k + 1);
+            const __m128i same = _mm_cmpeq_epi8(_mm_loadu_si128(vector), _mm_loadu_si128(next));
+            word |= std::uint64_t{static_cast<std::uint32_t>(_mm_movemask_epi8(same))} << k;
+        }
+        return word;
     }
+#endif
 
-private:
-    const std::uint8_t* m_first;
+    const std::uint8_t* m_samples;
     std::size_t m_count;
-    std::size_t m_skip;
+    std::size_t m_begin = 0; ///< of m_word
+    std::uint64_t m_word;
+    std::uint64_t m_next;
 };
 
-/// Literals up to the next three equal samples, then their run, cut at 127; what a cut leaves over is looked at anew,
-/// so that one or two samples of it become literals.
-template <class S>
-std::uint8_t* pack(const S& samples, std::uint8_t* out)
+} // namespace
+
+/// Literals up to the next three equal samples, then their run, cut at 127. When a cut leaves one or two samples of it,
+/// they become literals.
+std::size_t packSamples(std::span<const std::uint8_t> samples, std::uint8_t* packed)
 {
-    for (std::size_t i = 0; i < samples.count();) {
-        const std::size_t runBegin = samples.runBegin(i);
+    Repeats repeats(samples.data(), samples.size());
+    std::uint8_t* out = packed;
+    std::size_t i = 0;
+    std::size_t runEnd = 0;
+    while (i < samples.size()) {
+        const std::size_t runBegin = repeats.runBegin(runEnd);
         while (i < runBegin) {
             const std::size_t literal = std::min(runBegin - i, kLongestLiteral);
             *out++ = static_cast<std::uint8_t>(literal - 1);
-            out = samples.copy(i, literal, out);
+            std::memcpy(out, samples.data() + i, literal);
+            out += literal;
             i += literal;
         }
-        if (i == samples.count())
+        if (i == samples.size())
             break;
-        const std::uint8_t value = samples.at(i);
-        const std::size_t runEnd = samples.runEnd(i + kShortestRun, value);
+        const std::uint8_t value = samples[i];
+        runEnd = repeats.runEnd(i);
         while (runEnd - i >= kShortestRun) {
             const std::size_t run = std::min(runEnd - i, kLongestRun);
             *out++ = static_cast<std::uint8_t>(1 - run);
@@ -183,21 +140,7 @@ std::uint8_t* pack(const S& samples, std::uint8_t* out)
             i += run;
         }
     }
-    return out;
-}
-
-} // namespace
-
-std::size_t packSamples(const std::uint8_t* samples, std::size_t count, std::size_t skip, std::uint8_t* packed)
-{
-    switch (skip) {
-    case 1:
-        return static_cast<std::size_t>(pack(Samples<1>(samples, count), packed) - packed);
-    case 4:
-        return static_cast<std::size_t>(pack(Samples<4>(samples, count), packed) - packed);
-    default:
-        return static_cast<std::size_t>(pack(SparseSamples(samples, count, skip), packed) - packed);
-    }
+    return static_cast<std::size_t>(out - packed);
 }
 
 ByteBuffer kpPackedBitsForRange(std::span<const std::uint8_t> bytes, ByteRange range, std::int32_t skip)
@@ -208,8 +151,11 @@ ByteBuffer kpPackedBitsForRange(std::span<const std::uint8_t> bytes, ByteRange r
     const std::uint64_t count = (range.length - 1) / step + 1;
     if (range.location >= bytes.size() || (count - 1) * step >= bytes.size() - range.location)
         throw std::out_of_range("kpPackedBitsForRange: the range ends outside the bytes");
+    std::vector<std::uint8_t> samples(count);
+    for (std::size_t i = 0; i < count; ++i)
+        samples[i] = bytes[range.location + i * step];
     ByteBuffer packed(largestPackedSize(count));
-    packed.resize(packSamples(bytes.data() + range.location, count, step, packed.data()));
+    packed.resize(packSamples(samples, packed.data()));
     return packed;
 }
 
@@ -218,7 +164,7 @@ std::string kpPackedBitsDescription(std::span<const std::uint8_t> packed)
     std::string text;
     std::size_t total = 0;
     for (std::size_t i = 0; i < packed.size();) {
-        const int header = static_cast<std::int8_t>(packed[i]);
+        const int header = packed[i] < 128 ? packed[i] : packed[i] - 256; // a signed byte
         const std::size_t decoded = static_cast<std::size_t>(header >= 0 ? header + 1 : 1 - header);
         const std::size_t size = header >= 0 ? 1 + decoded : 2;
         if (size > packed.size() - i)

@@ -35,8 +35,8 @@ constexpr std::size_t largestPackedSize(std::size_t samples)
     return samples + samples / kLongestLiteral + 1;
 }
 
-/// Packs `count` samples, each `skip` bytes after the one before it, and returns how many bytes it wrote at `packed`,
-/// where there is room for largestPackedSize(count).
-std::size_t packSamples(const std::uint8_t* samples, std::size_t count, std::size_t skip, std::uint8_t* packed);
+/// Packs samples that stand next to each other and returns how many bytes it wrote at `packed`, where there is room for
+/// largestPackedSize().
+std::size_t packSamples(std::span<const std::uint8_t> samples, std::uint8_t* packed);
 
 } // namespace wallgrid

@@ -26,8 +26,9 @@ public:
         std::size_t right = 0;
     };
 
-    /// For at most so many rows of so many pixels, the margins not counted.
-    PackedRows(int channels, std::size_t rows, std::size_t pixels, Margins margins);
+    /// Starts a picture of at most so many rows of so many pixels, the margins not counted. Memory stays from picture
+    /// to picture: pages that are new each time cost more than what is written into them.
+    void start(int channels, std::size_t rows, std::size_t pixels, Margins margins);
 
     /// Adds rows of `samples` fill samples.
     void addFilledRows(std::size_t samples, std::size_t rows);
@@ -48,9 +49,10 @@ private:
 
     ByteBuffer packedFill(std::size_t samples) const;
 
-    int m_channels;
-    std::uint8_t m_fill;
+    int m_channels = 0;
+    std::uint8_t m_fill = 0;
     ByteBuffer m_left, m_right;
+    std::vector<std::uint8_t> m_samples; ///< of the row that is being packed, channel by channel
     ByteBuffer m_packed;
     std::array<std::vector<Piece>, kMostChannels> m_rows;
 };

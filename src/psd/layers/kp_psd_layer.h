@@ -6,6 +6,7 @@
 #include "platform/geometry.h"
 #include "platform/string_ref.h"
 #include "psd/layers/layer_effects.h"
+#include "psd/packed_rows.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -116,7 +117,9 @@ public:
     virtual void writeLayerInformationOn(ByteBuffer& buffer, const ChannelLengths& lengths);
     static void fillInChannelLengths(ByteBuffer& buffer, std::size_t record, const ChannelLengths& lengths);
     /// Appends the channel images, one after the other. The layer's pixels must be prepared.
-    virtual ChannelLengths writeLayerChannelsOn(ByteBuffer& buffer) const;
+    ChannelLengths writeLayerChannelsOn(ByteBuffer& buffer) const;
+    /// The same, with memory that other layers have used before.
+    virtual ChannelLengths writeLayerChannelsOn(ByteBuffer& buffer, PackedRows& packed) const;
     /// The same, each in a buffer of its own.
     std::vector<ByteBuffer> layerChannels() const;
     /// What all channel images together can come to, without looking at the pixels.

@@ -2,7 +2,6 @@
 #include "psd/append_value.h"
 #include "psd/layers/kp_psd_layer.h"
 #include "psd/packed_bits.h"
-#include "psd/packed_rows.h"
 
 #include <algorithm>
 #include <cmath>
@@ -76,6 +75,12 @@ KPPSDLayer::SizeBounds KPPSDLayer::layerChannelsSize() const
 
 KPPSDLayer::ChannelLengths KPPSDLayer::writeLayerChannelsOn(ByteBuffer& buffer) const
 {
+    PackedRows rows;
+    return writeLayerChannelsOn(buffer, rows);
+}
+
+KPPSDLayer::ChannelLengths KPPSDLayer::writeLayerChannelsOn(ByteBuffer& buffer, PackedRows& packed) const
+{
     const Division d = divide(m_documentSize, imageInDocumentRegion());
     const BitmapPart part = visiblePart();
     const bool hasPixels =
@@ -86,7 +91,7 @@ KPPSDLayer::ChannelLengths KPPSDLayer::writeLayerChannelsOn(ByteBuffer& buffer) 
     const std::uint8_t fill = m_numberOfChannels >= 4 ? 0 : 255;
     const int channels = static_cast<int>(m_numberOfChannels);
 
-    PackedRows packed(channels, d.rows, d.image, {fill, d.left, d.right});
+    packed.start(channels, d.rows, d.image, {fill, d.left, d.right});
     packed.addFilledRows(d.samples, d.above);
     const Pixel* above = nullptr;
     for (std::size_t r = 0; r < d.rows; ++r) {
