@@ -9,6 +9,7 @@
 #include "platform/color.h"
 #include "platform/desktop.h"
 #include "platform/image.h"
+#include "platform/key_value_observing.h"
 #include "platform/table_view.h"
 #include "platform/views.h"
 #include "psd/kp_psd_error.h"
@@ -25,7 +26,7 @@ namespace wallgrid {
 /// The application's one controller, and the document itself: the output size, two colours, the item list and the
 /// preset list, and the raster composed of them. It drives the interface through the views it is connected to and
 /// works without any. One thread; the desktop it is given must outlive it.
-class GXAppDelegate final : public TableDelegate {
+class GXAppDelegate final : public TableDelegate, public KeyValueObservable {
 public:
     using ItemController = ArrayController<GXItem>;
     using ItemArrayRef = ItemController::ContentRef;
@@ -59,14 +60,31 @@ public:
 
     // The document -------------------------------------------------------------------------------------------------
 
+    // Observers of the controller are told of its four own values by name.
     std::int32_t OutputWidth() const { return m_OutputWidth; }
-    void setOutputWidth(std::int32_t width) { m_OutputWidth = width; }
+    void setOutputWidth(std::int32_t width)
+    {
+        m_OutputWidth = width;
+        didChangeValue("OutputWidth");
+    }
     std::int32_t OutputHeight() const { return m_OutputHeight; }
-    void setOutputHeight(std::int32_t height) { m_OutputHeight = height; }
+    void setOutputHeight(std::int32_t height)
+    {
+        m_OutputHeight = height;
+        didChangeValue("OutputHeight");
+    }
     ColorRef bgColor() const { return m_bgColor; }
-    void setBgColor(ColorRef color) { m_bgColor = std::move(color); }
+    void setBgColor(ColorRef color)
+    {
+        m_bgColor = std::move(color);
+        didChangeValue("bgColor");
+    }
     ColorRef edgeColor() const { return m_edgeColor; }
-    void setEdgeColor(ColorRef color) { m_edgeColor = std::move(color); }
+    void setEdgeColor(ColorRef color)
+    {
+        m_edgeColor = std::move(color);
+        didChangeValue("edgeColor");
+    }
 
     /// Row 0 is the topmost item of the output. Empty before launch.
     ItemArrayRef allScreensArray() const { return m_allScreensArray; }
@@ -75,7 +93,9 @@ public:
     void setPresetScreensArray(ItemArrayRef presets);
     /// All insertions into and removals from the lists go through these; they hold the selections.
     ItemController& arraycontroller() { return m_arraycontroller; }
+    const ItemController& arraycontroller() const { return m_arraycontroller; }
     ItemController& presetarraycontroller() { return m_presetarraycontroller; }
+    const ItemController& presetarraycontroller() const { return m_presetarraycontroller; }
 
     /// The next number of default names: "Layer %i", "Untitled %i".
     std::int32_t screenNumber() const { return m_screenNumber; }

@@ -37,6 +37,25 @@ std::span<const GXItem::Field> GXItem::fields()
     return table;
 }
 
+GXItem::FieldValue GXItem::value(const Field& field) const
+{
+    return std::visit([this](auto member) { return FieldValue(this->*member); }, field.member);
+}
+
+bool GXItem::hasValue(const Field& field, const FieldValue& value) const
+{
+    return std::visit(
+        [&](auto member) { return this->*member == std::get<std::remove_cvref_t<decltype(this->*member)>>(value); },
+        field.member);
+}
+
+void GXItem::setValue(const Field& field, const FieldValue& value)
+{
+    std::visit([&](auto member) { this->*member = std::get<std::remove_cvref_t<decltype(this->*member)>>(value); },
+               field.member);
+    didChangeValue(field.property);
+}
+
 const GXItem::Captions& GXItem::captions() const
 {
     const auto isEmpty = [](const Caption& caption) { return textOf(caption.text).empty(); };

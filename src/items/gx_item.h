@@ -89,8 +89,16 @@ public:
     };
     static std::span<const Field> fields();
 
+    /// The value of an archived property, and its setter: it stores the value and then tells observers.
+    using FieldValue = std::variant<std::int32_t, bool, ColorRef, StringRef>;
+    FieldValue value(const Field& field) const;
+    bool hasValue(const Field& field, const FieldValue& value) const;
+    void setValue(const Field& field, const FieldValue& value);
+
     /// Renders again from the present properties. Tells no observer, so an observer may call it.
     virtual void drawInRect() = 0;
+    /// Lets go of a picture that drawInRect() can make again, in an item that is kept but not shown.
+    virtual void releasePicture() {}
     /// A new item of the same class that shares this one's colours, texts and images; not rendered.
     virtual ItemRef copy() const = 0;
 

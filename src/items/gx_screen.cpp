@@ -80,6 +80,12 @@ Expected<ScreenRef> GXScreen::initWithCoder(KeyedDecoder& coder)
     return screen;
 }
 
+void GXScreen::releasePicture()
+{
+    m_offscreenRep = nullptr;
+    m_thumbnail = nullptr;
+}
+
 ItemRef GXScreen::copy() const
 {
     // From init, so that a screen read from a file gets its captions and anchor names back.

@@ -33,6 +33,7 @@ public:
     /// Sets the two sizes, then draws panels, size text, position text and circle, in this order. A size of 0 or less,
     /// or memory that is not to be had, leaves a thumbnail of that size that shows nothing.
     void drawInRect() override;
+    void releasePicture() override;
     ItemRef copy() const override;
 
     std::string_view archivedClassName() const override { return "GXScreen"; }

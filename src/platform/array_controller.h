@@ -72,6 +72,21 @@ public:
         membershipChanged();
     }
 
+    /// Inserts the objects one below the other, the first at the index.
+    void insertObjectsAtArrangedObjectIndex(const Array& objects, std::size_t index)
+    {
+        if (!m_content || objects.empty() || index > m_content->size())
+            return;
+        Indexes inserted;
+        for (const auto& object : objects) {
+            watch(object);
+            inserted.insert(inserted.end(), index + inserted.size());
+        }
+        m_content->insert(position(index), objects.begin(), objects.end());
+        select(std::move(inserted));
+        membershipChanged();
+    }
+
     void addObjects(const Array& objects)
     {
         if (!m_content || objects.empty())

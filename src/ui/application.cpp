@@ -19,7 +19,8 @@ Application::Application(RunLoop& runLoop, Panels& panels, QtRecentDocuments& re
     : m_files(m_log)
     , m_runLoop(runLoop)
     , m_delegate(Desktop{m_runLoop, panels, recentDocuments, m_files, m_log, m_progress})
-    , m_mainWindow(m_delegate, recentDocuments, m_outputWindow)
+    , m_history(m_delegate, runLoop)
+    , m_mainWindow(m_delegate, m_history, recentDocuments, m_outputWindow)
 {
     connect(&m_log, &WindowLog::logged, &m_mainWindow, &MainWindow::showMessage);
     qApp->installEventFilter(this);
@@ -37,6 +38,7 @@ void Application::launch()
     m_runLoop.watch(&m_delegate);
     m_delegate.awakeFromNib();
     m_delegate.applicationDidFinishLaunching();
+    m_history.start();
     m_mainWindow.show();
 }
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "app/gx_app_delegate.h"
+#include "app/undo_history.h"
 #include "platform/files.h"
 #include "ui/catch_up_run_loop.h"
 #include "ui/main_window.h"
@@ -32,6 +33,7 @@ public:
     void openFile(const std::string& path);
 
     GXAppDelegate& delegate() { return m_delegate; }
+    UndoHistory& history() { return m_history; }
     MainWindow& mainWindow() { return m_mainWindow; }
     OutputWindow& outputWindow() { return m_outputWindow; }
 
@@ -45,6 +47,7 @@ private:
     CatchUpRunLoop m_runLoop;
     QtProgress m_progress;
     GXAppDelegate m_delegate;
+    UndoHistory m_history;
     OutputWindow m_outputWindow;
     MainWindow m_mainWindow;
 };

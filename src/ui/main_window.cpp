@@ -11,6 +11,7 @@
 #include "ui/preview/zoom_bar.h"
 #include "ui/qt_recent_documents.h"
 #include "ui/shown_text.h"
+#include "ui/undo_actions.h"
 
 #include <QApplication>
 #include <QCloseEvent>
@@ -55,12 +56,14 @@ QString menuText(const QString& location)
 
 } // namespace
 
-MainWindow::MainWindow(GXAppDelegate& delegate, QtRecentDocuments& recentDocuments, OutputWindow& outputWindow)
+MainWindow::MainWindow(GXAppDelegate& delegate, UndoHistory& history, QtRecentDocuments& recentDocuments,
+                       OutputWindow& outputWindow)
     : m_delegate(delegate)
     , m_recentDocuments(recentDocuments)
     , m_outputWindow(outputWindow)
     , m_status([this] { refreshStatus(); })
     , m_sheets(delegate, *this)
+    , m_history(history)
 {
     setWindowTitle(tr("Wallgrid"));
     connect(&m_sheets, &Sheets::panelAhead, this, &MainWindow::panelAhead);
@@ -247,6 +250,11 @@ ItemTable& MainWindow::editedTable() const
 void MainWindow::makeEditMenu()
 {
     QMenu* menu = menuBar()->addMenu(tr("&Edit"));
+    const auto* steps = new UndoActions(m_history, *m_inspector, this);
+    connect(m_miniPvw, &PreviewSurface::beginInteraction, steps, [this] { m_history.beginInteraction(); });
+    connect(m_miniPvw, &PreviewSurface::endInteraction, steps, [this] { m_history.endInteraction(); });
+    menu->addActions({steps->undo(), steps->redo()});
+    menu->addSeparator();
     menu->addAction(m_add);
     menu->addAction(tr("Add &Preset to Layers"), Qt::CTRL | Qt::SHIFT | Qt::Key_P, this,
                     [this] { m_ptable->dropSelectionOn(*m_table, 0); });

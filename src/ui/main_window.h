@@ -17,6 +17,7 @@ class ItemTable;
 class OutputWindow;
 class PreviewSurface;
 class QtRecentDocuments;
+class UndoHistory;
 class ZoomBar;
 
 /// The main window: the layers and the presets on the left, the preview in the middle, the inspector of the selected
@@ -26,7 +27,8 @@ class MainWindow final : public QMainWindow {
 
 public:
     /// All of them must outlive the window.
-    MainWindow(GXAppDelegate& delegate, QtRecentDocuments& recentDocuments, OutputWindow& outputWindow);
+    MainWindow(GXAppDelegate& delegate, UndoHistory& history, QtRecentDocuments& recentDocuments,
+               OutputWindow& outputWindow);
 
     ItemTable* table() const { return m_table; }
     ItemTable* ptable() const { return m_ptable; }
@@ -64,6 +66,7 @@ private:
     OutputWindow& m_outputWindow;
     Deferred m_status;
     Sheets m_sheets;
+    UndoHistory& m_history;
 
     ItemTable* m_table = nullptr;
     ItemTable* m_ptable = nullptr;

@@ -7,6 +7,7 @@
 
 #include <QHBoxLayout>
 #include <QLabel>
+#include <functional>
 
 namespace wallgrid {
 
@@ -20,10 +21,10 @@ struct OutputColor {
     void (GXAppDelegate::*set)(ColorRef);
 };
 
-void addColor(QHBoxLayout& layout, GXAppDelegate& delegate, const OutputColor& property)
+/// Gives what shows the present colour.
+std::function<void()> addColor(QHBoxLayout& layout, GXAppDelegate& delegate, const OutputColor& property)
 {
     auto* button = new ColorButton(property.title);
-    button->setColor((delegate.*property.get)());
     button->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     auto* caption = new QLabel(property.caption);
     caption->setBuddy(button);
@@ -32,21 +33,21 @@ void addColor(QHBoxLayout& layout, GXAppDelegate& delegate, const OutputColor& p
     none->setToolTip(property.noneToolTip);
     none->setAccessibleName(property.noneToolTip);
     none->setFocusPolicy(Qt::StrongFocus);
-    none->setEnabled(button->color() != nullptr);
 
-    const auto apply = [&delegate, none, set = property.set](const ColorRef& color) {
+    const auto apply = [&delegate, set = property.set](const ColorRef& color) {
         (delegate.*set)(color);
-        none->setEnabled(color != nullptr);
         delegate.update();
     };
     QObject::connect(button, &ColorButton::colorChosen, button, apply);
-    QObject::connect(none, &QToolButton::clicked, button, [button, apply] {
-        button->setColor(nullptr);
-        apply(nullptr);
-    });
+    QObject::connect(none, &QToolButton::clicked, button, [apply] { apply(nullptr); });
     layout.addWidget(caption);
     layout.addWidget(button);
     layout.addWidget(none);
+    return [&delegate, button, none, get = property.get] {
+        const ColorRef color = (delegate.*get)();
+        button->setColor(color);
+        none->setEnabled(color != nullptr);
+    };
 }
 
 } // namespace
@@ -58,13 +59,20 @@ OutputBar::OutputBar(GXAppDelegate& delegate, QWidget* parent)
     layout->setContentsMargins(8, 4, 8, 4);
     layout->addWidget(makeHeading(tr("Output")));
     layout->addStretch();
-    addColor(*layout, delegate,
-             {tr("&Background"), tr("Background colour"), tr("No background colour: the output is opaque black"),
-              &GXAppDelegate::bgColor, &GXAppDelegate::setBgColor});
+    const auto background =
+        addColor(*layout, delegate,
+                 {tr("&Background"), tr("Background colour"), tr("No background colour: the output is opaque black"),
+                  &GXAppDelegate::bgColor, &GXAppDelegate::setBgColor});
     layout->addSpacing(12);
-    addColor(*layout, delegate,
-             {tr("Ed&ge"), tr("Edge colour"), tr("No edge colour: the edge is like the background"),
-              &GXAppDelegate::edgeColor, &GXAppDelegate::setEdgeColor});
+    const auto edge = addColor(*layout, delegate,
+                               {tr("Ed&ge"), tr("Edge colour"), tr("No edge colour: the edge is like the background"),
+                                &GXAppDelegate::edgeColor, &GXAppDelegate::setEdgeColor});
+    const auto refresh = [background, edge](std::string_view) {
+        background();
+        edge();
+    };
+    m_observation = delegate.observe(refresh);
+    refresh({});
 }
 
 } // namespace wallgrid

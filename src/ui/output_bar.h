@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "platform/key_value_observing.h"
+
 #include <QWidget>
 
 namespace wallgrid {
@@ -14,6 +16,9 @@ class OutputBar final : public QWidget {
 public:
     /// The delegate must outlive the bar.
     explicit OutputBar(GXAppDelegate& delegate, QWidget* parent = nullptr);
+
+private:
+    KeyValueObservable::Observation m_observation;
 };
 
 } // namespace wallgrid

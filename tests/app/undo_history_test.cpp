@@ -1,0 +1,356 @@
+// SPDX-License-Identifier: MIT
+#include "app/undo_history.h"
+
+#include "app/preset_file.h"
+#include "items/gx_still.h"
+#include "list_fixture.h"
+
+#include <random>
+
+using namespace wallgrid;
+
+namespace {
+
+using What = DocumentChange::What;
+
+class UndoHistoryTest : public ListFixture {
+protected:
+    UndoHistoryTest()
+    {
+        put("ABC", "XYZ");
+        delegate.setOutputWidth(160); // little to compare
+        delegate.setOutputHeight(90);
+        history.start();
+    }
+
+    /// Control goes back to the run loop, and somewhat later the user goes on.
+    void endTurn(double seconds = 0) { runLoop.advance(seconds); }
+
+    GXItem& layer(std::size_t row) { return *(*delegate.allScreensArray())[row]; }
+
+    /// All that a user could save, with what no file holds.
+    std::vector<Bytes> document() const
+    {
+        const auto hex = [](const ColorRef& color) {
+            const Pixel pixel = color ? color->pixel() : Pixel{};
+            return Bytes{pixel.a, pixel.r, pixel.g, pixel.b};
+        };
+        return {writeProject(delegate.project()), writePresets(*delegate.presetScreensArray()), hex(delegate.bgColor()),
+                hex(delegate.edgeColor())};
+    }
+    std::vector<Pixel> raster() const
+    {
+        const Bitmap& bitmap = *delegate.offscreenRep();
+        std::vector<Pixel> pixels;
+        for (int y = 0; y < bitmap.height(); ++y)
+            for (int x = 0; x < bitmap.width(); ++x)
+                pixels.push_back(bitmap.at(x, y));
+        return pixels;
+    }
+    std::string undoName() const { return history.undoable() ? nameOf(*history.undoable()) : "-"; }
+    std::string redoName() const { return history.redoable() ? nameOf(*history.redoable()) : "-"; }
+    static std::string nameOf(const DocumentChange& change)
+    {
+        static const std::string names[] = {"nothing", "added", "removed", "reordered", "replaced", "property "};
+        return (change.presets ? "presets " : "") + names[static_cast<int>(change.what)] + std::string(change.property);
+    }
+
+    UndoHistory history{delegate, runLoop};
+};
+
+TEST_F(UndoHistoryTest, EveryKindOfChangeIsOneStepThatGoesBackAndForth)
+{
+    Project project{300, 400, screens("PQ")};
+    const struct {
+        std::string name;
+        std::function<void()> act;
+    } cases[] = {
+        {"added", [&] { delegate.AddScreen(); }},
+        {"removed",
+         [&] {
+             delegate.arraycontroller().setSelectionIndexes({0, 2});
+             delegate.remove();
+         }},
+        {"reordered", [&] { drag(table, {2}, table, 0); }},
+        {"added", [&] { drag(ptable, {1}, table, 3); }},
+        {"presets added", [&] { drag(table, {1}, ptable, 0); }},
+        {"presets reordered", [&] { drag(ptable, {0}, ptable, 3); }},
+        {"presets removed", [&] { delegate.removePreset(); }},
+        {"presets replaced",
+         [&] {
+             choose("some presets");
+             ASSERT_TRUE(files.write(*answer, writePresets(screens("UVW"))));
+             delegate.openPresets();
+         }},
+        {"replaced",
+         [&] {
+             choose("a.mpr");
+             ASSERT_TRUE(files.write(*answer, writeProject(project)));
+             delegate.openProject();
+         }},
+        {"added",
+         [&] {
+             choose("none.png");
+             delegate.AddImage();
+         }},
+        {"property label", [&] { layer(0).setLabel(makeString(u"new")); }},
+        {"property label",
+         [&] {
+             layer(0).setLabel(nullptr);
+             history.commit();
+             delegate.createPSDData(nullptr);
+         }},
+        {"property visible", [&] { layer(2).setVisible(false); }},
+        {"property position",
+         [&] {
+             layer(1).setXpoint(-7);
+             layer(1).setYpoint(9);
+         }},
+        {"property col", [&] { layer(1).setCol(9); }},
+        {"property ",
+         [&] {
+             layer(1).setRow(9);
+             layer(1).setRectColor(Color::greenColor());
+         }},
+        {"property outputSize", [&] { delegate.setOutputWidth(640); }},
+        {"property bgColor", [&] { delegate.setBgColor(Color::greenColor()); }},
+        {"property edgeColor", [&] { delegate.setEdgeColor(Color::redColor()); }},
+    };
+    for (const auto& step : cases) {
+        SCOPED_TRACE(step.name);
+        delegate.setAllScreensArray(std::make_shared<ItemArray>(screens("ABCD")));
+        delegate.setPresetScreensArray(std::make_shared<ItemArray>(screens("XYZ")));
+        delegate.arraycontroller().setSelectionIndex(1);
+        endTurn(2);
+        history.start();
+        delegate.update();
+        const ItemArray itemsBefore = allItems();
+        const auto before = document();
+        const auto rasterBefore = raster();
+
+        step.act();
+        endTurn(2);
+        delegate.update();
+        const ItemArray itemsAfter = allItems();
+        const auto after = document();
+        const auto rasterAfter = raster();
+        const auto selectedAfter = delegate.arraycontroller().selectionIndexes();
+        EXPECT_NE(after, before);
+        EXPECT_EQ(undoName(), step.name);
+
+        for (int round = 0; round < 2; ++round) {
+            while (history.undoable())
+                history.undo();
+            EXPECT_EQ(document(), before);
+            EXPECT_EQ(raster(), rasterBefore);
+            EXPECT_EQ(allItems(), itemsBefore);
+            EXPECT_NE(redoName(), "-");
+            endTurn(2);
+            while (history.redoable())
+                history.redo();
+            EXPECT_EQ(undoName(), step.name);
+            EXPECT_EQ(document(), after);
+            EXPECT_EQ(raster(), rasterAfter);
+            EXPECT_EQ(allItems(), itemsAfter);
+            EXPECT_EQ(delegate.arraycontroller().selectionIndexes(), selectedAfter);
+            endTurn(2);
+        }
+    }
+}
+
+TEST_F(UndoHistoryTest, RandomEditsGoBackToTheBytesOfTheStartAndForthToThoseOfTheEnd)
+{
+    std::mt19937 random(4);
+    const auto below = [&](std::size_t count) { return static_cast<std::size_t>(random() % count); };
+    choose("picture that is missing");
+    delegate.AddImage();
+    const auto still = [&] {
+        for (const ItemRef& item : *delegate.allScreensArray()) {
+            if (auto found = std::dynamic_pointer_cast<GXStill>(item))
+                return found;
+        }
+        return std::shared_ptr<GXStill>();
+    };
+    const ItemArray opened = screens("MN");
+    endTurn(2);
+    history.start();
+
+    const std::vector<std::function<void()>> edits{
+        [&] { delegate.AddScreen(); },
+        [&] { delegate.remove(); },
+        [&] { delegate.removePreset(); },
+        [&] { drag(table, {below(5)}, table, static_cast<std::ptrdiff_t>(below(5))); },
+        [&] { drag(ptable, {below(4)}, table, static_cast<std::ptrdiff_t>(below(5))); },
+        [&] { drag(table, {below(5)}, ptable, static_cast<std::ptrdiff_t>(below(5))); },
+        [&] {
+            delegate.loadProject({static_cast<std::int32_t>(below(900)), 800, {opened[0], GXScreen::init()}});
+        },
+        [&] { delegate.createPSDData(nullptr); },
+        [&] { delegate.setOutputHeight(static_cast<std::int32_t>(below(1000))); },
+        [&] { delegate.setEdgeColor(below(2) ? Color::redColor() : nullptr); },
+        [&] {
+            delegate.arraycontroller().setSelectionIndexes({below(4), below(4)});
+        },
+        [&] {
+            if (const auto item = still())
+                item->setImageURL(location(std::to_string(below(9))));
+        },
+    };
+    const auto editField = [&](GXItem& item) {
+        const auto field = GXItem::fields()[below(GXItem::fields().size())];
+        const GXItem::FieldValue old = item.value(field);
+        if (std::holds_alternative<std::int32_t>(old))
+            item.setValue(field, static_cast<std::int32_t>(below(30)));
+        else if (std::holds_alternative<bool>(old))
+            item.setValue(field, !std::get<bool>(old));
+        else if (std::holds_alternative<ColorRef>(old))
+            item.setValue(field, Color::calibratedRGB(0, 0, 0.125 * static_cast<double>(below(8))));
+        else
+            item.setValue(field, makeString(std::u16string(below(3), u'n')));
+    };
+
+    std::vector<std::vector<Bytes>> states{document()};
+    for (int i = 0; i < 150; ++i) {
+        const std::size_t count = delegate.allScreensArray()->size();
+        for (std::size_t several = 0; several <= below(3); ++several) {
+            if (below(2) && count > 0)
+                editField(layer(below(delegate.allScreensArray()->size())));
+            else
+                edits[below(edits.size())]();
+        }
+        const auto* last = history.state().get();
+        endTurn(below(2) ? 2 : 0.05);
+        if (history.state().get() != last)
+            states.push_back(document());
+    }
+    const auto end = document();
+    const auto start = states.front();
+    ASSERT_GT(states.size(), 80U);
+
+    for (int round = 0; round < 2; ++round) {
+        while (history.undoable()) {
+            history.undo();
+            EXPECT_NE(std::find(states.begin(), states.end(), document()), states.end());
+            if (below(3) == 0)
+                endTurn(0.2);
+        }
+        EXPECT_EQ(document(), start);
+        while (history.redoable())
+            history.redo();
+        EXPECT_EQ(document(), end);
+    }
+}
+
+TEST_F(UndoHistoryTest, TypingAndDraggingAreOneStep)
+{
+    const auto steps = [&] {
+        int count = 0;
+        for (; history.undoable(); ++count)
+            history.undo();
+        history.start();
+        return count;
+    };
+    const auto typeColumns = [&](std::initializer_list<int> values, double pause) {
+        for (const int value : values) {
+            layer(0).setCol(value);
+            endTurn(pause);
+        }
+    };
+    typeColumns({1, 19, 192}, 0.6);
+    EXPECT_EQ(steps(), 1);
+    EXPECT_EQ(layer(0).col(), 5);
+    typeColumns({1, 2}, 1.1);
+    EXPECT_EQ(steps(), 2);
+    typeColumns({1}, 0.1);
+    layer(1).setCol(1);
+    endTurn();
+    layer(1).setRow(1);
+    endTurn();
+    EXPECT_EQ(steps(), 3);
+    typeColumns({7, 5}, 0.1);
+    EXPECT_EQ(steps(), 0); // typed and deleted again
+    for (const bool visible : {false, true}) {
+        layer(0).setVisible(visible);
+        endTurn();
+    }
+    EXPECT_EQ(steps(), 2); // switches do not run together
+
+    typeColumns({6}, 0.1);
+    history.beginInteraction();
+    typeColumns({7, 8, 9}, 1.5);
+    layer(0).setXpoint(3);
+    endTurn();
+    EXPECT_EQ(undoName(), "property col");
+    history.undo();
+    EXPECT_EQ(layer(0).xpoint(), 3);
+    history.endInteraction();
+    EXPECT_EQ(undoName(), "property ");
+    layer(0).setXpoint(4);
+    EXPECT_EQ(steps(), 3);
+}
+
+TEST_F(UndoHistoryTest, ANewStepEndsWhatCouldBeDoneAgain)
+{
+    int told = 0;
+    history.addObserver([&] { ++told; });
+    const auto start = history.state();
+    layer(0).setCol(1);
+    endTurn(2);
+    drag(table, {0}, table, 2);
+    history.undo(); // the step under way counts
+    EXPECT_EQ(undoName() + "|" + redoName(), "property col|reordered");
+    history.undo();
+    EXPECT_EQ(history.state(), start);
+    EXPECT_EQ(told, 4);
+    history.undo();
+    EXPECT_EQ(told, 4);
+    layer(0).setVisible(false);
+    endTurn();
+    EXPECT_EQ(undoName() + "|" + redoName(), "property visible|-");
+    history.redo();
+    EXPECT_EQ(told, 5);
+}
+
+TEST_F(UndoHistoryTest, SelectionComesBackWithTheStep)
+{
+    auto& list = delegate.arraycontroller();
+    using Indexes = GXAppDelegate::ItemController::Indexes;
+    list.setSelectionIndexes({1, 2});
+    endTurn();
+    delegate.remove();
+    endTurn();
+    EXPECT_EQ(layers(), "A");
+    list.setSelectionIndexes({});
+    endTurn();
+    history.undo();
+    EXPECT_EQ(layers(), "ABC");
+    EXPECT_EQ(list.selectionIndexes(), (Indexes{1, 2}));
+    history.redo();
+    EXPECT_EQ(list.selectionIndexes(), Indexes{0});
+}
+
+TEST_F(UndoHistoryTest, KeepsSoManyStepsAndImages)
+{
+    for (std::size_t i = 0; i < UndoHistory::kMaximumSteps + 5; ++i) {
+        layer(0).setVisible(i % 2 != 0);
+        endTurn();
+    }
+    std::size_t steps = 0;
+    for (; history.undoable(); ++steps)
+        history.undo();
+    EXPECT_EQ(steps, UndoHistory::kMaximumSteps);
+
+    // Removed screens are drawn again when they come back. A still cannot be, and holds its image.
+    const ItemRef screen = delegate.allScreensArray()->front();
+    const ItemRef still = GXStill::initWithimage(screen->thumbnail());
+    delegate.arraycontroller().insertObjectAtArrangedObjectIndex(still, 0);
+    endTurn();
+    delegate.arraycontroller().removeObjects({screen, still});
+    endTurn();
+    EXPECT_EQ(screen->thumbnail(), nullptr);
+    EXPECT_NE(still->thumbnail(), nullptr);
+    history.undo();
+    EXPECT_NE(screen->thumbnail(), nullptr);
+}
+
+} // namespace
