@@ -126,7 +126,8 @@ std::uint64_t KPPSDWriter::largestFileSize() const
     }
     // The layer that makes the section too long is still written.
     layers = std::min(layers, kLongestSection + largest);
-    const auto rows = static_cast<std::uint64_t>(numberOfChannels() * m_flattenedData->height());
+    const auto rows =
+        static_cast<std::uint64_t>(numberOfChannels()) * static_cast<std::uint64_t>(m_flattenedData->height());
     const std::uint64_t row = 2 + largestPackedSize(static_cast<std::size_t>(m_flattenedData->width()));
     return kHeaderAndResources + profileBytes(m_colorProfile).size() + layers + rows * row;
 }
