@@ -222,7 +222,7 @@ TEST(GroupLayers, BracketTheirGroup)
                                  "38 42 49 4D 6C 73 63 74 00 00 00 04 00 00 00 03 "
                                  "38 42 49 4D 6C 75 6E 69 00 00 00 20 00 00 00 0E 00 3C 00 2F 00 4C 00 61 00 79 00 65 "
                                  "00 72 00 20 00 67 00 72 00 6F 00 75 00 70 00 3E";
-    const auto folder = [](std::string type) {
+    const auto folder = [](const std::string& type) {
         return "00 00 00 00 00 00 00 00 03 61 62 63 38 42 49 4D 6C 73 63 74 00 00 00 0C 00 00 00 " + type +
                " 38 42 49 4D 70 61 73 73 38 42 49 4D 6C 75 6E 69 00 00 00 0A 00 00 00 03 00 61 00 62 00 63";
     };

@@ -100,7 +100,8 @@ TEST(Writer, HeaderAndResourcesFollowTheDocument)
         metric->setColorProfile(profile);
         file = fileOf(*metric);
         EXPECT_EQ(part(file, 0, 26), header);
-        const auto bytes = iccProfile(std::array{"", "GenericRGB", "sRGB", "AdobeRGB1998", ""}[profile]);
+        const auto bytes =
+            iccProfile(std::array{"", "GenericRGB", "sRGB", "AdobeRGB1998", ""}.at(static_cast<std::size_t>(profile)));
         EXPECT_EQ(number(file, 30), 42U + 12U + bytes.size());
         EXPECT_EQ(part(file, 46, 16), "00 48 02 4E 00 02 00 01 00 48 02 4E 00 02 00 01");
         EXPECT_EQ(part(file, 76, 8), "38 42 49 4D 04 0F 00 00");
@@ -203,7 +204,7 @@ TEST(Writer, RefusesWhatIsNoFile)
     writer->setDocumentSize({1, 1e300});
     EXPECT_EQ(errorOf(*writer), tooLarge);
     writer->setDocumentSize({2, 2});
-    EXPECT_EQ(fileOf(*writer).size() > 0, true);
+    EXPECT_FALSE(fileOf(*writer).empty());
     writer->setFlattenedContext(nullptr);
     writer->setFlattenedData(nullptr);
     EXPECT_EQ(errorOf(*writer), notPrepared);
