@@ -6,20 +6,32 @@
 #include "ui/preview/preview_surface.h"
 #include "ui/qt_panels.h"
 #include "ui/qt_recent_documents.h"
+#include "ui/recovery.h"
+#include "ui/recovery_bar.h"
+#include "ui/state_folder.h"
 #include "ui/theme.h"
 
 #include <QApplication>
 #include <QFile>
 #include <QFileOpenEvent>
+#include <QSettings>
 #include <filesystem>
 
 namespace wallgrid {
+
+namespace {
+
+constexpr auto kGeometryKey = "geometry";
+constexpr auto kFolderKey = "folder";
+
+} // namespace
 
 Application::Application(RunLoop& runLoop, Panels& panels, QtRecentDocuments& recentDocuments)
     : m_files(m_log)
     , m_runLoop(runLoop)
     , m_delegate(Desktop{m_runLoop, panels, recentDocuments, m_files, m_log, m_progress})
     , m_history(m_delegate, runLoop)
+    , m_recentDocuments(recentDocuments)
     , m_mainWindow(m_delegate, m_history, recentDocuments, m_outputWindow)
 {
     connect(&m_log, &WindowLog::logged, &m_mainWindow, &MainWindow::showMessage);
@@ -42,6 +54,18 @@ void Application::launch()
     m_mainWindow.show();
 }
 
+void Application::keepRecovery(const QString& folder)
+{
+    m_recovery = std::make_unique<Recovery>(m_delegate, m_history, m_runLoop, m_log, folder);
+    m_mainWindow.addToolBar(new RecoveryBar(*m_recovery));
+    connect(&m_recentDocuments, &QtRecentDocuments::changed, m_recovery.get(), [this] {
+        const QString newest = m_recentDocuments.locations().value(0);
+        const auto location = Url::fromString(newest.toStdString());
+        if (const auto path = location ? location->filePath() : std::nullopt)
+            m_recovery->noteFile(*path);
+    });
+}
+
 void Application::openFile(const std::string& path)
 {
     m_delegate.applicationOpenFile(Url::fromFilePath(std::filesystem::absolute(path).string()).absoluteString());
@@ -60,13 +84,24 @@ int runApplication(QApplication& application, const std::optional<std::string>& 
     applyTheme(application);
     QtRunLoop runLoop;
     QtPanels panels;
-    QtRecentDocuments recentDocuments(QtRecentDocuments::standardSettingsFile());
+    const QString folder = stateFolder();
+    QtRecentDocuments recentDocuments(folder + "/recent.ini");
+    QSettings memory(folder + "/window.ini", QSettings::IniFormat);
+    panels.setFolder(memory.value(kFolderKey).toString());
     Application program(runLoop, panels, recentDocuments);
-    QObject::connect(&program.mainWindow(), &MainWindow::panelAhead, &panels, &QtPanels::prepare);
+    MainWindow& window = program.mainWindow();
+    window.restoreGeometry(memory.value(kGeometryKey).toByteArray());
+    QObject::connect(&window, &MainWindow::panelAhead, &panels, &QtPanels::prepare);
     program.launch();
-    if (file)
+    if (file) {
         program.openFile(*file);
-    return QApplication::exec();
+        program.history().start(); // the file is the start, there is nothing before it to go back to
+    }
+    program.keepRecovery(folder + "/recovery");
+    const int exitCode = QApplication::exec();
+    memory.setValue(kGeometryKey, window.saveGeometry());
+    memory.setValue(kFolderKey, panels.folder());
+    return exitCode;
 }
 
 } // namespace wallgrid

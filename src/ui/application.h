@@ -11,12 +11,15 @@
 #include "ui/window_log.h"
 
 #include <QObject>
+#include <memory>
 #include <optional>
 #include <string>
 
 class QApplication;
 
 namespace wallgrid {
+
+class Recovery;
 
 /// The program with its windows: the controller, what it drives, and the launch that connects them.
 class Application final : public QObject {
@@ -29,11 +32,14 @@ public:
 
     /// Builds the launch document and shows the main window.
     void launch();
+    /// Keeps recovery copies in a folder and offers those that are there.
+    void keepRecovery(const QString& folder);
     /// Opens a project as if the desktop had handed it over. The path may be relative.
     void openFile(const std::string& path);
 
     GXAppDelegate& delegate() { return m_delegate; }
     UndoHistory& history() { return m_history; }
+    Recovery* recovery() { return m_recovery.get(); }
     MainWindow& mainWindow() { return m_mainWindow; }
     OutputWindow& outputWindow() { return m_outputWindow; }
 
@@ -49,6 +55,8 @@ private:
     GXAppDelegate m_delegate;
     UndoHistory m_history;
     OutputWindow m_outputWindow;
+    QtRecentDocuments& m_recentDocuments;
+    std::unique_ptr<Recovery> m_recovery;
     MainWindow m_mainWindow;
 };
 

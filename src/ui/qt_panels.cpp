@@ -37,7 +37,7 @@ void QtPanels::setUp(QFileDialog& dialog, const PanelPurpose& purpose) const
     dialog.setWindowTitle(purpose.title);
     dialog.setNameFilters(purpose.nameFilter.isEmpty() ? QStringList{allFiles}
                                                        : QStringList{purpose.nameFilter, allFiles});
-    if (!m_folder.isEmpty())
+    if (QFileInfo(m_folder).isDir())
         dialog.setDirectory(m_folder);
 }
 

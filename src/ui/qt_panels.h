@@ -27,6 +27,10 @@ public:
     /// Told before an action that opens a panel; holds for that panel.
     void prepare(const wallgrid::PanelPurpose& purpose) { m_purpose = purpose; }
 
+    QString folder() const { return m_folder; }
+    /// Where the next panel opens. A folder that is gone is passed over.
+    void setFolder(const QString& folder) { m_folder = folder; }
+
     /// Asks before a file is replaced, also one whose name only the appended extension makes up.
     UrlRef runSavePanel() override;
     UrlRef runOpenPanel() override;

@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "ui/qt_recent_documents.h"
 
-#include <QDir>
-
 namespace wallgrid {
 
 namespace {
@@ -14,14 +12,6 @@ constexpr auto kLocationsKey = "locations";
 QtRecentDocuments::QtRecentDocuments(const QString& settingsFile)
     : m_settings(settingsFile, QSettings::IniFormat)
 {
-}
-
-QString QtRecentDocuments::standardSettingsFile()
-{
-    QString folder = qEnvironmentVariable("XDG_STATE_HOME");
-    if (!QDir::isAbsolutePath(folder))
-        folder = QDir::homePath() + "/.local/state";
-    return folder + "/wallgrid/recent.ini";
 }
 
 void QtRecentDocuments::noteNewRecentDocument(const UrlRef& location)

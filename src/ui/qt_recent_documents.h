@@ -17,8 +17,6 @@ public:
     static constexpr int kMaximumCount = 10;
 
     explicit QtRecentDocuments(const QString& settingsFile);
-    /// $XDG_STATE_HOME/wallgrid/recent.ini, or under ~/.local/state without that variable.
-    static QString standardSettingsFile();
 
     void noteNewRecentDocument(const UrlRef& location) override;
     /// URL strings, newest first.

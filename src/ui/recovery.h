@@ -1,0 +1,69 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "app/undo_history.h"
+#include "platform/log.h"
+#include "platform/run_loop.h"
+#include "ui/recovery_copy.h"
+
+#include <QDateTime>
+#include <QObject>
+#include <QThreadPool>
+#include <optional>
+
+namespace wallgrid {
+
+/// Keeps a copy of the project for the case that the program does not end properly, and offers the copies of earlier
+/// runs to which that has happened. There is a copy while the project holds changes since the start, the last opening
+/// or the last saving; it is written in the background and goes with this object. The user's own files are only read.
+class Recovery final : public QObject {
+    Q_OBJECT
+
+public:
+    /// Between two writings, and before the first.
+    static constexpr double kIntervalSeconds = 3;
+
+    /// The present document counts as saved. All must outlive this object, and the history must tell it nothing once it
+    /// has ended; of the run loop, timers may be left over.
+    Recovery(GXAppDelegate& delegate, UndoHistory& history, RunLoop& runLoop, Log& log, const QString& folder);
+    ~Recovery() override;
+
+    /// When the copy was written that is offered now; nothing when there is none.
+    std::optional<QDateTime> offer() const;
+    /// Opens it. A copy that cannot be read stays and stays offered, and the log says why.
+    void restore();
+    void discard();
+
+    /// A project was opened or saved there. When the file holds what the document holds, there is nothing to recover.
+    void noteFile(const std::string& path);
+    /// Waits for what is being written.
+    void finish() { m_writer.waitForDone(); }
+
+signals:
+    void offerChanged();
+
+private:
+    void documentChanged();
+    bool isClean() const;
+    void scheduleWriting();
+    void write();
+    void report(const std::string& message);
+
+    GXAppDelegate& m_delegate;
+    UndoHistory& m_history;
+    RunLoop& m_runLoop;
+    Log& m_log;
+    std::vector<std::unique_ptr<RecoveryCopy>> m_abandoned;
+    std::unique_ptr<RecoveryCopy> m_copy; ///< null when there can be none
+    // Of states that the history has forgotten nothing is known, and none of their items kept.
+    std::vector<std::weak_ptr<const DocumentState>> m_saved; ///< what files of the user hold
+    std::weak_ptr<const DocumentState> m_restored;           ///< what came from a copy
+    DocumentStateRef m_written;                              ///< what the copy holds; null without a copy
+    bool m_restoring = false;
+    bool m_writingScheduled = false;
+    bool m_reported = false;
+    QThreadPool m_writer;              ///< one thread, so that the order stays
+    std::shared_ptr<Recovery*> m_self; ///< what pending timers know of this object
+};
+
+} // namespace wallgrid

@@ -1,0 +1,39 @@
+// SPDX-License-Identifier: MIT
+#include "ui/recovery_bar.h"
+
+#include "ui/recovery.h"
+
+#include <QLabel>
+#include <QLocale>
+
+namespace wallgrid {
+
+RecoveryBar::RecoveryBar(Recovery& recovery, QWidget* parent)
+    : QToolBar(tr("Recovery"), parent)
+    , m_recovery(recovery)
+    , m_text(new QLabel(this))
+{
+    setMovable(false);
+    setContextMenuPolicy(Qt::PreventContextMenu);
+    toggleViewAction()->setVisible(false);
+    m_text->setContentsMargins(8, 0, 8, 0);
+    addWidget(m_text);
+    QAction* restore = addAction(tr("Restore"), this, [this] { m_recovery.restore(); });
+    restore->setToolTip(tr("Open the copy; Undo goes back to what is open now"));
+    QAction* discard = addAction(tr("Discard"), this, [this] { m_recovery.discard(); });
+    discard->setToolTip(tr("Delete the copy"));
+    // Later, because it may be one of the bar's own buttons that is at work.
+    connect(&m_recovery, &Recovery::offerChanged, this, &RecoveryBar::refresh, Qt::QueuedConnection);
+    refresh();
+}
+
+void RecoveryBar::refresh()
+{
+    const auto offer = m_recovery.offer();
+    setVisible(offer.has_value());
+    if (offer)
+        m_text->setText(tr("Wallgrid did not end properly. There is a copy of the project from %1.")
+                            .arg(QLocale().toString(*offer, QLocale::ShortFormat)));
+}
+
+} // namespace wallgrid

@@ -1,0 +1,28 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QToolBar>
+
+class QLabel;
+
+namespace wallgrid {
+
+class Recovery;
+
+/// The line above the window's content that offers to restore a project after the program has not ended properly. It
+/// goes away when every copy has been restored or discarded.
+class RecoveryBar final : public QToolBar {
+    Q_OBJECT
+
+public:
+    /// The recovery must outlive the bar.
+    explicit RecoveryBar(Recovery& recovery, QWidget* parent = nullptr);
+
+private:
+    void refresh();
+
+    Recovery& m_recovery;
+    QLabel* m_text = nullptr;
+};
+
+} // namespace wallgrid

@@ -1,0 +1,238 @@
+// SPDX-License-Identifier: MIT
+#include "app/project_file.h"
+#include "program_under_test.h"
+#include "ui/recovery.h"
+#include "ui/recovery_bar.h"
+#include "ui/state_folder.h"
+
+#include <QAbstractSpinBox>
+#include <QDirIterator>
+#include <QFileDialog>
+#include <QProcess>
+#include <QToolButton>
+#include <csignal>
+#include <cstdio>
+
+using namespace wallgrid;
+
+namespace {
+
+MainWindow* mainWindow()
+{
+    for (QWidget* widget : QApplication::topLevelWidgets()) {
+        if (auto* window = qobject_cast<MainWindow*>(widget))
+            return window;
+    }
+    return nullptr;
+}
+
+QStringList copiesIn(const QString& folder)
+{
+    QStringList files;
+    for (QDirIterator walk(folder, {"*.mpr"}, QDir::Files, QDirIterator::Subdirectories); walk.hasNext();)
+        files.append(walk.next());
+    return files;
+}
+
+/// The program with its windows, in a process of its own. It types 7 into the columns, waits for the copy, and says so;
+/// then it goes on until it is killed, or quits when somebody writes to it.
+int runUser(QApplication& application)
+{
+    auto* timer = new QTimer(&application);
+    const qsizetype others = copiesIn(stateFolder()).size();
+    QObject::connect(timer, &QTimer::timeout, [typed = false, others, timer]() mutable {
+        if (!typed) {
+            mainWindow()->resize(900, 700);
+            for (auto* field : mainWindow()->findChildren<QAbstractSpinBox*>()) {
+                if (field->accessibleName() != "COLS" || !field->isEnabled())
+                    continue;
+                field->selectAll();
+                QTest::keyClicks(field, "7");
+                typed = true;
+            }
+        } else if (copiesIn(stateFolder()).size() > others) {
+            timer->stop();
+            std::puts("ready");
+            std::fflush(stdout);
+            std::getchar(); // the parent decides
+            mainWindow()->close();
+        }
+    });
+    timer->start(50);
+    return runApplication(application, std::nullopt);
+}
+
+struct Run : QProcess {
+    explicit Run(const QString& state)
+    {
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        environment.insert("XDG_STATE_HOME", state);
+        setProcessEnvironment(environment);
+        setProcessChannelMode(ForwardedErrorChannel);
+        start(QCoreApplication::applicationFilePath(), {"--as-user"});
+    }
+    bool ready() { return waitForReadyRead(30'000) && readAllStandardOutput() == "ready\n"; }
+};
+
+struct Program : ProgramUnderTest {
+    explicit Program(const QString& recoveryFolder)
+    {
+        application.keepRecovery(recoveryFolder);
+        settle();
+    }
+    RecoveryBar* bar() { return window().findChild<RecoveryBar*>(); }
+    void click(const QString& text)
+    {
+        for (auto* button : bar()->findChildren<QToolButton*>()) {
+            if (button->text() == text)
+                button->click();
+        }
+        settle();
+    }
+    /// The copies in a folder, after the time in which one is written.
+    int copies(const QString& recoveryFolder)
+    {
+        runLoop.advance(Recovery::kIntervalSeconds);
+        application.recovery()->finish();
+        return static_cast<int>(copiesIn(recoveryFolder).size());
+    }
+};
+
+} // namespace
+
+class RecoveryTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void aKilledProgramLeavesACopyThatTheNextOneOffers()
+    {
+        const QTemporaryDir state;
+        const QString folder = state.filePath("wallgrid/recovery");
+        Run run(state.path());
+        QVERIFY(run.ready());
+        QCOMPARE(copiesIn(folder).size(), 1);
+        {
+            Program other(folder); // the first one still runs
+            QVERIFY(!other.bar()->isVisible());
+        }
+        run.kill();
+        QVERIFY(run.waitForFinished());
+        QCOMPARE(run.exitStatus(), QProcess::CrashExit);
+
+        Program next(folder);
+        QVERIFY(next.bar()->isVisible());
+        {
+            Program third(folder); // an offer is made to one only
+            QVERIFY(!third.bar()->isVisible());
+        }
+        next.click("Restore");
+        QVERIFY(!next.bar()->isVisible());
+        QCOMPARE(next.item().col(), 7);
+        QCOMPARE(next.copies(folder), 1); // no file of the user has it yet
+        next.delegate().setBgColor(Color::redColor());
+        QCOMPARE(next.copies(folder), 1);
+        next.application.history().undo();
+        next.application.history().undo();
+        QCOMPARE(next.item().col(), 4);
+        QCOMPARE(next.copies(folder), 0);
+        next.application.history().redo();
+        QCOMPARE(next.copies(folder), 1);
+    }
+
+    void aDiscardedCopyIsNotOfferedAgain()
+    {
+        const QTemporaryDir state;
+        const QString folder = state.filePath("wallgrid/recovery");
+        for (int i = 0; i < 2; ++i) {
+            Run run(state.path());
+            QVERIFY(run.ready());
+            run.kill();
+            QVERIFY(run.waitForFinished());
+        }
+        {
+            Program next(folder);
+            next.click("Discard");
+            QVERIFY(next.bar()->isVisible());
+            QCOMPARE(copiesIn(folder).size(), 1);
+            QFile broken(copiesIn(folder).constFirst());
+            QVERIFY(broken.open(QFile::WriteOnly));
+            broken.write("bplist00 and nothing else");
+            broken.close();
+            next.click("Restore");
+            QVERIFY(next.bar()->isVisible()); // it cannot be read, and is not lost
+            QCOMPARE(next.item().col(), 4);
+        }
+        {
+            Program next(folder);
+            QVERIFY(next.bar()->isVisible());
+            next.click("Discard");
+            QVERIFY(!next.bar()->isVisible());
+        }
+        QVERIFY(!Program(folder).bar()->isVisible());
+        QVERIFY(QDir(folder).isEmpty());
+    }
+
+    void aProgramThatQuitsLeavesNothingButItsWindowsPlace()
+    {
+        const QTemporaryDir state;
+        Run run(state.path());
+        QVERIFY(run.ready());
+        run.write("\n");
+        QVERIFY(run.waitForFinished());
+        QCOMPARE(run.exitCode(), 0);
+        QVERIFY(QDir(state.filePath("wallgrid/recovery")).isEmpty());
+
+        QSettings memory(state.filePath("wallgrid/window.ini"), QSettings::IniFormat);
+        QWidget window;
+        QVERIFY(window.restoreGeometry(memory.value("geometry").toByteArray()));
+        QCOMPARE(window.size(), QSize(900, 700));
+    }
+
+    void thereIsACopyWhileTheProjectHoldsChanges()
+    {
+        const QTemporaryDir state;
+        const QString folder = state.filePath("recovery");
+        Program program(folder);
+        const auto changed = [&](std::int32_t x) {
+            program.item().setXpoint(x);
+            return program.copies(folder);
+        };
+        QCOMPARE(program.copies(folder), 0);
+        QCOMPARE(changed(5), 1);
+        program.application.history().undo();
+        QCOMPARE(program.copies(folder), 0);
+        QCOMPARE(changed(6), 1);
+        const auto copied = [&] { return readProject(*readFile(copiesIn(folder).constFirst().toStdString())); };
+        QCOMPARE(copied()->items.front()->xpoint(), 6);
+        QCOMPARE(changed(7), 1);
+        QCOMPARE(copied()->items.front()->xpoint(), 7);
+
+        program.panels.answer = program.location("stage.mpr");
+        program.delegate().saveProject();
+        QCOMPARE(program.copies(folder), 0);
+        QCOMPARE(changed(8), 1);
+        program.panels.answer = program.location("no folder/stage.mpr");
+        program.delegate().saveProject(); // fails
+        QCOMPARE(program.copies(folder), 1);
+        program.panels.answer = program.location("stage.mpr");
+        program.delegate().openProject();
+        program.settle();
+        QCOMPARE(program.copies(folder), 0);
+        QCOMPARE(program.item().xpoint(), 7);
+        program.delegate().setBgColor(Color::redColor()); // no project holds it
+        QCOMPARE(program.copies(folder), 0);
+        QCOMPARE(changed(9), 1);
+    }
+};
+
+int main(int argc, char** argv)
+{
+    QApplication application(argc, argv);
+    if (application.arguments().value(1) == "--as-user") {
+        const QtToolkit toolkit;
+        return runUser(application);
+    }
+    RecoveryTest test;
+    return QTest::qExec(&test, argc, argv);
+}
+#include "recovery_test.moc"
