@@ -43,6 +43,14 @@ void GXAppDelegate::update()
     });
 }
 
+void GXAppDelegate::openPvw()
+{
+    if (!m_outlets.windows)
+        return;
+    m_outputPreview = m_outlets.windows->windowControllerWithNibName("Output Preview");
+    m_outputPreview->showWindow();
+}
+
 void GXAppDelegate::compose()
 {
     // The old raster goes first, so that a large one need not fit into memory twice and its pages serve again.

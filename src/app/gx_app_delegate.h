@@ -38,6 +38,7 @@ public:
         TableView* ptable = nullptr;    ///< the preset table, "presetTView"
         ImageView* miniPvw = nullptr;   ///< the small preview in the main window
         SheetLoader* sheets = nullptr;  ///< the sheets of the main window
+        WindowLoader* windows = nullptr;
     };
 
     enum class TerminateReply {
@@ -159,6 +160,9 @@ public:
     ImageRef img() const { return m_img; }
     ImageView* pvwImageWell() const { return m_pvwImageWell; }
 
+    /// Opens the Output Preview, the window that shows the raster and nothing else.
+    void openPvw();
+
     // Files --------------------------------------------------------------------------------------------------------
 
     /// Writes the document to a project file chosen in a save panel; "mpr" is appended unless it is there.
@@ -208,6 +212,7 @@ private:
     std::int32_t m_draggedTV = 0;
     std::shared_ptr<Sheet> m_AddWindow;
     std::shared_ptr<Sheet> m_aboutWindow;
+    std::shared_ptr<WindowController> m_outputPreview;
 
     BitmapRef m_offscreenRep;
     ImageRef m_img;

@@ -49,4 +49,19 @@ public:
     virtual std::shared_ptr<Sheet> loadNibNamed(std::string_view name) = 0;
 };
 
+/// Shows a window that was made from an interface file.
+class WindowController {
+public:
+    virtual ~WindowController() = default;
+    virtual void showWindow() = 0;
+};
+
+/// Makes window controllers from interface files.
+class WindowLoader {
+public:
+    virtual ~WindowLoader() = default;
+    /// A new controller each time. "Output Preview" exists.
+    virtual std::shared_ptr<WindowController> windowControllerWithNibName(std::string_view name) = 0;
+};
+
 } // namespace wallgrid

@@ -45,8 +45,8 @@ Application::~Application()
 
 void Application::launch()
 {
-    m_delegate.connect(
-        {&m_outputWindow, m_mainWindow.table(), m_mainWindow.ptable(), m_mainWindow.miniPvw(), m_mainWindow.sheets()});
+    m_delegate.connect({&m_outputWindow, m_mainWindow.table(), m_mainWindow.ptable(), m_mainWindow.miniPvw(),
+                        m_mainWindow.sheets(), m_mainWindow.windows()});
     m_runLoop.watch(&m_delegate);
     m_delegate.awakeFromNib();
     m_delegate.applicationDidFinishLaunching();

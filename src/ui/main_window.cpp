@@ -7,6 +7,7 @@
 #include "ui/list_bar.h"
 #include "ui/output_bar.h"
 #include "ui/output_window.h"
+#include "ui/preview/display_menu.h"
 #include "ui/preview/preview_surface.h"
 #include "ui/preview/zoom_bar.h"
 #include "ui/qt_recent_documents.h"
@@ -64,6 +65,7 @@ MainWindow::MainWindow(GXAppDelegate& delegate, UndoHistory& history, QtRecentDo
     , m_status([this] { refreshStatus(); })
     , m_sheets(delegate, *this)
     , m_history(history)
+    , m_outputPreview(*this)
 {
     setWindowTitle(tr("Wallgrid"));
     connect(&m_sheets, &Sheets::panelAhead, this, &MainWindow::panelAhead);
@@ -171,6 +173,11 @@ QWidget* MainWindow::makeInspector()
 
 void MainWindow::makeStatusBar()
 {
+    m_outputReport = new QLabel(this);
+    m_outputReport->setContentsMargins(8, 0, 8, 0);
+    m_outputReport->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred); // it must not widen the window
+    m_outputReport->setAccessibleName(tr("Output Preview"));
+    statusBar()->addWidget(m_outputReport, 1);
     for (QLabel** label : {&m_itemCount, &m_outputSize}) {
         *label = new QLabel(this);
         (*label)->setContentsMargins(8, 0, 8, 0);
@@ -179,7 +186,11 @@ void MainWindow::makeStatusBar()
     m_zoom = new ZoomBar(*m_miniPvw);
     statusBar()->addPermanentWidget(m_zoom);
     // An edit may change the list, and a composition the output size; both end up here.
-    connect(m_miniPvw, &PreviewSurface::pictureChanged, this, [this] { m_status.schedule(); });
+    connect(m_miniPvw, &PreviewSurface::pictureChanged, this, [this] {
+        m_status.schedule();
+        m_outputPreview.setImage(m_miniPvw->image());
+    });
+    connect(&m_outputPreview, &OutputPreview::changed, this, [this] { m_status.schedule(); });
     m_delegate.arraycontroller().addObserverForArrangedObjects({}, [this] { m_status.schedule(); });
     m_status.schedule();
 }
@@ -188,6 +199,8 @@ void MainWindow::refreshStatus()
 {
     const auto count = static_cast<int>(m_delegate.arraycontroller().arrangedObjects().size());
     m_itemCount->setText(count == 1 ? tr("1 layer") : tr("%1 layers").arg(count));
+    m_outputReport->setText(m_outputPreview.report());
+    m_outputReport->setToolTip(m_outputPreview.report());
     m_outputSize->setText(tr("Output %1 × %2 px").arg(m_delegate.OutputWidth()).arg(m_delegate.OutputHeight()));
 }
 
@@ -282,6 +295,26 @@ void MainWindow::makeViewMenu()
             m_outputWindow.hide();
     });
     connect(&m_outputWindow, &OutputWindow::shownChanged, output, &QAction::setChecked);
+    addOutputPreviewTo(*menu);
+}
+
+void MainWindow::addOutputPreviewTo(QMenu& menu)
+{
+    QAction* preview = menu.addAction(tr("Output &Preview"));
+    preview->setCheckable(true);
+    preview->setShortcut(Qt::Key_F11);
+    preview->setToolTip(tr("Show the output full screen, pixel for pixel"));
+    connect(preview, &QAction::triggered, this, [this](bool shown) {
+        if (shown)
+            m_delegate.openPvw();
+        else
+            m_outputPreview.leave();
+    });
+    connect(&m_outputPreview, &OutputPreview::changed, preview,
+            [this, preview] { preview->setChecked(m_outputPreview.isActive()); });
+    auto* displays = new DisplayMenu(m_outputPreview, &menu);
+    connect(displays, &DisplayMenu::chosen, this, [this] { m_delegate.openPvw(); });
+    menu.addMenu(displays);
 }
 
 void MainWindow::makeHelpMenu()
@@ -296,6 +329,7 @@ void MainWindow::closeEvent(QCloseEvent* event)
         return;
     }
     m_outputWindow.close();
+    m_outputPreview.leave();
     QMainWindow::closeEvent(event);
 }
 

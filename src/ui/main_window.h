@@ -3,6 +3,7 @@
 
 #include "app/gx_app_delegate.h"
 #include "ui/deferred.h"
+#include "ui/preview/output_preview.h"
 #include "ui/sheets.h"
 
 #include <QMainWindow>
@@ -35,6 +36,8 @@ public:
     PreviewSurface* miniPvw() const { return m_miniPvw; }
     Inspector* inspector() const { return m_inspector; }
     SheetLoader* sheets() { return &m_sheets; }
+    WindowLoader* windows() { return &m_outputPreview; }
+    OutputPreview& outputPreview() { return m_outputPreview; }
 
     /// Shows a line in the status bar for a while.
     void showMessage(const QString& line);
@@ -57,6 +60,7 @@ private:
     void makeViewMenu();
     void makeHelpMenu();
     void fillRecentMenu();
+    void addOutputPreviewTo(QMenu& menu);
     void refreshStatus();
     /// The one with the keyboard focus, otherwise the layers.
     ItemTable& editedTable() const;
@@ -67,6 +71,7 @@ private:
     Deferred m_status;
     Sheets m_sheets;
     UndoHistory& m_history;
+    OutputPreview m_outputPreview;
 
     ItemTable* m_table = nullptr;
     ItemTable* m_ptable = nullptr;
@@ -76,6 +81,7 @@ private:
     QAction* m_add = nullptr;
     QAction* m_openPresets = nullptr;
     QAction* m_savePresets = nullptr;
+    QLabel* m_outputReport = nullptr; ///< what the Output Preview's display shows of the output
     QLabel* m_outputSize = nullptr;
     ZoomBar* m_zoom = nullptr;
     QLabel* m_itemCount = nullptr;

@@ -156,6 +156,8 @@ TEST_F(ListEditing, TheAddSheetAddsBelowTheFirstRow)
     ASSERT_EQ(logged.size(), 1u);
     EXPECT_TRUE(logged[0].starts_with(path("no picture") + ": ")) << logged[0];
 
+    delegate.openPvw();
+    EXPECT_EQ(windows.log, "Output Preview shown");
     delegate.openAbout();
     delegate.closeAbout();
     sheets.log.erase(sheets.log.begin());

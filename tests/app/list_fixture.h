@@ -16,7 +16,7 @@ class ListFixture : public ScriptedDesktop {
 protected:
     ListFixture()
     {
-        delegate.connect({nullptr, &table, &ptable, nullptr, &sheets});
+        delegate.connect({nullptr, &table, &ptable, nullptr, &sheets, &windows});
         delegate.applicationDidFinishLaunching();
     }
 
@@ -70,6 +70,7 @@ protected:
     ScriptedTable table{"mainTView"};
     ScriptedTable ptable{"presetTView"};
     ScriptedSheets sheets;
+    ScriptedWindows windows;
 };
 
 } // namespace wallgrid

@@ -58,4 +58,24 @@ struct ScriptedSheets : SheetLoader {
     std::vector<std::string> log;
 };
 
+/// Writes down which window is loaded and shown.
+struct ScriptedWindows : WindowLoader {
+    struct Controller : WindowController {
+        explicit Controller(std::string& log)
+            : shown(log)
+        {
+        }
+        void showWindow() override { shown += " shown"; }
+        std::string& shown;
+    };
+
+    std::shared_ptr<WindowController> windowControllerWithNibName(std::string_view name) override
+    {
+        log = name;
+        return std::make_shared<Controller>(log);
+    }
+
+    std::string log;
+};
+
 } // namespace wallgrid

@@ -1,0 +1,57 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/views.h"
+#include "ui/preview/display_fit.h"
+#include "ui/preview/raster_window.h"
+
+#include <QList>
+#include <QObject>
+
+namespace wallgrid {
+
+/// The Output Preview: the raster full screen on a display of the user's choice, which is how it gets onto the wall.
+/// When the display is unplugged the preview waits for it and comes back with it.
+class OutputPreview final : public QObject, public WindowLoader {
+    Q_OBJECT
+
+public:
+    /// The owner's display is the last one that is chosen unasked. The owner must outlive the preview.
+    explicit OutputPreview(const QWidget& owner);
+
+    /// "Output Preview": all controllers are of the one window, which stays where it is when it is shown again.
+    std::shared_ptr<WindowController> windowControllerWithNibName(std::string_view name) override;
+
+    /// May be empty.
+    void setImage(const ImageRef& image);
+
+    QList<Display> displays() const;
+    /// The chosen one, by name; without a choice, one on which the owner is not.
+    QString display() const;
+    /// Takes effect when the preview is shown the next time.
+    void chooseDisplay(const QString& name) { m_chosen = name; }
+
+    void show();
+    void leave();
+    /// Shown, or waiting for its display.
+    bool isActive() const { return !m_shownOn.isEmpty(); }
+    /// What the display shows of the output, in words; empty while the preview is not active.
+    QString report() const;
+
+signals:
+    /// Another answer of isActive() or report(), or other displays.
+    void changed();
+
+private:
+    void screenAdded(QScreen* screen);
+    void screenRemoved(QScreen* screen);
+    void follow(QScreen* screen);
+
+    const QWidget& m_owner;
+    RasterWindow m_window;
+    QSize m_output;
+    QString m_chosen;
+    QString m_shownOn; // the display's name, while the preview is active
+};
+
+} // namespace wallgrid
