@@ -12,5 +12,6 @@ void addRings(std::vector<Ratio>& ratios);
 void addPng(std::vector<Ratio>& ratios);
 void addPsd(std::vector<Ratio>& ratios);
 void addArchives(std::vector<Ratio>& ratios);
+void addPreview(std::vector<Ratio>& ratios);
 
 } // namespace wallgrid::bench

@@ -3,10 +3,14 @@
 // What drawing, composing, encoding and reading cost beside memset, memcpy and Qt.
 #include "benchmarks.h"
 
+#include <QApplication>
+
 using namespace wallgrid::bench;
 
 int main(int argc, char** argv)
 {
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    const QApplication application(argc, argv);
     std::vector<Ratio> ratios;
     addComposition(ratios);
     addGrids(ratios);
@@ -14,5 +18,6 @@ int main(int argc, char** argv)
     addPng(ratios);
     addPsd(ratios);
     addArchives(ratios);
+    addPreview(ratios);
     return runRatios(argc, argv, ratios);
 }

@@ -13,13 +13,11 @@ QString tr(const char* text)
     return QCoreApplication::translate("wallgrid::displayFit", text);
 }
 
-QString missing(int columns, int rows)
+QString cutOff(int columns, int rows)
 {
     if (columns > 0 && rows > 0)
-        return tr("%1 columns on the right and %2 rows at the bottom are not shown").arg(columns).arg(rows);
-    if (columns > 0)
-        return tr("%1 columns on the right are not shown").arg(columns);
-    return tr("%1 rows at the bottom are not shown").arg(rows);
+        return tr("%1 columns and %2 rows").arg(columns).arg(rows);
+    return columns > 0 ? tr("%1 columns").arg(columns) : tr("%1 rows").arg(rows);
 }
 
 } // namespace
@@ -36,13 +34,13 @@ QString displayFit(const Display& display, QSize output)
     const QSize over = output - display.pixels;
     QString text;
     if (over.width() > 0 || over.height() > 0) {
-        text = tr("The display %1 is smaller than the output: %2.")
-                   .arg(displayText(display), missing(over.width(), over.height()));
+        text = tr("%1, is smaller than the output and cuts off %2.")
+                   .arg(displayText(display), cutOff(over.width(), over.height()));
     }
     if (display.scale != 1) {
         if (!text.isEmpty())
             text += u' ';
-        text += tr("The desktop scales %1 to %2 %; set it to 100 % to be sure of every pixel.")
+        text += tr("The desktop scales %1 to %2 %: set it to 100 % for exact pixels.")
                     .arg(display.name)
                     .arg(std::lround(100 * display.scale));
     }

@@ -9,7 +9,7 @@ namespace wallgrid {
 namespace {
 
 constexpr QColor kAccent{0x2f, 0x9b, 0xff};
-constexpr QColor kGuide{0xff, 0x3f, 0xd0};
+constexpr QColor kGuide{0xff, 0x5a, 0xe0};
 constexpr QColor kHalo{0, 0, 0, 0x90};
 constexpr int kBeyond = 32;  // widths of a line that a guide is longer than what it belongs to
 constexpr int kOutside = 16; // device pixels beyond the view that are still drawn
@@ -63,7 +63,6 @@ void Overlay::paintGuide(const Guide& guide)
     const int beyond = kBeyond * m_line;
     const QRect shown = upright ? QRect(line.left(), line.top() - beyond, m_line, line.height() + 2 * beyond)
                                 : QRect(line.left() - beyond, line.top(), line.width() + 2 * beyond, m_line);
-    paintFrame(shown, m_line, kHalo);
     m_painter.fillRect(shown, kGuide);
 }
 

@@ -24,6 +24,8 @@ PreviewSurface::PreviewSurface(GXAppDelegate& delegate, QWidget* parent)
     : ZoomView(parent)
     , m_delegate(delegate)
 {
+    setAccessibleDescription(tr("Arrow keys move the selected layers by 1 pixel, with Shift by 10, with Ctrl by one "
+                                "panel. Ctrl and the wheel zoom."));
     auto& controller = delegate.arraycontroller();
     controller.addSelectionObserver([this] { update(); });
     controller.addObserverForArrangedObjects({"xpoint", "ypoint", "visible"}, [this] {

@@ -16,23 +16,14 @@ TEST(DisplayFit, saysWhatTheDisplayDoesNotShow)
     const Case cases[] = {
         {{1920, 1080}, 1, {1920, 1080}, "Output Preview on HDMI-1, 1920 × 1080, pixel for pixel"},
         {{3840, 2160}, 1, {1920, 1080}, "Output Preview on HDMI-1, 3840 × 2160, pixel for pixel"},
-        {{1280, 1080},
-         1,
-         {1920, 1080},
-         "The display HDMI-1, 1280 × 1080 is smaller than the output: 640 columns on the right are not shown."},
-        {{1920, 720},
-         1,
-         {1920, 1080},
-         "The display HDMI-1, 1920 × 720 is smaller than the output: 360 rows at the bottom are not shown."},
+        {{1280, 1080}, 1, {1920, 1080}, "HDMI-1, 1280 × 1080, is smaller than the output and cuts off 640 columns."},
+        {{1920, 720}, 1, {1920, 1080}, "HDMI-1, 1920 × 720, is smaller than the output and cuts off 360 rows."},
         {{1280, 720},
          2,
          {1920, 1080},
-         "The display HDMI-1, 1280 × 720 is smaller than the output: 640 columns on the right and 360 rows at the "
-         "bottom are not shown. The desktop scales HDMI-1 to 200 %; set it to 100 % to be sure of every pixel."},
-        {{1920, 1080},
-         1.5,
-         {1920, 1080},
-         "The desktop scales HDMI-1 to 150 %; set it to 100 % to be sure of every pixel."},
+         "HDMI-1, 1280 × 720, is smaller than the output and cuts off 640 columns and 360 rows. The desktop scales "
+         "HDMI-1 to 200 %: set it to 100 % for exact pixels."},
+        {{1920, 1080}, 1.5, {1920, 1080}, "The desktop scales HDMI-1 to 150 %: set it to 100 % for exact pixels."},
         {{1920, 1080}, 1, {}, "HDMI-1: no output"},
     };
     for (const Case& c : cases)

@@ -75,7 +75,7 @@ private slots:
         QTest::newRow("exact") << "wall" << QSize(400, 300) << "Output Preview on wall, 400 × 300, pixel for pixel";
         QTest::newRow("larger") << "desk" << QSize(1000, 800) << "Output Preview on desk, 1000 × 800, pixel for pixel";
         QTest::newRow("scaled") << "scaled" << QSize(600, 450)
-                                << "The desktop scales scaled to 150 %; set it to 100 % to be sure of every pixel.";
+                                << "The desktop scales scaled to 150 %: set it to 100 % for exact pixels.";
     }
 
     void theDisplayShowsTheRasterAndNothingElse()
