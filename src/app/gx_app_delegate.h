@@ -111,6 +111,8 @@ public:
     /// Adds the image file chosen in an open panel, at the same place. When none is chosen the sheet stays. A file that
     /// is no image gives a still of size 0.
     void AddImage();
+    /// Adds the image file at a location in the same way, as when one is dropped on the window.
+    void addImageAt(const UrlRef& location);
     void AddMask() {}
     /// Removes the selected items; an alert refuses it while the list has fewer than two.
     void remove();
@@ -181,6 +183,9 @@ public:
     /// Writes the items as they were last rendered as a layered PSD chosen in a save panel, in place, "psd" appended in
     /// any case. Items without a name get one, "Untitled %i", also when the panel is cancelled.
     void savePSD();
+    bool hasEqualLayerNames() const;
+    /// Whether the next exports tell layers of the same name apart by a number. The document keeps the names.
+    void setNumbersEqualLayerNames(bool numbers) { m_numbersEqualLayerNames = numbers; }
     /// The bytes of that file: a layer for each item, invisible ones transparent, the first row on top.
     ByteBuffer createPSDData(KPPSDError* error, const Report& report = {});
 
@@ -210,6 +215,7 @@ private:
     ColorRef m_edgeColor;
     std::int32_t m_screenNumber = 0;
     std::int32_t m_draggedTV = 0;
+    bool m_numbersEqualLayerNames = false;
     std::shared_ptr<Sheet> m_AddWindow;
     std::shared_ptr<Sheet> m_aboutWindow;
     std::shared_ptr<WindowController> m_outputPreview;

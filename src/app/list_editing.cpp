@@ -71,9 +71,12 @@ void GXAppDelegate::AddScreen()
 
 void GXAppDelegate::AddImage()
 {
-    const UrlRef location = m_desktop.panels.runOpenPanel();
-    if (!location)
-        return;
+    if (const UrlRef location = m_desktop.panels.runOpenPanel())
+        addImageAt(location);
+}
+
+void GXAppDelegate::addImageAt(const UrlRef& location)
+{
     const auto image = imageWithContentsOfURL(*location);
     if (!image)
         m_desktop.files.report(*location, image.error());

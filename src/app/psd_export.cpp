@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "app/gx_app_delegate.h"
+#include "app/layer_names.h"
 #include "app/new_items.h"
 #include "psd/kp_psd_writer.h"
 
@@ -37,6 +38,11 @@ Placed place(const GXItem& item, const PixelRect& output)
 
 } // namespace
 
+bool GXAppDelegate::hasEqualLayerNames() const
+{
+    return haveEqualNames(m_arraycontroller.arrangedObjects());
+}
+
 void GXAppDelegate::nameUnnamedItems()
 {
     // A copy of the list, because setting a label tells observers.
@@ -54,12 +60,14 @@ ByteBuffer GXAppDelegate::createPSDData(KPPSDError* error, const Report& report)
     const PixelRect output{0, 0, m_OutputWidth, m_OutputHeight};
     const auto writer =
         KPPSDWriter::initWithDocumentSize({static_cast<double>(m_OutputWidth), static_cast<double>(m_OutputHeight)});
-    // The bottom layer comes first, and the last row of the list is the bottom one.
     const ItemArray& items = m_arraycontroller.arrangedObjects();
-    for (auto item = items.rbegin(); item != items.rend(); ++item) {
-        Placed layer = place(**item, output);
-        writer->addLayerWithCGImage(std::move(layer.picture), (*item)->label(), (*item)->visible() ? 1.0F : 0.0F,
-                                    layer.offset);
+    const auto numbered = m_numbersEqualLayerNames ? namesWithNumbers(items) : std::vector<StringRef>();
+    // The bottom layer comes first, and the last row of the list is the bottom one.
+    for (std::size_t row = items.size(); row-- > 0;) {
+        const GXItem& item = *items[row];
+        Placed layer = place(item, output);
+        writer->addLayerWithCGImage(std::move(layer.picture), numbered.empty() ? item.label() : numbered[row],
+                                    item.visible() ? 1.0F : 0.0F, layer.offset);
     }
     writer->setReport(report);
     return writer->createPSDDataWithError(error);

@@ -107,6 +107,37 @@ TEST_F(PsdExport, StillsAreScaledAsTheCompositionScalesThem)
     }
 }
 
+TEST_F(PsdExport, EqualNamesAreNumberedInTheFileOnly)
+{
+    const auto put = [&](const std::vector<std::u16string>& names) {
+        ItemArray items;
+        for (const std::u16string& name : names)
+            items.push_back(screen(name));
+        PsdExport::put(items);
+    };
+    const auto bytes = [&](bool numbers) {
+        delegate.setNumbersEqualLayerNames(numbers);
+        KPPSDError error;
+        return delegate.createPSDData(&error);
+    };
+    put({u"Wall", u"logo", u"Wall 2"});
+    EXPECT_FALSE(delegate.hasEqualLayerNames());
+    const ByteBuffer different = bytes(false);
+    EXPECT_EQ(bytes(true), different);
+
+    const std::vector<std::u16string> equal{u"Wall", u"Wall", u"logo", u"Wall 2", u"Wall", u"logo"};
+    put(equal);
+    EXPECT_TRUE(delegate.hasEqualLayerNames());
+    const ByteBuffer asNamed = bytes(false);
+    const ByteBuffer numbered = bytes(true);
+    EXPECT_EQ(labels(), u"Wall|Wall|logo|Wall 2|Wall|logo|");
+    EXPECT_EQ(bytes(false), asNamed);
+    put({u"Wall", u"Wall 3", u"logo", u"Wall 2", u"Wall 4", u"logo 2"});
+    EXPECT_EQ(bytes(false), numbered);
+    put({u"", u""}); // will be told apart by "Untitled"
+    EXPECT_FALSE(delegate.hasEqualLayerNames());
+}
+
 TEST_F(PsdExport, FailuresAreLoggedAndLeaveNoFile)
 {
     choose("wall");
