@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ui/align_buttons.h"
 
+#include <QEvent>
 #include <QHBoxLayout>
 #include <QPainter>
 #include <QToolButton>
@@ -41,17 +42,31 @@ AlignButtons::AlignButtons(QWidget* parent)
     layout->setSpacing(3);
     for (const Anchor anchor : kAnchors) {
         auto* button = new QToolButton(this);
-        button->setIcon(anchorIcon(anchor, palette(), devicePixelRatioF()));
         button->setIconSize({20, 16});
         button->setFocusPolicy(Qt::StrongFocus);
         button->setToolTip(tr("Align: %1").arg(anchorName(anchor)));
         button->setAccessibleName(tr("Align: %1").arg(anchorName(anchor)));
         connect(button, &QToolButton::clicked, this, [this, anchor] { emit alignRequested(anchor); });
         layout->addWidget(button);
+        m_buttons.push_back(button);
         if (!focusProxy())
             setFocusProxy(button);
     }
     layout->addStretch();
+    drawIcons();
+}
+
+void AlignButtons::drawIcons()
+{
+    for (std::size_t i = 0; i < m_buttons.size(); ++i)
+        m_buttons[i]->setIcon(anchorIcon(kAnchors[i], palette(), devicePixelRatioF()));
+}
+
+void AlignButtons::changeEvent(QEvent* event)
+{
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange)
+        drawIcons();
 }
 
 QString AlignButtons::anchorName(Anchor anchor)

@@ -4,6 +4,9 @@
 #include "ui/anchor.h"
 
 #include <QWidget>
+#include <vector>
+
+class QToolButton;
 
 namespace wallgrid {
 
@@ -16,8 +19,17 @@ public:
 
     static QString anchorName(Anchor anchor);
 
+protected:
+    void changeEvent(QEvent* event) override;
+
 signals:
     void alignRequested(wallgrid::Anchor anchor);
+
+private:
+    /// In the colours of the palette.
+    void drawIcons();
+
+    std::vector<QToolButton*> m_buttons; // in the order of the anchors
 };
 
 } // namespace wallgrid

@@ -2,6 +2,7 @@
 #include "ui/application.h"
 
 #include "platform/qt/qt_run_loop.h"
+#include "ui/appearance_action.h"
 #include "ui/item_table.h"
 #include "ui/preview/preview_surface.h"
 #include "ui/qt_panels.h"
@@ -9,11 +10,12 @@
 #include "ui/recovery.h"
 #include "ui/recovery_bar.h"
 #include "ui/state_folder.h"
-#include "ui/theme.h"
 
 #include <QApplication>
 #include <QFile>
 #include <QFileOpenEvent>
+#include <QIcon>
+#include <QMenu>
 #include <QSettings>
 #include <filesystem>
 
@@ -81,17 +83,21 @@ bool Application::eventFilter(QObject* watched, QEvent* event)
 
 int runApplication(QApplication& application, const std::optional<std::string>& file)
 {
-    applyTheme(application);
+    QApplication::setApplicationDisplayName(QStringLiteral("Wallgrid"));
+    QApplication::setDesktopFileName(QStringLiteral("wallgrid"));
+    QApplication::setWindowIcon(QIcon(QStringLiteral(":/wallgrid.png")));
+    const QString folder = stateFolder();
+    QSettings memory(folder + "/window.ini", QSettings::IniFormat);
+    AppearanceAction appearance(application, memory);
     QtRunLoop runLoop;
     QtPanels panels;
-    const QString folder = stateFolder();
     QtRecentDocuments recentDocuments(folder + "/recent.ini");
-    QSettings memory(folder + "/window.ini", QSettings::IniFormat);
     panels.setFolder(memory.value(kFolderKey).toString());
     Application program(runLoop, panels, recentDocuments);
     MainWindow& window = program.mainWindow();
     window.restoreGeometry(memory.value(kGeometryKey).toByteArray());
     QObject::connect(&window, &MainWindow::panelAhead, &panels, &QtPanels::prepare);
+    window.viewMenu()->addAction(&appearance);
     program.launch();
     if (file) {
         program.openFile(*file);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ui/color_button.h"
 
+#include "ui/color_text.h"
 #include "ui/preview/scaled_picture.h"
 
 #include <QColorDialog>
@@ -15,21 +16,14 @@ namespace {
 
 constexpr int kCheckerSquare = 4;
 
-QColor toQColor(const ColorRef& color)
-{
-    const Color::RGBA c = color->rgba();
-    return QColor::fromRgbF(static_cast<float>(c.r), static_cast<float>(c.g), static_cast<float>(c.b),
-                            static_cast<float>(c.a));
-}
-
 QString describe(const ColorRef& color)
 {
     if (!color)
         return ColorButton::tr("none");
-    const QColor qcolor = toQColor(color);
-    return qcolor.alpha() == 255
-               ? qcolor.name()
-               : ColorButton::tr("%1, opacity %2 %").arg(qcolor.name()).arg(std::lround(100 * qcolor.alphaF()));
+    const QColor shown = toQColor(*color);
+    return shown.alpha() == 255
+               ? hexText(shown)
+               : ColorButton::tr("%1, opacity %2 %").arg(hexText(shown)).arg(std::lround(100 * shown.alphaF()));
 }
 
 } // namespace
@@ -57,7 +51,7 @@ void ColorButton::setColor(const ColorRef& color)
 QSize ColorButton::sizeHint() const
 {
     const int height = fontMetrics().height() + 8;
-    return {2 * height, height};
+    return {3 * height / 2, height};
 }
 
 void ColorButton::paintEvent(QPaintEvent*)
@@ -70,7 +64,7 @@ void ColorButton::paintEvent(QPaintEvent*)
     const QRect swatch = rect().adjusted(4, 4, -4, -4);
     if (m_color) {
         paintCheckerboard(painter, swatch, kCheckerSquare);
-        QColor shown = toQColor(m_color);
+        QColor shown = toQColor(*m_color);
         if (!isEnabled())
             shown.setAlphaF(shown.alphaF() * 0.3F);
         painter.fillRect(swatch, shown);
@@ -87,7 +81,7 @@ void ColorButton::paintEvent(QPaintEvent*)
 
 void ColorButton::choose()
 {
-    const QColor before = m_color ? toQColor(m_color) : QColor(Qt::black);
+    const QColor before = m_color ? toQColor(*m_color) : QColor(Qt::black);
     QColorDialog dialog(this);
     dialog.setWindowTitle(m_title);
     dialog.setOption(QColorDialog::ShowAlphaChannel);
@@ -97,8 +91,7 @@ void ColorButton::choose()
     const QColor chosen = dialog.selectedColor();
     if (m_color && chosen.rgba() == before.rgba())
         return;
-    setColor(Color::calibratedRGB(chosen.red() / 255.0, chosen.green() / 255.0, chosen.blue() / 255.0,
-                                  chosen.alpha() / 255.0));
+    setColor(toColor(chosen));
     emit colorChosen(m_color);
 }
 

@@ -1,11 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "ui/drawing_controls.h"
 
-#include "ui/color_button.h"
+#include "ui/color_field.h"
 #include "ui/number_field.h"
 
 #include <QCheckBox>
 #include <QGridLayout>
+#include <QLabel>
+#include <QVBoxLayout>
 
 namespace wallgrid {
 
@@ -44,10 +46,21 @@ constexpr std::array<Switch, 5> kSwitches{{
 
 DrawingControls::DrawingControls(QWidget* parent)
     : QWidget(parent)
+    , m_texts(new QGridLayout)
 {
-    auto* layout = new QGridLayout(this);
+    auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins({});
-    layout->setVerticalSpacing(4);
+    auto* colors = new QGridLayout;
+    colors->setVerticalSpacing(4);
+    colors->setColumnStretch(1, 1);
+    layout->addLayout(colors);
+    layout->addSpacing(4);
+    m_texts->setVerticalSpacing(2);
+    m_texts->setColumnStretch(0, 1);
+    m_texts->setColumnStretch(1, 1);
+    layout->addLayout(m_texts);
+
+    int texts = 0;
     for (std::size_t i = 0; i < kRowCount; ++i) {
         const Switch& property = kSwitches[i];
         Row& row = m_rows[i];
@@ -55,12 +68,15 @@ DrawingControls::DrawingControls(QWidget* parent)
         row.enabled = new QCheckBox(tr(property.name), this);
         connect(row.enabled, &QCheckBox::clicked, this,
                 [this, &property](bool on) { ((*m_item).*property.setEnabled)(on); });
-        layout->addWidget(row.enabled, line, 0, 1, property.color ? 1 : 3);
+        if (property.color)
+            colors->addWidget(row.enabled, line, 0);
+        else
+            m_texts->addWidget(row.enabled, 0, texts++);
         if (property.color) {
-            row.color = new ColorButton(tr(property.colorName), this);
-            connect(row.color, &ColorButton::colorChosen, this,
+            row.color = new ColorField(tr(property.colorName), this);
+            connect(row.color, &ColorField::colorChosen, this,
                     [this, &property](const ColorRef& color) { ((*m_item).*property.setColor)(color); });
-            layout->addWidget(row.color, line, 1);
+            colors->addWidget(row.color, line, 1);
         }
         if (property.width) {
             row.width = new NumberField(0, kLargestWidth, this);
@@ -69,12 +85,22 @@ DrawingControls::DrawingControls(QWidget* parent)
             row.width->setToolTip(tr(property.widthName));
             connect(row.width, &QSpinBox::valueChanged, this,
                     [this, &property](int value) { ((*m_item).*property.setWidth)(value); });
-            layout->addWidget(row.width, line, 2);
+            colors->addWidget(row.width, line, 2);
         }
     }
-    layout->setColumnStretch(1, 1);
-    layout->setColumnStretch(2, 1);
     show(nullptr);
+}
+
+void DrawingControls::addTextSizes(const Captioned& position, const Captioned& size)
+{
+    int column = 0;
+    QWidget* before = m_rows.back().enabled;
+    for (const Captioned& number : {position, size}) {
+        m_texts->addWidget(number.caption, 1, column);
+        m_texts->addWidget(number.field, 2, column++);
+        setTabOrder(before, number.field);
+        before = number.field;
+    }
 }
 
 void DrawingControls::show(const ItemRef& item)

@@ -7,10 +7,12 @@
 #include <array>
 
 class QCheckBox;
+class QGridLayout;
+class QLabel;
 
 namespace wallgrid {
 
-class ColorButton;
+class ColorField;
 class NumberField;
 
 /// What of a screen is drawn, in which colour and how wide: the inspector's group of switches.
@@ -20,6 +22,13 @@ class DrawingControls final : public QWidget {
 public:
     explicit DrawingControls(QWidget* parent = nullptr);
 
+    struct Captioned {
+        QLabel* caption = nullptr;
+        NumberField* field = nullptr;
+    };
+    /// Puts the fields of the texts' sizes below the texts' switches.
+    void addTextSizes(const Captioned& position, const Captioned& size);
+
     /// Shows the item's present state; edits go to its setters. Empty shows nothing.
     void show(const ItemRef& item);
     using QWidget::show;
@@ -27,13 +36,14 @@ public:
 private:
     struct Row {
         QCheckBox* enabled = nullptr;
-        ColorButton* color = nullptr;
+        ColorField* color = nullptr;
         NumberField* width = nullptr;
     };
 
     static constexpr std::size_t kRowCount = 5;
 
     ItemRef m_item;
+    QGridLayout* m_texts;
     std::array<Row, kRowCount> m_rows;
 };
 

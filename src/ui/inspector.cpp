@@ -18,9 +18,6 @@ namespace wallgrid {
 
 namespace {
 
-/// Longer names are shown in part, and replaced as a whole.
-constexpr qsizetype kLongestEditableName = 1000;
-
 /// Above this many pixels a screen is not drawn before its numbers are typed to the end.
 constexpr double kLargestWhileTyping = 64e6;
 
@@ -42,6 +39,9 @@ constexpr std::array<NumberProperty, GXItem::kCaptionCount> kNumbers{{
     {&GXItem::XYFontSize, &GXItem::setXYFontSize, 0, 10'000, true},
     {&GXItem::screenFontSize, &GXItem::setScreenFontSize, 0, 10'000, true},
 }};
+
+/// From here on the numbers are the sizes of texts, which stand with the texts' switches.
+constexpr std::size_t kFirstTextSize = 6;
 
 bool isScreen(const GXItem& item)
 {
@@ -91,6 +91,8 @@ Inspector::Inspector(GXAppDelegate& delegate, QWidget* parent)
     layout->addSpacing(8);
     m_drawingHeading = makeHeading(tr("Drawing"), this);
     m_drawing = new DrawingControls(this);
+    m_drawing->addTextSizes({m_numbers[kFirstTextSize].caption, m_numbers[kFirstTextSize].field},
+                            {m_numbers[kFirstTextSize + 1].caption, m_numbers[kFirstTextSize + 1].field});
     layout->addWidget(m_drawingHeading);
     layout->addWidget(m_drawing);
     layout->addStretch();
@@ -125,7 +127,7 @@ QWidget* Inspector::makeIdentity()
     layout->addWidget(m_fileCaption, 2, 0);
     layout->addWidget(m_file, 2, 1);
 
-    m_visible = new QCheckBox(tr("&Visible in the output"), box);
+    m_visible = new QCheckBox(tr("V&isible in the output"), box);
     connect(m_visible, &QCheckBox::clicked, this, [this](bool visible) { m_item->setVisible(visible); });
     layout->addWidget(m_visible, 3, 1);
     return box;
@@ -147,6 +149,8 @@ QWidget* Inspector::makeNumbers()
         number.caption->setBuddy(number.field);
         connect(number.field, &QSpinBox::valueChanged, this, [this, i] { applyNumber(i, false); });
         connect(number.field, &QSpinBox::editingFinished, this, [this, i] { applyNumber(i, true); });
+        if (i >= kFirstTextSize)
+            continue;
         const int line = 2 * static_cast<int>(i / 2);
         const int column = static_cast<int>(i % 2);
         layout->addWidget(number.caption, line, column);
@@ -205,7 +209,7 @@ void Inspector::showIdentity()
     m_file->setVisible(file.has_value());
     if (file && m_file->text() != *file)
         m_file->setText(*file);
-    m_file->setToolTip(file && missingImageFile(*m_item) ? tr("This file was not found.") : QString());
+    m_file->setToolTip(file && missingImageFile(*m_item) ? tr("This file is missing or unreadable.") : QString());
 }
 
 void Inspector::showNumbers()

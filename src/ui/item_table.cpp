@@ -5,6 +5,7 @@
 #include <QKeyEvent>
 #include <QScopedValueRollback>
 #include <QScrollBar>
+#include <QStyledItemDelegate>
 #include <utility>
 
 namespace wallgrid {
@@ -17,6 +18,18 @@ int widthOf(ItemTableModel::Column column)
 {
     return column == ItemTableModel::Column::Visible ? 28 : ItemTableModel::thumbnailSize().width() + 8;
 }
+
+class NameDelegate final : public QStyledItemDelegate {
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+    QWidget* createEditor(QWidget* parent, const QStyleOptionViewItem& option, const QModelIndex& index) const override
+    {
+        QWidget* editor = QStyledItemDelegate::createEditor(parent, option, index);
+        editor->setAccessibleName(ItemTable::tr("Name"));
+        return editor;
+    }
+};
 
 QItemSelection selectionOfRows(const QAbstractItemModel& model, const GXAppDelegate::ItemController::Indexes& rows)
 {
@@ -44,7 +57,8 @@ ItemTable::ItemTable(GXAppDelegate::ItemController& controller, std::vector<Item
     setModel(&m_model);
     setSelectionBehavior(SelectRows);
     setSelectionMode(ExtendedSelection);
-    setEditTriggers(NoEditTriggers);
+    setEditTriggers(DoubleClicked);
+    setItemDelegate(new NameDelegate(this));
     setIconSize(ItemTableModel::thumbnailSize());
     setShowGrid(false);
     setWordWrap(false);
@@ -139,10 +153,27 @@ bool ItemTable::viewportEvent(QEvent* event)
 void ItemTable::keyPressEvent(QKeyEvent* event)
 {
     m_reload.finish();
-    if (event->key() == Qt::Key_Space && event->modifiers() == Qt::NoModifier)
+    const bool plain = (event->modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier;
+    const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    if (event->key() == Qt::Key_Space && plain)
         toggleSelectedVisibility();
+    else if (enter && plain && state() != EditingState) // the key that ends an edit comes here, too
+        renameSelection();
     else
         QTableView::keyPressEvent(event);
+}
+
+void ItemTable::renameSelection()
+{
+    const auto row = selectedRow();
+    if (!row || state() == EditingState)
+        return;
+    const int nameColumn = m_model.columnCount() - 1;
+    const QModelIndex name = m_model.index(static_cast<int>(*row), nameColumn);
+    if (m_model.flags(name) & Qt::ItemIsEditable) {
+        scrollTo(name);
+        edit(name);
+    }
 }
 
 void ItemTable::toggleSelectedVisibility()

@@ -12,7 +12,8 @@
 namespace wallgrid {
 
 /// A table of items that shares its selection with an array controller, both ways, and lets its delegate serve the
-/// drags of its rows; its object name is its identifier. The space bar shows and hides the selected items.
+/// drags of its rows; its object name is its identifier. The space bar shows and hides the selected items; a double
+/// click or Enter edits a name.
 class ItemTable final : public QTableView, public TableView {
     Q_OBJECT
 
@@ -33,6 +34,8 @@ public:
         Up,
         Down,
     };
+    /// Edits the name of the row that was selected last.
+    void renameSelection();
     // What the mouse does by dragging, for the keyboard. Of several selected rows the first one goes.
     void moveSelection(Direction direction);
     /// Into the gap above a row of a table.

@@ -5,10 +5,11 @@
 #include "ui/preview/scaled_picture.h"
 #include "ui/shown_text.h"
 
+#include <QApplication>
 #include <QFont>
-#include <QGuiApplication>
 #include <QPainter>
 #include <QPalette>
+#include <QStyle>
 #include <utility>
 
 namespace wallgrid {
@@ -36,6 +37,38 @@ QIcon renderThumbnail(const Image& image)
     QIcon icon(pixmap);
     icon.addPixmap(pixmap, QIcon::Selected);
     return icon;
+}
+
+QIcon missingIcon()
+{
+    QIcon icon;
+    const QIcon sign = QApplication::style()->standardIcon(QStyle::SP_MessageBoxWarning);
+    const qreal ratio = qGuiApp->devicePixelRatio();
+    QPixmap pixmap((ItemTableModel::thumbnailSize().toSizeF() * ratio).toSize());
+    pixmap.fill(Qt::transparent);
+    const int height = pixmap.height() * 3 / 4;
+    QRect place(0, 0, height, height);
+    place.moveCenter(pixmap.rect().center());
+    QPainter painter(&pixmap);
+    sign.paint(&painter, place);
+    painter.end();
+    pixmap.setDevicePixelRatio(ratio);
+    for (const auto mode : {QIcon::Normal, QIcon::Selected})
+        icon.addPixmap(pixmap, mode);
+    return icon;
+}
+
+QString missingText(const QString& file, int role)
+{
+    const QString text = ItemTableModel::tr("Image file missing or unreadable: %1").arg(file);
+    return role == Qt::ToolTipRole ? plainToolTip(text) : text;
+}
+
+/// A name that was looked at and left as it was is not written back.
+void rename(GXItem& item, const QString& name)
+{
+    if (viewOf(item.label()) != name)
+        item.setLabel(makeString(name.toStdU16String()));
 }
 
 } // namespace
@@ -92,7 +125,15 @@ Qt::ItemFlags ItemTableModel::flags(const QModelIndex& index) const
         return {};
     const Qt::ItemFlags flags =
         Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemIsDragEnabled | Qt::ItemNeverHasChildren;
-    return columnOf(index) == Column::Visible ? flags | Qt::ItemIsUserCheckable : flags;
+    switch (columnOf(index)) {
+    case Column::Visible:
+        return flags | Qt::ItemIsUserCheckable;
+    case Column::Thumbnail:
+        return flags;
+    case Column::Name:
+        return viewOf(itemOf(index).label()).size() <= kLongestEditableName ? flags | Qt::ItemIsEditable : flags;
+    }
+    return flags;
 }
 
 QVariant ItemTableModel::data(const QModelIndex& index, int role) const
@@ -108,10 +149,20 @@ QVariant ItemTableModel::data(const QModelIndex& index, int role) const
             return item.visible() ? tr("Shown in the output") : tr("Not shown in the output");
         return {};
     case Column::Thumbnail:
-        return role == Qt::DecorationRole ? QVariant(thumbnailOf(item)) : QVariant();
+        return thumbnailData(item, role);
     case Column::Name:
         return nameData(item, role);
     }
+    return {};
+}
+
+QVariant ItemTableModel::thumbnailData(const GXItem& item, int role) const
+{
+    const auto missing = missingImageFile(item);
+    if (role == Qt::DecorationRole)
+        return missing ? missingIcon() : thumbnailOf(item);
+    if (missing && (role == Qt::ToolTipRole || role == Qt::AccessibleTextRole))
+        return missingText(*missing, role);
     return {};
 }
 
@@ -130,8 +181,10 @@ QVariant ItemTableModel::nameData(const GXItem& item, int role) const
     case Qt::ForegroundRole:
         return unnamed || missing || !item.visible() ? QVariant(QGuiApplication::palette().placeholderText())
                                                      : QVariant();
+    case Qt::EditRole:
+        return viewOf(item.label()).toString();
     case Qt::ToolTipRole:
-        return missing ? plainToolTip(tr("image file not found: %1").arg(*missing)) : QVariant();
+        return missing ? QVariant(missingText(*missing, role)) : QVariant();
     default:
         return {};
     }
@@ -152,11 +205,16 @@ QIcon ItemTableModel::thumbnailOf(const GXItem& item) const
 
 bool ItemTableModel::setData(const QModelIndex& index, const QVariant& value, int role)
 {
-    if (!checkIndex(index, CheckIndexOption::IndexIsValid) || columnOf(index) != Column::Visible ||
-        role != Qt::CheckStateRole)
+    if (!checkIndex(index, CheckIndexOption::IndexIsValid))
         return false;
     const ItemRef item = m_items[static_cast<std::size_t>(index.row())];
-    item->setVisible(value.toInt() == Qt::Checked);
+    const Column column = columnOf(index);
+    if (column == Column::Visible && role == Qt::CheckStateRole)
+        item->setVisible(value.toInt() == Qt::Checked);
+    else if (column == Column::Name && role == Qt::EditRole)
+        rename(*item, value.toString());
+    else
+        return false;
     emit dataChanged(index, index.siblingAtColumn(columnCount() - 1));
     return true;
 }

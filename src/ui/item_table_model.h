@@ -47,6 +47,7 @@ private:
 
     Column columnOf(const QModelIndex& index) const { return m_columns[static_cast<std::size_t>(index.column())]; }
     const GXItem& itemOf(const QModelIndex& index) const { return *m_items[static_cast<std::size_t>(index.row())]; }
+    QVariant thumbnailData(const GXItem& item, int role) const;
     QVariant nameData(const GXItem& item, int role) const;
     QIcon thumbnailOf(const GXItem& item) const;
 

@@ -1,12 +1,14 @@
 // SPDX-License-Identifier: MIT
 #include "ui/main_window.h"
 
+#include "ui/file_drops.h"
 #include "ui/heading.h"
 #include "ui/inspector.h"
 #include "ui/item_table.h"
 #include "ui/list_bar.h"
 #include "ui/output_bar.h"
 #include "ui/output_window.h"
+#include "ui/outside_text.h"
 #include "ui/preview/display_menu.h"
 #include "ui/preview/preview_surface.h"
 #include "ui/preview/zoom_bar.h"
@@ -17,6 +19,7 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QFile>
+#include <QLineEdit>
 #include <QMenuBar>
 #include <QScreen>
 #include <QScrollArea>
@@ -77,7 +80,7 @@ MainWindow::MainWindow(GXAppDelegate& delegate, UndoHistory& history, QtRecentDo
     columns->setStretchFactor(0, 0);
     columns->setStretchFactor(1, 1);
     columns->setStretchFactor(2, 0);
-    columns->setSizes({250, 780, 280});
+    columns->setSizes({240, 760, 320});
     columns->setChildrenCollapsible(false);
     setCentralWidget(columns);
 
@@ -88,6 +91,10 @@ MainWindow::MainWindow(GXAppDelegate& delegate, UndoHistory& history, QtRecentDo
     makeHelpMenu();
     resize(QSize(1320, 800).boundedTo(screen()->availableSize()));
     m_table->setFocus();
+
+    new FileDrops(m_delegate, *this);
+    for (QLineEdit* field : findChildren<QLineEdit*>())
+        field->setAcceptDrops(false); // a file that is dropped there is meant for the window
 }
 
 void MainWindow::makeEditActions()
@@ -178,7 +185,7 @@ void MainWindow::makeStatusBar()
     m_outputReport->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred); // it must not widen the window
     m_outputReport->setAccessibleName(tr("Output Preview"));
     statusBar()->addWidget(m_outputReport, 1);
-    for (QLabel** label : {&m_itemCount, &m_outputSize}) {
+    for (QLabel** label : {&m_outside, &m_itemCount, &m_outputSize}) {
         *label = new QLabel(this);
         (*label)->setContentsMargins(8, 0, 8, 0);
         statusBar()->addPermanentWidget(*label);
@@ -201,6 +208,7 @@ void MainWindow::refreshStatus()
     m_itemCount->setText(count == 1 ? tr("1 layer") : tr("%1 layers").arg(count));
     m_outputReport->setText(m_outputPreview.report());
     m_outputReport->setToolTip(m_outputPreview.report());
+    m_outside->setText(outsideText(m_delegate));
     m_outputSize->setText(tr("Output %1 × %2 px").arg(m_delegate.OutputWidth()).arg(m_delegate.OutputHeight()));
 }
 
@@ -232,7 +240,14 @@ void MainWindow::makeFileMenu()
         m_delegate.saveAction();
     });
     menu->addAction(tr("Export &Layered PSD…"), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_E), this, [this] {
-        emit panelAhead({tr("Export Layered PSD"), tr("Photoshop documents (*.psd)"), QStringLiteral("psd"), true});
+        m_delegate.setNumbersEqualLayerNames(false);
+        PanelPurpose purpose{tr("Export Layered PSD"), tr("Photoshop documents (*.psd)"), QStringLiteral("psd"), true};
+        if (m_delegate.hasEqualLayerNames()) {
+            purpose.option = {tr("&Number equal layer names"),
+                              tr("Some layers have the same name. In the file a number can tell them apart."),
+                              [this](bool numbers) { m_delegate.setNumbersEqualLayerNames(numbers); }};
+        }
+        emit panelAhead(purpose);
         m_delegate.savePSD();
     });
     menu->addSeparator();
@@ -257,7 +272,8 @@ void MainWindow::fillRecentMenu()
 
 ItemTable& MainWindow::editedTable() const
 {
-    return focusWidget() == m_ptable ? *m_ptable : *m_table;
+    const QWidget* focus = focusWidget(); // of a table it is also the editor of a name
+    return focus && (focus == m_ptable || m_ptable->isAncestorOf(focus)) ? *m_ptable : *m_table;
 }
 
 void MainWindow::makeEditMenu()
@@ -273,16 +289,17 @@ void MainWindow::makeEditMenu()
                     [this] { m_ptable->dropSelectionOn(*m_table, 0); });
     menu->addSeparator();
     // Of whichever list has the keyboard focus.
-    menu->addAction(tr("Move &Up"), Qt::CTRL | Qt::SHIFT | Qt::Key_Up, this,
+    menu->addAction(tr("Mo&ve Up"), Qt::CTRL | Qt::SHIFT | Qt::Key_Up, this,
                     [this] { editedTable().moveSelection(ItemTable::Direction::Up); });
     menu->addAction(tr("Move &Down"), Qt::CTRL | Qt::SHIFT | Qt::Key_Down, this,
                     [this] { editedTable().moveSelection(ItemTable::Direction::Down); });
-    menu->addAction(tr("&Remove"), QKeySequence::Delete, this, [this] { emit editedTable().removalWanted(); });
+    menu->addAction(tr("Re&name"), Qt::Key_F2, this, [this] { editedTable().renameSelection(); });
+    menu->addAction(tr("Re&move"), QKeySequence::Delete, this, [this] { emit editedTable().removalWanted(); });
 }
 
 void MainWindow::makeViewMenu()
 {
-    QMenu* menu = menuBar()->addMenu(tr("&View"));
+    QMenu* menu = m_viewMenu = menuBar()->addMenu(tr("&View"));
     menu->addActions(m_zoom->actions());
     menu->addSeparator();
     QAction* output = menu->addAction(tr("&Output Window"));

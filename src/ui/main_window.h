@@ -35,6 +35,7 @@ public:
     ItemTable* ptable() const { return m_ptable; }
     PreviewSurface* miniPvw() const { return m_miniPvw; }
     Inspector* inspector() const { return m_inspector; }
+    QMenu* viewMenu() const { return m_viewMenu; }
     SheetLoader* sheets() { return &m_sheets; }
     WindowLoader* windows() { return &m_outputPreview; }
     OutputPreview& outputPreview() { return m_outputPreview; }
@@ -77,11 +78,13 @@ private:
     ItemTable* m_ptable = nullptr;
     PreviewSurface* m_miniPvw = nullptr;
     Inspector* m_inspector = nullptr;
+    QMenu* m_viewMenu = nullptr;
     QMenu* m_recentMenu = nullptr;
     QAction* m_add = nullptr;
     QAction* m_openPresets = nullptr;
     QAction* m_savePresets = nullptr;
     QLabel* m_outputReport = nullptr; ///< what the Output Preview's display shows of the output
+    QLabel* m_outside = nullptr;
     QLabel* m_outputSize = nullptr;
     ZoomBar* m_zoom = nullptr;
     QLabel* m_itemCount = nullptr;

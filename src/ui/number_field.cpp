@@ -8,6 +8,12 @@
 
 namespace wallgrid {
 
+namespace {
+
+constexpr int kRoomForButtons = 32;
+
+} // namespace
+
 NumberField::NumberField(int minimum, int maximum, QWidget* parent)
     : QSpinBox(parent)
     , m_minimum(minimum)
@@ -31,7 +37,11 @@ void NumberField::showValue(int value)
 
 QSize NumberField::sizeHint() const
 {
-    return {fontMetrics().horizontalAdvance(QStringLiteral("-00000 px")) + 32, QSpinBox::sizeHint().height()};
+    // Also when what it shows came from a file and is longer.
+    int width = 0;
+    for (const int value : {m_minimum, m_maximum})
+        width = std::max(width, fontMetrics().horizontalAdvance(prefix() + textFromValue(value) + suffix()));
+    return {width + kRoomForButtons, QSpinBox::sizeHint().height()};
 }
 
 void NumberField::keyPressEvent(QKeyEvent* event)

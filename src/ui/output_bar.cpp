@@ -2,16 +2,21 @@
 #include "ui/output_bar.h"
 
 #include "app/gx_app_delegate.h"
-#include "ui/color_button.h"
+#include "ui/color_field.h"
 #include "ui/heading.h"
+#include "ui/number_field.h"
 
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QToolButton>
 #include <functional>
 
 namespace wallgrid {
 
 namespace {
+
+/// What a layered file may have.
+constexpr int kLargestSide = 30'000;
 
 struct OutputColor {
     QString caption;
@@ -21,13 +26,34 @@ struct OutputColor {
     void (GXAppDelegate::*set)(ColorRef);
 };
 
+/// A field for a side of the output; gives what shows the present size. A size takes effect when it is typed to the
+/// end, because every size on the way there would be composed.
+std::function<void()> addSide(QHBoxLayout& layout, QLabel& caption, const QString& name, GXAppDelegate& delegate,
+                              std::int32_t (GXAppDelegate::*get)() const, void (GXAppDelegate::*set)(std::int32_t))
+{
+    auto* field = new NumberField(1, kLargestSide);
+    field->setKeyboardTracking(false);
+    field->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+    field->setSuffix(OutputBar::tr(" px"));
+    field->setToolTip(name);
+    field->setAccessibleName(name);
+    caption.setBuddy(field);
+    QObject::connect(field, &QSpinBox::valueChanged, field, [&delegate, set](int side) {
+        (delegate.*set)(side);
+        delegate.update();
+    });
+    layout.addWidget(&caption);
+    layout.addWidget(field);
+    return [&delegate, field, get] { field->showValue((delegate.*get)()); };
+}
+
 /// Gives what shows the present colour.
 std::function<void()> addColor(QHBoxLayout& layout, GXAppDelegate& delegate, const OutputColor& property)
 {
-    auto* button = new ColorButton(property.title);
-    button->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+    auto* field = new ColorField(property.title);
+    field->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     auto* caption = new QLabel(property.caption);
-    caption->setBuddy(button);
+    caption->setBuddy(field);
     auto* none = new QToolButton;
     none->setText(OutputBar::tr("None"));
     none->setToolTip(property.noneToolTip);
@@ -38,14 +64,14 @@ std::function<void()> addColor(QHBoxLayout& layout, GXAppDelegate& delegate, con
         (delegate.*set)(color);
         delegate.update();
     };
-    QObject::connect(button, &ColorButton::colorChosen, button, apply);
-    QObject::connect(none, &QToolButton::clicked, button, [apply] { apply(nullptr); });
+    QObject::connect(field, &ColorField::colorChosen, field, apply);
+    QObject::connect(none, &QToolButton::clicked, field, [apply] { apply(nullptr); });
     layout.addWidget(caption);
-    layout.addWidget(button);
+    layout.addWidget(field);
     layout.addWidget(none);
-    return [&delegate, button, none, get = property.get] {
+    return [&delegate, field, none, get = property.get] {
         const ColorRef color = (delegate.*get)();
-        button->setColor(color);
+        field->setColor(color);
         none->setEnabled(color != nullptr);
     };
 }
@@ -57,7 +83,11 @@ OutputBar::OutputBar(GXAppDelegate& delegate, QWidget* parent)
 {
     auto* layout = new QHBoxLayout(this);
     layout->setContentsMargins(8, 4, 8, 4);
-    layout->addWidget(makeHeading(tr("Output")));
+    auto* heading = makeHeading(tr("Ou&tput"));
+    const auto width = addSide(*layout, *heading, tr("Output width"), delegate, &GXAppDelegate::OutputWidth,
+                               &GXAppDelegate::setOutputWidth);
+    const auto height = addSide(*layout, *new QLabel(tr("×")), tr("Output height"), delegate,
+                                &GXAppDelegate::OutputHeight, &GXAppDelegate::setOutputHeight);
     layout->addStretch();
     const auto background =
         addColor(*layout, delegate,
@@ -67,7 +97,9 @@ OutputBar::OutputBar(GXAppDelegate& delegate, QWidget* parent)
     const auto edge = addColor(*layout, delegate,
                                {tr("Ed&ge"), tr("Edge colour"), tr("No edge colour: the edge is like the background"),
                                 &GXAppDelegate::edgeColor, &GXAppDelegate::setEdgeColor});
-    const auto refresh = [background, edge](std::string_view) {
+    const auto refresh = [width, height, background, edge](std::string_view) {
+        width();
+        height();
         background();
         edge();
     };

@@ -9,7 +9,7 @@ namespace wallgrid {
 
 class GXAppDelegate;
 
-/// The two colours of the output, which belong to no item. Each may be none, as at launch.
+/// What belongs to the output and to no item: its size and its two colours, each of which may be none, as at launch.
 class OutputBar final : public QWidget {
     Q_OBJECT
 

@@ -4,9 +4,12 @@
 #include "ui/shown_text.h"
 
 #include <QApplication>
+#include <QCheckBox>
 #include <QFile>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QGridLayout>
+#include <QLabel>
 #include <QMessageBox>
 #include <QPushButton>
 #include <utility>
@@ -14,6 +17,20 @@
 namespace wallgrid {
 
 namespace {
+
+QCheckBox* addOption(QFileDialog& dialog, const PanelPurpose::Option& option)
+{
+    dialog.setOption(QFileDialog::DontUseNativeDialog); // only ours has room for it
+    auto* grid = qobject_cast<QGridLayout*>(dialog.layout());
+    auto* reason = new QLabel(option.reason, &dialog);
+    reason->setWordWrap(true);
+    auto* box = new QCheckBox(option.text, &dialog);
+    box->setAccessibleDescription(option.reason);
+    const int row = grid->rowCount();
+    grid->addWidget(reason, row, 0, 1, grid->columnCount());
+    grid->addWidget(box, row + 1, 0, 1, grid->columnCount());
+    return box;
+}
 
 UrlRef toUrl(const QString& path)
 {
@@ -70,13 +87,17 @@ UrlRef QtPanels::runSavePanel()
     dialog.setFileMode(QFileDialog::AnyFile);
     // The panel does not know the name that the file will have.
     dialog.setOption(QFileDialog::DontConfirmOverwrite);
+    const QCheckBox* option = purpose.option.text.isEmpty() ? nullptr : addOption(dialog, purpose.option);
     for (;;) {
         const QString chosen = run(dialog);
         if (chosen.isEmpty())
             return nullptr;
         const QString written = writtenPath(chosen, purpose);
-        if (!QFileInfo::exists(written) || mayReplace(written, purpose))
-            return toUrl(chosen);
+        if (QFileInfo::exists(written) && !mayReplace(written, purpose))
+            continue;
+        if (option)
+            purpose.option.apply(option->isChecked());
+        return toUrl(chosen);
     }
 }
 

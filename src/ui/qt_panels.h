@@ -5,6 +5,7 @@
 
 #include <QObject>
 #include <QString>
+#include <functional>
 
 class QFileDialog;
 
@@ -16,6 +17,14 @@ struct PanelPurpose {
     QString nameFilter;  ///< as QFileDialog has it, may be empty; all files can always be chosen
     QString extension;   ///< what a new file gets unless it has exactly that one, without the point; may be empty
     bool always = false; ///< a new file gets it also when it has it
+
+    /// A check box in a save panel, unticked at first, and who is told its state when a file is chosen.
+    struct Option {
+        QString text; ///< empty: none
+        QString reason;
+        std::function<void(bool)> apply;
+    };
+    Option option = {};
 };
 
 /// Panels and alerts as dialogs of the desktop, modal to the active window. A panel opens in the folder where the last

@@ -10,6 +10,9 @@ namespace wallgrid {
 /// Texts of a document are whatever a file holds: megabytes long, several lines, markup, half characters. These make
 /// of them what may be laid out as one line of a window.
 
+/// Longer names are shown in part, and replaced as a whole.
+constexpr qsizetype kLongestEditableName = 1000;
+
 /// The first units of a text on one line, with "…" where it goes on.
 QString shownText(QStringView text, qsizetype limit = 200);
 QString shownText(const StringRef& text, qsizetype limit = 200);

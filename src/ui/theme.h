@@ -5,8 +5,16 @@ class QApplication;
 
 namespace wallgrid {
 
-/// Neutral dark greys, so that the colours of the pictures are judged in front of something without a colour of its
-/// own.
-void applyTheme(QApplication& application);
+enum class Appearance {
+    Light,
+    Dark,
+};
+
+/// What the desktop's own colours are like, as long as no theme is applied.
+Appearance desktopAppearance();
+
+/// Neutral greys, so that the colours of the pictures are judged in front of something without a colour of its own.
+/// May be applied again.
+void applyTheme(QApplication& application, Appearance appearance);
 
 } // namespace wallgrid

@@ -3,9 +3,11 @@
 #include "program_under_test.h"
 #include "ui/anchor.h"
 #include "ui/color_button.h"
+#include "ui/color_text.h"
 #include "ui/number_field.h"
 
 #include <QCheckBox>
+#include <QClipboard>
 #include <QLabel>
 #include <QLineEdit>
 #include <limits>
@@ -132,7 +134,7 @@ private slots:
                                  {"Circle", "CircleEnable"},
                                  {"Position text", "XYFontEnable"},
                                  {"Size text", "screenFontEnable"},
-                                 {"&Visible in the output", "visible"}};
+                                 {"V&isible in the output", "visible"}};
         for (const auto& row : rows)
             QTest::newRow(row[1]) << QString(row[0]) << QString(row[1]);
     }
@@ -152,6 +154,45 @@ private slots:
         QCOMPARE(box->isChecked(), !before);
         box->click();
         QCOMPARE(changes.size(), std::size_t{2});
+    }
+
+    void coloursAreTypedAndPasted_data()
+    {
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<QString>("taken");
+        QTest::newRow("opaque") << "#00ff7F"
+                                << "#00FF7F";
+        QTest::newRow("with alpha") << "#00FF7f80"
+                                    << "#00FF7F80";
+        QTest::newRow("without a sign") << " 00FF7FFF "
+                                        << "#00FF7F";
+        QTest::newRow("the same") << "#ff0000" << QString();
+        for (const char* wrong : {"", "#00FF7", "#00FF7F8", "#00FF7F801", "#00FF7G", "green", "##00FF7F"})
+            QTest::newRow(wrong) << wrong << QString();
+    }
+
+    void coloursAreTypedAndPasted()
+    {
+        QFETCH(QString, text);
+        QFETCH(QString, taken);
+        ProgramUnderTest program;
+        program.activate();
+        auto* field = program.find<QLineEdit>("Fill colour as #RRGGBB or #RRGGBBAA");
+        QCOMPARE(field->text(), QString("#FF0000"));
+        const ColorRef before = program.item().rectColor();
+        field->setFocus();
+        field->selectAll();
+        QGuiApplication::clipboard()->setText(text);
+        field->paste();
+        if (taken.isEmpty()) {
+            QCOMPARE(program.item().rectColor(), before);
+        } else {
+            QCOMPARE(hexText(toQColor(*program.item().rectColor())), taken);
+            QCOMPARE(program.item().rectColor()->space(), Color::Space::CalibratedRGB);
+        }
+        program.settle();
+        QTest::keyClick(field, Qt::Key_Return);
+        QCOMPARE(field->text(), taken.isEmpty() ? QString("#FF0000") : taken);
     }
 
     void showingAnItemChangesNothingOfIt()

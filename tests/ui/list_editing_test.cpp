@@ -208,7 +208,7 @@ private slots:
         program.ptable().selectAll();
         program.press(program.ptable(), Qt::Key_Delete);
         QCOMPARE(program.presets(), QString());
-        program.trigger("&Remove");
+        program.trigger("Re&move");
         program.select(table, 1);
         QTest::keyClick(&table, Qt::Key_Down, Qt::ShiftModifier);
         program.press(table, Qt::Key_Delete);

@@ -3,6 +3,7 @@
 #include "program_under_test.h"
 
 #include <QAbstractItemModelTester>
+#include <QLineEdit>
 #include <QSignalSpy>
 
 using namespace wallgrid;
@@ -86,7 +87,9 @@ private slots:
         program.settle();
         QCOMPARE(model.rowCount(), 3);
         QVERIFY(model.setData(model.index(1, visibleColumn), Qt::Unchecked, Qt::CheckStateRole));
-        QVERIFY(!model.setData(model.index(1, nameColumn), "x", Qt::EditRole));
+        QVERIFY(model.setData(model.index(1, nameColumn), "x", Qt::EditRole));
+        QVERIFY(!model.setData(model.index(1, thumbnailColumn), "x", Qt::EditRole));
+        QVERIFY(!model.setData(model.index(1, nameColumn), "x", Qt::DisplayRole));
         QVERIFY(!program.item(1).visible());
         program.delegate().arraycontroller().removeObjectsAtArrangedObjectIndexes({0, 1, 2});
         model.synchronize();
@@ -181,6 +184,58 @@ private slots:
         QCOMPARE(textOf(program.item().label()).size(), name.size());
     }
 
+    void namesAreEditedInTheTable_data()
+    {
+        QTest::addColumn<int>("key"); // 0: a double click
+        QTest::newRow("double click") << 0;
+        QTest::newRow("F2") << int(Qt::Key_F2);
+        QTest::newRow("Enter") << int(Qt::Key_Return);
+    }
+
+    void namesAreEditedInTheTable()
+    {
+        QFETCH(int, key);
+        ProgramUnderTest program;
+        program.activate();
+        program.insert(makeScreen(u"second"), 1);
+        program.settle();
+        ItemTable& table = *program.window().table();
+        const QPoint place = table.visualRect(table.model()->index(1, nameColumn)).center();
+        QTest::mouseClick(table.viewport(), Qt::LeftButton, {}, place);
+        const auto begin = [&] {
+            if (key == 0)
+                QTest::mouseDClick(table.viewport(), Qt::LeftButton, {}, place);
+            else
+                QTest::keyClick(&table, Qt::Key(key));
+            return table.viewport()->findChild<QLineEdit*>();
+        };
+        std::vector<std::string> changes;
+        const auto observation = program.item(1).observe([&](std::string_view name) { changes.emplace_back(name); });
+
+        QLineEdit* editor = begin();
+        QVERIFY(editor);
+        QCOMPARE(editor->text(), QString("second"));
+        QTest::keyClick(editor, Qt::Key_Return); // as it was
+        QVERIFY(QTest::qWaitFor([&] { return !table.viewport()->findChild<QLineEdit*>(); }));
+        QCOMPARE(changes, std::vector<std::string>());
+
+        editor = begin();
+        QTest::keyClicks(editor, "Wall & stage");
+        QTest::keyClick(editor, Qt::Key_Return);
+        program.settle();
+        QCOMPARE(changes, std::vector<std::string>{"label"});
+        QCOMPARE(cell(table, 1, nameColumn).toString(), QString("Wall & stage"));
+        QVERIFY(QTest::qWaitFor([&] { return !table.viewport()->findChild<QLineEdit*>(); }));
+
+        editor = begin();
+        QTest::keyClicks(editor, "not this");
+        QTest::keyClick(editor, Qt::Key_Escape);
+        QCOMPARE(changes.size(), std::size_t{1});
+        program.item(1).setLabel(makeString(std::u16string().assign(1'001, u'x')));
+        program.settle();
+        QVERIFY(!(table.model()->flags(table.model()->index(1, nameColumn)) & Qt::ItemIsEditable));
+    }
+
     void aMissingImageFileIsNamed()
     {
         ProgramUnderTest program;
@@ -191,9 +246,9 @@ private slots:
         const ItemTable& table = *program.window().table();
         QVERIFY(cell(table, 0, nameColumn, Qt::FontRole).value<QFont>().italic());
         const QString toolTip = cell(table, 0, nameColumn, Qt::ToolTipRole).toString();
-        QVERIFY2(toolTip.contains("image file not found: " + program.path("gone &amp; &lt;i&gt;.png")),
+        QVERIFY2(toolTip.contains("missing or unreadable: " + program.path("gone &amp; &lt;i&gt;.png")),
                  qPrintable(toolTip));
-        QVERIFY(cell(table, 0, thumbnailColumn, Qt::DecorationRole).value<QIcon>().isNull());
+        QVERIFY(!cell(table, 0, thumbnailColumn, Qt::DecorationRole).value<QIcon>().isNull()); // a warning sign
         QVERIFY(!cell(table, 1, thumbnailColumn, Qt::DecorationRole).value<QIcon>().isNull());
         QVERIFY(!cell(table, 1, nameColumn, Qt::FontRole).isValid());
     }
@@ -205,11 +260,13 @@ private slots:
         const auto icon = [&] { return cell(table, 0, thumbnailColumn, Qt::DecorationRole).value<QIcon>(); };
         const QIcon before = icon();
         QCOMPARE(before.cacheKey(), icon().cacheKey());
-        const QImage picture = before.pixmap(ItemTableModel::thumbnailSize(), 1.0).toImage();
-        QCOMPARE(picture.size(), ItemTableModel::thumbnailSize());
-        QCOMPARE(picture.pixelColor(0, 13).alpha(), 0);  // beside the square screen
-        QVERIFY(picture.pixelColor(20, 10).red() > 200); // in it
-        QVERIFY(picture.pixelColor(20, 10).green() < 150);
+        const qreal ratio = qApp->devicePixelRatio();
+        const QImage picture = before.pixmap(ItemTableModel::thumbnailSize(), ratio).toImage();
+        QCOMPARE(picture.size(), (ItemTableModel::thumbnailSize().toSizeF() * ratio).toSize());
+        QCOMPARE(picture.pixelColor(0, picture.height() / 2).alpha(), 0); // beside the square screen
+        const QColor inIt = picture.pixelColor(QPoint(20, 10) * ratio);
+        QVERIFY(inIt.red() > 200);
+        QVERIFY(inIt.green() < 150);
         program.item().setRectColor(Color::greenColor()); // renders anew
         QVERIFY(before.cacheKey() != icon().cacheKey());
     }

@@ -1,9 +1,12 @@
 // SPDX-License-Identifier: MIT
+#include "items/gx_still.h"
 #include "program_under_test.h"
 #include "ui/color_button.h"
+#include "ui/number_field.h"
 #include "ui/preview/preview_surface.h"
 #include "ui/qt_panels.h"
 
+#include <QCheckBox>
 #include <QColorDialog>
 #include <QFileDialog>
 #include <QFileOpenEvent>
@@ -11,8 +14,10 @@
 #include <QLineEdit>
 #include <QMenu>
 #include <QMessageBox>
+#include <QMimeData>
 #include <QPushButton>
 #include <QStatusBar>
+#include <limits>
 
 using namespace wallgrid;
 
@@ -222,6 +227,131 @@ private slots:
         program.settle();
         QVERIFY(says("2 layers"));
         QVERIFY(says("Output 8704 × 192 px"));
+
+        QVERIFY(says(""));
+        const auto place = [&](std::size_t row, std::int32_t x, std::int32_t y) {
+            program.item(row).setXpoint(x);
+            program.item(row).setYpoint(y);
+            program.settle();
+        };
+        place(0, 8700, 188); // touches the corner from inside
+        QVERIFY(says(""));
+        place(0, 8701, 188);
+        QVERIFY(says("1 layer reaches over the edge"));
+        place(0, 8704, 0); // touches it from outside
+        QVERIFY(says("1 layer lies outside"));
+        place(1, 0, -1);
+        QVERIFY(says("1 layer lies outside, 1 layer reaches over the edge"));
+        place(1, std::numeric_limits<std::int32_t>::min(), std::numeric_limits<std::int32_t>::max());
+        QVERIFY(says("2 layers lie outside"));
+        program.item(0).setVisible(false);
+        program.settle();
+        QVERIFY(says("1 layer lies outside"));
+    }
+
+    void theOutputSizeIsTyped()
+    {
+        ProgramUnderTest program;
+        program.activate();
+        auto* width = program.find<NumberField>("Output width");
+        QCOMPARE(width->value(), 1920);
+        QTest::keyClick(width, Qt::Key_A, Qt::ControlModifier);
+        QTest::keyClicks(width, "3840");
+        QCOMPARE(program.delegate().OutputWidth(), 1920);
+        QTest::keyClick(width, Qt::Key_Return);
+        QTest::keyClick(program.find<NumberField>("Output height"), Qt::Key_Up, Qt::ShiftModifier);
+        program.settle();
+        QCOMPARE(program.delegate().offscreenRep()->width(), 3840);
+        QCOMPARE(program.delegate().offscreenRep()->height(), 1090);
+    }
+
+    void filesAreDropped()
+    {
+        ProgramUnderTest program;
+        program.panels.answer = program.location("a wall.mpr");
+        program.delegate().saveProject();
+        program.item().setLabel(makeString(u"changed"));
+        QImage picture(30, 20, QImage::Format_RGB32);
+        picture.fill(Qt::blue);
+        picture.setDotsPerMeterX(2835); // one point a pixel
+        picture.setDotsPerMeterY(2835);
+        picture.save(program.path("logo #1.png"));
+        QFile text(program.path("notes.txt"));
+        QVERIFY(text.open(QIODevice::WriteOnly) && text.write("no project") > 0);
+        text.close();
+
+        const auto drop = [&](const QList<QUrl>& urls) {
+            QMimeData data;
+            if (!urls.isEmpty())
+                data.setUrls(urls);
+            const QPoint place(5, 5);
+            QDragEnterEvent enter(place, Qt::CopyAction | Qt::MoveAction, &data, Qt::LeftButton, Qt::NoModifier);
+            enter.ignore();
+            QCoreApplication::sendEvent(&program.window(), &enter);
+            if (enter.isAccepted()) {
+                QDropEvent event(place, Qt::CopyAction | Qt::MoveAction, &data, Qt::LeftButton, Qt::NoModifier);
+                QCoreApplication::sendEvent(&program.window(), &event);
+            }
+            program.settle();
+            return enter.isAccepted();
+        };
+        const auto file = [&](const QString& name) { return QUrl::fromLocalFile(program.path(name)); };
+
+        QVERIFY(!drop({}));
+        QVERIFY(!drop({QUrl("https://example.org/logo.png")}));
+        QVERIFY(drop({file("logo #1.png")}));
+        const auto* still = dynamic_cast<GXStill*>(&program.item(1)); // below the first row, as the Add sheet's
+        QVERIFY(still);
+        QCOMPARE(fileName(still->ImageURL()), QString("logo #1.png"));
+        QCOMPARE(still->panelWidth(), 30);
+        program.item(0).setVisible(false);
+        program.settle();
+        QCOMPARE(program.output(3, 3), QString("ff0000ff"));
+
+        QVERIFY(drop({file("notes.txt")}));
+        QVERIFY(program.window().statusBar()->currentMessage().contains("notes.txt"));
+        QCOMPARE(program.delegate().arraycontroller().arrangedObjects().size(), std::size_t{2});
+
+        QVERIFY(drop({file("a wall.mpr"), file("logo #1.png")}));
+        QCOMPARE(program.delegate().arraycontroller().arrangedObjects().size(), std::size_t{2});
+        QCOMPARE(textOf(program.item().label()), std::u16string(u"Layer 0"));
+        QVERIFY(program.panels.alerts.empty());
+    }
+
+    void equalNamesAreNumberedWhenTheUserWants()
+    {
+        ProgramUnderTest program;
+        QtPanels panels;
+        QString offered;
+        connect(&program.window(), &MainWindow::panelAhead, this, [&](const PanelPurpose& purpose) {
+            offered = purpose.option.text;
+            panels.prepare(purpose);
+            whenAsked<QFileDialog>([&](QFileDialog& dialog) {
+                auto* box = dialog.findChild<QCheckBox*>();
+                QCOMPARE(box != nullptr, !offered.isEmpty());
+                if (box) {
+                    QVERIFY(!box->isChecked());
+                    box->click();
+                }
+                acceptFile(dialog, program.path("wall"));
+            });
+            program.panels.answer = panels.runSavePanel();
+        });
+        QAction* exportPsd = action(program.window(), "Export &Layered PSD…");
+        const auto names = [&] {
+            exportPsd->trigger();
+            QFile file(program.path("wall.psd"));
+            return file.open(QIODevice::ReadOnly) ? file.readAll().count("Layer 0 2") : -1;
+        };
+        QCOMPARE(names(), 0);
+        QCOMPARE(offered, QString());
+        QFile::remove(program.path("wall.psd"));
+        program.insert(makeScreen(u"Layer 0"));
+        QCOMPARE(names(), 1);
+        QFile::remove(program.path("wall.psd"));
+        program.item().setLabel(makeString(u"other"));
+        QCOMPARE(names(), 0); // the choice held for that one file
+        QCOMPARE(textOf(program.item(1).label()), std::u16string(u"Layer 0"));
     }
 
     void theOutputWindowComesAndGoes()

@@ -6,7 +6,7 @@
 namespace wallgrid {
 
 DisplayMenu::DisplayMenu(OutputPreview& preview, QWidget* parent)
-    : QMenu(tr("Output Preview &on"), parent)
+    : QMenu(tr("Output Preview o&n"), parent)
     , m_preview(preview)
     , m_group(this)
 {

@@ -22,7 +22,7 @@ ZoomBar::ZoomBar(ZoomView& view, QWidget* parent)
     m_pixel->setMinimumWidth(fontMetrics().horizontalAdvance(QStringLiteral("00000, 00000  ")));
     m_pixel->setAccessibleName(tr("Pixel under the pointer"));
     layout->addWidget(m_pixel);
-    addButton(tr("Zoom &Out"), tr("−"), {QKeySequence(Qt::CTRL | Qt::Key_Minus)}, [](ZoomView& v) { v.zoomOut(); });
+    addButton(tr("&Zoom Out"), tr("−"), {QKeySequence(Qt::CTRL | Qt::Key_Minus)}, [](ZoomView& v) { v.zoomOut(); });
     m_scale->setMinimumWidth(fontMetrics().horizontalAdvance(QStringLiteral("3200 %  ")));
     m_scale->setAlignment(Qt::AlignCenter);
     m_scale->setAccessibleName(tr("Scale of the preview"));

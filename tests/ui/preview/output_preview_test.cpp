@@ -142,7 +142,7 @@ private slots:
         QStringList listed;
         QAction* desk = nullptr;
         for (QMenu* menu : program.window().findChildren<QMenu*>()) {
-            for (QAction* action : menu->title() == "Output Preview &on" ? menu->actions() : QList<QAction*>()) {
+            for (QAction* action : menu->title() == "Output Preview o&n" ? menu->actions() : QList<QAction*>()) {
                 listed.append(action->text() + (action->isChecked() ? " *" : ""));
                 if (action->text().startsWith("desk"))
                     desk = action;

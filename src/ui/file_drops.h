@@ -1,0 +1,32 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QObject>
+#include <QStringList>
+
+class QDropEvent;
+class QWidget;
+
+namespace wallgrid {
+
+class GXAppDelegate;
+
+/// Takes files that are dropped on a window: a picture is added to the layers as the Add sheet adds one, anything else
+/// is opened as a project, which says what is wrong with a file that is none.
+class FileDrops final : public QObject {
+    Q_OBJECT
+
+public:
+    /// The delegate must outlive the drops, the window owns them.
+    FileDrops(GXAppDelegate& delegate, QWidget& window);
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    void open(const QStringList& paths);
+
+    GXAppDelegate& m_delegate;
+};
+
+} // namespace wallgrid
