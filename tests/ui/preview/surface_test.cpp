@@ -82,6 +82,25 @@ private slots:
         }
     }
 
+    void transparentPartsShowACheckerboard()
+    {
+        ProgramUnderTest program;
+        program.delegate().setBgColor(Color::deviceRGB(0, 0, 0, 0));
+        program.delegate().update();
+        program.delegate().arraycontroller().setSelectionIndexes({});
+        PreviewSurface& surface = *program.window().miniPvw();
+        surface.fit();
+        const QImage seen = shown(program);
+        const QRect picture = surface.viewport().picture() & seen.rect();
+        std::set<QRgb> inside;
+        for (int x = picture.left(); x <= picture.right(); ++x)
+            inside.insert(seen.pixel(x, picture.bottom() - 20));
+        QCOMPARE(inside, (std::set<QRgb>{0xff555555, 0xff666666}));
+        const QColor surround = seen.pixelColor(2, seen.height() - 2);
+        QVERIFY(surround.lightness() > 30 && surround.lightness() < 225);
+        QVERIFY(inside.count(surround.rgb()) == 0);
+    }
+
     void outlinesSurroundTheItem()
     {
         ProgramUnderTest program;
