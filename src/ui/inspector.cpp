@@ -43,6 +43,8 @@ constexpr std::array<NumberProperty, GXItem::kCaptionCount> kNumbers{{
 /// From here on the numbers are the sizes of texts, which stand with the texts' switches.
 constexpr std::size_t kFirstTextSize = 6;
 
+constexpr int kRoomAboveCaption = 3;
+
 bool isScreen(const GXItem& item)
 {
     return dynamic_cast<const GXScreen*>(&item) != nullptr;
@@ -151,6 +153,7 @@ QWidget* Inspector::makeNumbers()
         connect(number.field, &QSpinBox::editingFinished, this, [this, i] { applyNumber(i, true); });
         if (i >= kFirstTextSize)
             continue;
+        number.caption->setContentsMargins(0, kRoomAboveCaption, 0, 0);
         const int line = 2 * static_cast<int>(i / 2);
         const int column = static_cast<int>(i % 2);
         layout->addWidget(number.caption, line, column);

@@ -6,7 +6,7 @@
 #include "ui/inspector.h"
 #include "ui/item_table.h"
 #include "ui/list_bar.h"
-#include "ui/output_bar.h"
+#include "ui/output_controls.h"
 #include "ui/output_window.h"
 #include "ui/outside_text.h"
 #include "ui/preview/display_menu.h"
@@ -76,11 +76,11 @@ MainWindow::MainWindow(GXAppDelegate& delegate, UndoHistory& history, QtRecentDo
     auto* columns = new QSplitter(Qt::Horizontal);
     columns->addWidget(makeLists());
     columns->addWidget(makeOutput());
-    columns->addWidget(makeInspector());
+    columns->addWidget(makeFields());
     columns->setStretchFactor(0, 0);
     columns->setStretchFactor(1, 1);
     columns->setStretchFactor(2, 0);
-    columns->setSizes({240, 760, 320});
+    columns->setSizes({260, 810, 330});
     columns->setChildrenCollapsible(false);
     setCentralWidget(columns);
 
@@ -89,7 +89,7 @@ MainWindow::MainWindow(GXAppDelegate& delegate, UndoHistory& history, QtRecentDo
     makeEditMenu();
     makeViewMenu();
     makeHelpMenu();
-    resize(QSize(1320, 800).boundedTo(screen()->availableSize()));
+    resize(QSize(1400, 840).boundedTo(screen()->availableSize()));
     m_table->setFocus();
 
     new FileDrops(m_delegate, *this);
@@ -153,20 +153,22 @@ QWidget* MainWindow::makeLists()
 
 QWidget* MainWindow::makeOutput()
 {
-    auto* box = new QWidget;
-    auto* layout = new QVBoxLayout(box);
-    layout->setContentsMargins({});
-    layout->setSpacing(0);
-    layout->addWidget(new OutputBar(m_delegate));
     m_miniPvw = new PreviewSurface(m_delegate);
     m_miniPvw->setAccessibleName(tr("Output preview"));
     m_miniPvw->setMinimumSize(240, 135);
-    layout->addWidget(m_miniPvw, 1);
-    return box;
+    return m_miniPvw;
 }
 
-QWidget* MainWindow::makeInspector()
+QWidget* MainWindow::makeFields()
 {
+    m_fields = new QWidget;
+    auto* layout = new QVBoxLayout(m_fields);
+    layout->setContentsMargins({});
+    layout->setSpacing(0);
+    layout->addWidget(new OutputControls(m_delegate));
+    auto* line = new QFrame;
+    line->setFrameStyle(QFrame::HLine | QFrame::Sunken);
+    layout->addWidget(line);
     m_inspector = new Inspector(m_delegate);
     auto* area = new QScrollArea;
     area->setWidget(m_inspector);
@@ -175,7 +177,8 @@ QWidget* MainWindow::makeInspector()
     area->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     area->setFocusPolicy(Qt::NoFocus);
     area->setMinimumWidth(m_inspector->minimumSizeHint().width() + 16);
-    return area;
+    layout->addWidget(area, 1);
+    return m_fields;
 }
 
 void MainWindow::makeStatusBar()
@@ -279,7 +282,7 @@ ItemTable& MainWindow::editedTable() const
 void MainWindow::makeEditMenu()
 {
     QMenu* menu = menuBar()->addMenu(tr("&Edit"));
-    const auto* steps = new UndoActions(m_history, *m_inspector, this);
+    const auto* steps = new UndoActions(m_history, *m_fields, this);
     connect(m_miniPvw, &PreviewSurface::beginInteraction, steps, [this] { m_history.beginInteraction(); });
     connect(m_miniPvw, &PreviewSurface::endInteraction, steps, [this] { m_history.endInteraction(); });
     menu->addActions({steps->undo(), steps->redo()});

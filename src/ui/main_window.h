@@ -22,7 +22,7 @@ class UndoHistory;
 class ZoomBar;
 
 /// The main window: the layers and the presets on the left, the preview in the middle, the inspector of the selected
-/// layer on the right. Closing it closes the output window and so ends the program.
+/// layer on the right, below the fields of the output. Closing it closes the output window and so ends the program.
 class MainWindow final : public QMainWindow {
     Q_OBJECT
 
@@ -54,7 +54,7 @@ private:
     void makeEditActions();
     QWidget* makeLists();
     QWidget* makeOutput();
-    QWidget* makeInspector();
+    QWidget* makeFields();
     void makeStatusBar();
     void makeFileMenu();
     void makeEditMenu();
@@ -77,6 +77,7 @@ private:
     ItemTable* m_table = nullptr;
     ItemTable* m_ptable = nullptr;
     PreviewSurface* m_miniPvw = nullptr;
+    QWidget* m_fields = nullptr; // of the output and of the selected layer
     Inspector* m_inspector = nullptr;
     QMenu* m_viewMenu = nullptr;
     QMenu* m_recentMenu = nullptr;

@@ -1,11 +1,12 @@
 // SPDX-License-Identifier: MIT
-#include "ui/output_bar.h"
+#include "ui/output_controls.h"
 
 #include "app/gx_app_delegate.h"
 #include "ui/color_field.h"
 #include "ui/heading.h"
 #include "ui/number_field.h"
 
+#include <QGridLayout>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QToolButton>
@@ -28,13 +29,12 @@ struct OutputColor {
 
 /// A field for a side of the output; gives what shows the present size. A size takes effect when it is typed to the
 /// end, because every size on the way there would be composed.
-std::function<void()> addSide(QHBoxLayout& layout, QLabel& caption, const QString& name, GXAppDelegate& delegate,
+std::function<void()> addSide(QHBoxLayout& sides, QLabel& caption, const QString& name, GXAppDelegate& delegate,
                               std::int32_t (GXAppDelegate::*get)() const, void (GXAppDelegate::*set)(std::int32_t))
 {
     auto* field = new NumberField(1, kLargestSide);
     field->setKeyboardTracking(false);
-    field->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
-    field->setSuffix(OutputBar::tr(" px"));
+    field->setSuffix(OutputControls::tr(" px"));
     field->setToolTip(name);
     field->setAccessibleName(name);
     caption.setBuddy(field);
@@ -42,20 +42,18 @@ std::function<void()> addSide(QHBoxLayout& layout, QLabel& caption, const QStrin
         (delegate.*set)(side);
         delegate.update();
     });
-    layout.addWidget(&caption);
-    layout.addWidget(field);
+    sides.addWidget(field);
     return [&delegate, field, get] { field->showValue((delegate.*get)()); };
 }
 
 /// Gives what shows the present colour.
-std::function<void()> addColor(QHBoxLayout& layout, GXAppDelegate& delegate, const OutputColor& property)
+std::function<void()> addColor(QGridLayout& layout, GXAppDelegate& delegate, const OutputColor& property)
 {
     auto* field = new ColorField(property.title);
-    field->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     auto* caption = new QLabel(property.caption);
     caption->setBuddy(field);
     auto* none = new QToolButton;
-    none->setText(OutputBar::tr("None"));
+    none->setText(OutputControls::tr("None"));
     none->setToolTip(property.noneToolTip);
     none->setAccessibleName(property.noneToolTip);
     none->setFocusPolicy(Qt::StrongFocus);
@@ -66,9 +64,10 @@ std::function<void()> addColor(QHBoxLayout& layout, GXAppDelegate& delegate, con
     };
     QObject::connect(field, &ColorField::colorChosen, field, apply);
     QObject::connect(none, &QToolButton::clicked, field, [apply] { apply(nullptr); });
-    layout.addWidget(caption);
-    layout.addWidget(field);
-    layout.addWidget(none);
+    const int row = layout.rowCount();
+    layout.addWidget(caption, row, 0);
+    layout.addWidget(field, row, 1);
+    layout.addWidget(none, row, 2);
     return [&delegate, field, none, get = property.get] {
         const ColorRef color = (delegate.*get)();
         field->setColor(color);
@@ -78,22 +77,26 @@ std::function<void()> addColor(QHBoxLayout& layout, GXAppDelegate& delegate, con
 
 } // namespace
 
-OutputBar::OutputBar(GXAppDelegate& delegate, QWidget* parent)
+OutputControls::OutputControls(GXAppDelegate& delegate, QWidget* parent)
     : QWidget(parent)
 {
-    auto* layout = new QHBoxLayout(this);
-    layout->setContentsMargins(8, 4, 8, 4);
+    auto* layout = new QGridLayout(this);
+    layout->setVerticalSpacing(4);
+    layout->setColumnStretch(1, 1);
     auto* heading = makeHeading(tr("Ou&tput"));
-    const auto width = addSide(*layout, *heading, tr("Output width"), delegate, &GXAppDelegate::OutputWidth,
+    layout->addWidget(heading, 0, 0);
+    auto* sides = new QHBoxLayout;
+    layout->addLayout(sides, 0, 1, 1, 2);
+    const auto width = addSide(*sides, *heading, tr("Output width"), delegate, &GXAppDelegate::OutputWidth,
                                &GXAppDelegate::setOutputWidth);
-    const auto height = addSide(*layout, *new QLabel(tr("×")), tr("Output height"), delegate,
-                                &GXAppDelegate::OutputHeight, &GXAppDelegate::setOutputHeight);
-    layout->addStretch();
+    auto* times = new QLabel(tr("×"));
+    sides->addWidget(times);
+    const auto height = addSide(*sides, *times, tr("Output height"), delegate, &GXAppDelegate::OutputHeight,
+                                &GXAppDelegate::setOutputHeight);
     const auto background =
         addColor(*layout, delegate,
                  {tr("&Background"), tr("Background colour"), tr("No background colour: the output is opaque black"),
                   &GXAppDelegate::bgColor, &GXAppDelegate::setBgColor});
-    layout->addSpacing(12);
     const auto edge = addColor(*layout, delegate,
                                {tr("Ed&ge"), tr("Edge colour"), tr("No edge colour: the edge is like the background"),
                                 &GXAppDelegate::edgeColor, &GXAppDelegate::setEdgeColor});

@@ -10,12 +10,12 @@ namespace wallgrid {
 class GXAppDelegate;
 
 /// What belongs to the output and to no item: its size and its two colours, each of which may be none, as at launch.
-class OutputBar final : public QWidget {
+class OutputControls final : public QWidget {
     Q_OBJECT
 
 public:
-    /// The delegate must outlive the bar.
-    explicit OutputBar(GXAppDelegate& delegate, QWidget* parent = nullptr);
+    /// The delegate must outlive the controls.
+    explicit OutputControls(GXAppDelegate& delegate, QWidget* parent = nullptr);
 
 private:
     KeyValueObservable::Observation m_observation;
