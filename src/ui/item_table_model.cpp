@@ -208,13 +208,14 @@ bool ItemTableModel::setData(const QModelIndex& index, const QVariant& value, in
     if (!checkIndex(index, CheckIndexOption::IndexIsValid))
         return false;
     const ItemRef item = m_items[static_cast<std::size_t>(index.row())];
-    const Column column = columnOf(index);
-    if (column == Column::Visible && role == Qt::CheckStateRole)
-        item->setVisible(value.toInt() == Qt::Checked);
-    else if (column == Column::Name && role == Qt::EditRole)
-        rename(*item, value.toString());
-    else
+    const bool visibility = columnOf(index) == Column::Visible && role == Qt::CheckStateRole;
+    const bool name = columnOf(index) == Column::Name && role == Qt::EditRole;
+    if (!visibility && !name)
         return false;
+    if (visibility)
+        item->setVisible(value.toInt() == Qt::Checked);
+    else
+        rename(*item, value.toString());
     emit dataChanged(index, index.siblingAtColumn(columnCount() - 1));
     return true;
 }
