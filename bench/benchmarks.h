@@ -13,5 +13,6 @@ void addPng(std::vector<Ratio>& ratios);
 void addPsd(std::vector<Ratio>& ratios);
 void addArchives(std::vector<Ratio>& ratios);
 void addPreview(std::vector<Ratio>& ratios);
+void addUndo(std::vector<Ratio>& ratios);
 
 } // namespace wallgrid::bench

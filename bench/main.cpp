@@ -19,5 +19,6 @@ int main(int argc, char** argv)
     addPsd(ratios);
     addArchives(ratios);
     addPreview(ratios);
+    addUndo(ratios);
     return runRatios(argc, argv, ratios);
 }

@@ -233,6 +233,8 @@ void restoreState(GXAppDelegate& delegate, const DocumentState& state)
 
 void releaseAbsentPictures(const DocumentState& before, const DocumentState& after)
 {
+    if (sameItems(before.layers, after.layers) && sameItems(before.presets, after.presets))
+        return;
     std::unordered_set<const GXItem*> present;
     for (const Entries* list : {&after.layers, &after.presets}) {
         for (const Entry& entry : *list)

@@ -179,11 +179,9 @@ void UndoHistory::record(DocumentStateRef now, DocumentChange change)
             --m_current;
         }
     } else {
-        std::size_t imageBytes = 0;
-        if (change.what != DocumentChange::What::Property) {
-            releaseAbsentPictures(*state(), *now);
-            imageBytes = removedImageBytes(*state(), *now);
-        }
+        releaseAbsentPictures(*state(), *now);
+        const std::size_t imageBytes =
+            change.what == DocumentChange::What::Property ? 0 : removedImageBytes(*state(), *now);
         m_steps.push_back({std::move(now), std::move(change), selectedBefore, m_selection, imageBytes});
         ++m_current;
         forgetOldSteps();

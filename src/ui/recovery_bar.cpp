@@ -4,7 +4,9 @@
 #include "ui/recovery.h"
 
 #include <QLabel>
+#include <QLayout>
 #include <QLocale>
+#include <QPushButton>
 
 namespace wallgrid {
 
@@ -18,10 +20,15 @@ RecoveryBar::RecoveryBar(Recovery& recovery, QWidget* parent)
     toggleViewAction()->setVisible(false);
     m_text->setContentsMargins(8, 0, 8, 0);
     addWidget(m_text);
-    QAction* restore = addAction(tr("Restore"), this, [this] { m_recovery.restore(); });
+    auto* restore = new QPushButton(tr("Restore"), this);
     restore->setToolTip(tr("Open the copy; Undo goes back to what is open now"));
-    QAction* discard = addAction(tr("Discard"), this, [this] { m_recovery.discard(); });
+    connect(restore, &QPushButton::clicked, this, [this] { m_recovery.restore(); });
+    auto* discard = new QPushButton(tr("Discard"), this);
     discard->setToolTip(tr("Delete the copy"));
+    connect(discard, &QPushButton::clicked, this, [this] { m_recovery.discard(); });
+    addWidget(restore);
+    addWidget(discard);
+    layout()->setSpacing(6);
     // Later, because it may be one of the bar's own buttons that is at work.
     connect(&m_recovery, &Recovery::offerChanged, this, &RecoveryBar::refresh, Qt::QueuedConnection);
     refresh();

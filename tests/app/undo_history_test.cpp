@@ -118,7 +118,13 @@ TEST_F(UndoHistoryTest, EveryKindOfChangeIsOneStepThatGoesBackAndForth)
     };
     for (const auto& step : cases) {
         SCOPED_TRACE(step.name);
-        delegate.setAllScreensArray(std::make_shared<ItemArray>(screens("ABCD")));
+        const ItemArray sideBySide = screens("ABCD");
+        for (std::size_t i = 0; i < sideBySide.size(); ++i) {
+            sideBySide[i]->setPanelWidth(6);
+            sideBySide[i]->setXpoint(static_cast<std::int32_t>(35 * i));
+            sideBySide[i]->drawInRect();
+        }
+        delegate.setAllScreensArray(std::make_shared<ItemArray>(sideBySide));
         delegate.setPresetScreensArray(std::make_shared<ItemArray>(screens("XYZ")));
         delegate.arraycontroller().setSelectionIndex(1);
         endTurn(2);

@@ -9,7 +9,7 @@
 #include <QDirIterator>
 #include <QFileDialog>
 #include <QProcess>
-#include <QToolButton>
+#include <QPushButton>
 #include <csignal>
 #include <cstdio>
 
@@ -83,7 +83,7 @@ struct Program : ProgramUnderTest {
     RecoveryBar* bar() { return window().findChild<RecoveryBar*>(); }
     void click(const QString& text)
     {
-        for (auto* button : bar()->findChildren<QToolButton*>()) {
+        for (auto* button : bar()->findChildren<QPushButton*>()) {
             if (button->text() == text)
                 button->click();
         }
