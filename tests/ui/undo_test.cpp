@@ -102,6 +102,38 @@ private slots:
         QCOMPARE(program.menu(), "&Undo Move &Redo Move");
     }
 
+    void sizeOfTheOutputIsTakenBackInItsField()
+    {
+        Steps program;
+        program.activate();
+        auto* width = program.find<QAbstractSpinBox>("Output width");
+        program.type(*width, "640");
+        QTest::keyClick(width, Qt::Key_Return);
+        program.settle();
+        QCOMPARE(program.delegate().offscreenRep()->width(), 640);
+        QCOMPARE(program.menu(), "&Undo Change Output Size (&Redo)");
+        program.undo();
+        QCOMPARE(program.delegate().offscreenRep()->width(), 1920);
+        QCOMPARE(width->text(), "1920 px");
+    }
+
+    void nameThatIsBeingEditedInAListIsTakenBackThere()
+    {
+        Steps program;
+        program.activate();
+        program.item().setXpoint(9);
+        program.settle();
+        auto* table = program.window().table();
+        table->setFocus();
+        table->edit(table->model()->index(0, table->model()->columnCount() - 1));
+        auto* editor = qobject_cast<QLineEdit*>(QApplication::focusWidget());
+        QVERIFY(editor);
+        QTest::keyClicks(editor, "Stage");
+        program.undo();
+        QCOMPARE(editor->text(), "Layer 0");
+        QCOMPARE(program.menu(), "&Undo Move (&Redo)");
+    }
+
     void colourOfTheOutputIsShownAsItIs()
     {
         Steps program;
