@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "ui/preview/output_preview.h"
 
-#include "../program_under_test.h"
 #include "ui/preview/preview_surface.h"
+#include "ui/program_under_test.h"
 
 #include <QLabel>
 #include <QMenu>

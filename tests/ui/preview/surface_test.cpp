@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ui/preview/preview_surface.h"
 
-#include "../program_under_test.h"
+#include "ui/program_under_test.h"
 
 #include <QScreen>
 #include <QWheelEvent>
