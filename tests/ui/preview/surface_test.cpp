@@ -214,7 +214,7 @@ private slots:
     {
         ProgramUnderTest program;
         PreviewSurface& surface = *program.window().miniPvw();
-        const QPointF place(surface.width() / 3, surface.height() / 2);
+        const QPointF place = QPoint(surface.width() / 3, surface.height() / 2);
         const auto turn = [&](int angle, Qt::KeyboardModifiers modifiers) {
             QWheelEvent wheel(place, surface.mapToGlobal(place), {}, {0, angle}, {}, modifiers, Qt::NoScrollPhase,
                               false);
