@@ -32,7 +32,16 @@ class ListDrags(ProgramTest):
                                        stderr=subprocess.DEVNULL)
             self.addCleanup(process.wait, 20)
             self.addCleanup(process.terminate)
+            if command == ["openbox"]:
+                self.wait_for_window_manager()
         self.expect_rows("ABCD")
+
+    def wait_for_window_manager(self):
+        """A window that is there before it is put elsewhere."""
+        deadline = time.monotonic() + 20
+        while subprocess.run(["xdotool", "get_num_desktops"], capture_output=True, timeout=20).returncode:
+            self.assertLess(time.monotonic(), deadline, "there is no window manager")
+            time.sleep(0.1)
 
     def rows(self):
         """The thumbnails in the lists from the top: name and middle of each."""
