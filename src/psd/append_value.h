@@ -9,7 +9,7 @@
 
 namespace wallgrid {
 
-// The fields of a PSD file, added at the end of a buffer ("Adobe Photoshop File Formats Specification", 2019).
+// The fields of a PSD file, added at the end of a buffer (Adobe, "Photoshop File Formats", 2019).
 
 /// The low `length` bytes of the value, big-endian. Throws std::invalid_argument for a length outside 0 to 8.
 void kpAppendValue(ByteBuffer& buffer, std::int64_t value, std::int32_t length);

@@ -6,8 +6,8 @@
 
 namespace wallgrid {
 
-/// How a layer or an effect meets what is below it: the four-byte keys of the PSD format, blanks included ("Adobe
-/// Photoshop File Formats Specification", layer records).
+/// How a layer or an effect meets what is below it: the four-byte keys of the PSD format, blanks included (Adobe,
+/// "Photoshop File Formats", layer records).
 namespace blend_mode {
 
 inline constexpr std::string_view kNormal = "norm";

@@ -19,7 +19,7 @@
 namespace wallgrid {
 
 /// A picture at a place on the canvas of a PSD, and the bytes it gives to the file: a layer record, and channel images
-/// that cover the whole canvas ("Adobe Photoshop File Formats Specification", layer records). Positions count pixels
+/// that cover the whole canvas (Adobe, "Photoshop File Formats", layer records). Positions count pixels
 /// from the canvas's top-left corner, y downwards.
 ///
 /// Offsets and sizes are whole in use. With others the formulas hold as they stand: the visible part of the picture is

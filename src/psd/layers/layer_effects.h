@@ -13,7 +13,7 @@
 namespace wallgrid {
 
 /// The effect descriptions of a layer, each of which may be missing, and the "lrFX" block that they make in its record
-/// ("Adobe Photoshop File Formats Specification", effects layer). Descriptions are shared; the block has what they say
+/// (Adobe, "Photoshop File Formats", effects layer). Descriptions are shared; the block has what they say
 /// when it is written.
 class KPPSDLayerEffects {
 public:
