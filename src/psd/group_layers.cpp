@@ -63,10 +63,7 @@ const std::u16string& KPPSDGroupOpeningLayer::writtenName() const
 
 ByteBuffer KPPSDGroupOpeningLayer::extraLayerInformation() const
 {
-    ByteBuffer extra;
-    kpAppendValue(extra, 0, 4); // no mask
-    kpAppendValue(extra, 0, 4); // no blending ranges
-    writeNameOn(extra, 4);
+    ByteBuffer extra = startOfExtraLayerInformation();
     appendSignedKey(extra, "lsct");
     kpAppendValue(extra, 4, 4);
     kpAppendValue(extra, kBoundingDivider, 4);
@@ -88,10 +85,7 @@ void KPPSDGroupClosingLayer::writeLayerInformationOn(ByteBuffer& buffer, const C
 
 ByteBuffer KPPSDGroupClosingLayer::extraLayerInformation() const
 {
-    ByteBuffer extra;
-    kpAppendValue(extra, 0, 4); // no mask
-    kpAppendValue(extra, 0, 4); // no blending ranges
-    writeNameOn(extra, 4);
+    ByteBuffer extra = startOfExtraLayerInformation();
     appendSignedKey(extra, "lsct");
     kpAppendValue(extra, 12, 4);
     kpAppendValue(extra, isOpened() ? kOpenFolder : kClosedFolder, 4);

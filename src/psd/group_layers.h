@@ -8,8 +8,8 @@
 
 namespace wallgrid {
 
-/// The two markers between which the layers of a group lie, the opening one below them (Adobe, "Photoshop File Formats", section
-/// divider setting). Markers have no pixels and are always written.
+/// The two markers between which the layers of a group lie, the opening one below them (Adobe, "Photoshop File
+/// Formats", section divider setting). Markers have no pixels and are always written.
 class KPPSDGroupLayer : public KPPSDLayer {
 public:
     /// Whether the group is shown expanded.

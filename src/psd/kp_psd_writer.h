@@ -24,8 +24,9 @@ struct KPPSDResolution {
     bool operator==(const KPPSDResolution&) const = default;
 };
 
-/// A document that becomes one PSD file: version 1, RGB, 8 bits a channel (Adobe, "Photoshop File Formats"). Layers are stacked with the bottom one first; while they are added, the writer composes the merged
-/// image that goes into the file beside them.
+/// A document that becomes one PSD file: version 1, RGB, 8 bits a channel (Adobe, "Photoshop File Formats"). Layers are
+/// stacked with the bottom one first; while they are added, the writer composes the merged image that goes into the
+/// file beside them.
 ///
 ///     const auto writer = KPPSDWriter::initWithDocumentSize({1920, 1080});
 ///     writer->addLayerWithCGImage(picture, makeString(u"Wall"), 1, {100, 50});

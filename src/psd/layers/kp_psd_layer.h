@@ -136,6 +136,8 @@ public:
     std::string description() const;
 
 protected:
+    /// What all record tails begin with: no mask, no blending ranges, the name.
+    ByteBuffer startOfExtraLayerInformation() const;
     /// The name that goes into the record.
     virtual const std::u16string& writtenName() const { return textOf(m_name); }
 

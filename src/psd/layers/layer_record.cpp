@@ -68,12 +68,18 @@ void KPPSDLayer::fillInChannelLengths(ByteBuffer& buffer, std::size_t record, co
     }
 }
 
-ByteBuffer KPPSDLayer::extraLayerInformation() const
+ByteBuffer KPPSDLayer::startOfExtraLayerInformation() const
 {
     ByteBuffer extra;
     kpAppendValue(extra, 0, 4); // no mask
     kpAppendValue(extra, 0, 4); // no blending ranges
     writeNameOn(extra, 4);
+    return extra;
+}
+
+ByteBuffer KPPSDLayer::extraLayerInformation() const
+{
+    ByteBuffer extra = startOfExtraLayerInformation();
     writeEffectsLayerOn(extra);
     writeUnicodeNameOn(extra);
     return extra;
