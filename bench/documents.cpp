@@ -4,11 +4,14 @@
 #include "items/gx_screen.h"
 #include "items/gx_still.h"
 
+#include <array>
 #include <random>
 
 namespace wallgrid::bench {
 
 namespace {
+
+const std::array<ColorRef, 2> kGrounds{Color::deviceRGB(0.1, 0.1, 0.12), Color::deviceRGB(0.1, 0.1, 0.13)};
 
 /// Not std::uniform_int_distribution, whose numbers differ between libraries.
 class Random {
@@ -92,7 +95,7 @@ Document::Document(std::int32_t width, std::int32_t height, int screens)
     }
     m_delegate.setOutputWidth(width);
     m_delegate.setOutputHeight(height);
-    m_delegate.setBgColor(Color::deviceRGB(0.1, 0.1, 0.12));
+    m_delegate.setBgColor(kGrounds[0]);
     m_delegate.setEdgeColor(Color::deviceRGB(1, 1, 0));
     m_delegate.setAllScreensArray(std::move(items));
 }
@@ -101,6 +104,11 @@ void Document::compose()
 {
     m_delegate.setShouldUpdate(true);
     m_delegate.update();
+}
+
+void Document::changeGround()
+{
+    m_delegate.setBgColor(kGrounds[m_delegate.bgColor() == kGrounds[0] ? 1 : 0]);
 }
 
 std::shared_ptr<KPPSDWriter> Document::psdWriter() const

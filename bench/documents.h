@@ -19,8 +19,10 @@ public:
     Document(std::int32_t width, std::int32_t height, int screens);
 
     GXAppDelegate& delegate() { return m_delegate; }
-    /// Composes the raster anew, as after an edit. No item is drawn again.
+    /// Composes what changed since the last time. No item is drawn again.
     void compose();
+    /// Gives the raster another ground than the last time, so that all of it is composed anew.
+    void changeGround();
     /// A writer with one layer for each item, the lowest first, and so with the merged image of them.
     std::shared_ptr<KPPSDWriter> psdWriter() const;
 

@@ -1,18 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "app/gx_app_delegate.h"
-#include "platform/graphics_context.h"
 
 namespace wallgrid {
 
 namespace {
 
 constexpr double kThrottleSeconds = 0.1;
-
-/// Without a colour the one in force stays, which is opaque.
-bool isOpaque(const ColorRef& color)
-{
-    return !color || color->pixel().a == 255;
-}
 
 /// In the raster's coordinates, y upwards; 32-bit like every position of an item.
 PixelPoint lowerLeftCorner(const GXItem& item, std::int32_t outputHeight)
@@ -53,32 +46,22 @@ void GXAppDelegate::openPvw()
 
 void GXAppDelegate::compose()
 {
-    // The old raster goes first, so that a large one need not fit into memory twice and its pages serve again.
-    m_offscreenRep = nullptr;
-    show(nullptr);
-    m_offscreenRep = Bitmap::create(m_OutputWidth, m_OutputHeight, Bitmap::Contents::Undefined);
-    if (!m_offscreenRep)
-        return;
-    GraphicsContext context(m_offscreenRep);
-    const PixelRect raster{0, 0, m_OutputWidth, m_OutputHeight};
-    context.setColor(m_bgColor);
-    context.fillRect(raster);
-    context.setColor(m_edgeColor);
-    context.frameRect(raster, 1);
-
-    // Items never change the raster's alpha, so over an opaque ground "atop" stays "over", which need not read it.
-    const auto operation = isOpaque(m_bgColor) && isOpaque(m_edgeColor) ? CompositingOperation::SourceOver
-                                                                        : CompositingOperation::SourceAtop;
+    RasterScene scene{m_OutputWidth, m_OutputHeight, m_bgColor, m_edgeColor, {}};
     // Last to first, so that the first row ends up on top.
     const ItemArray& items = m_arraycontroller.arrangedObjects();
     for (auto item = items.rbegin(); item != items.rend(); ++item) {
-        const ImageRef thumbnail = (*item)->thumbnail();
-        if (!(*item)->visible() || !thumbnail)
-            continue;
-        context.drawImage(*thumbnail, lowerLeftCorner(**item, m_OutputHeight),
-                          {0, 0, (*item)->screenSizeWidth(), (*item)->screenSizeHeight()}, operation);
+        const PixelPoint corner = lowerLeftCorner(**item, m_OutputHeight);
+        if (ImageRef thumbnail = (*item)->thumbnail(); thumbnail && (*item)->visible())
+            scene.pictures.push_back(
+                {std::move(thumbnail), {corner.x, corner.y, (*item)->screenSizeWidth(), (*item)->screenSizeHeight()}});
     }
 
+    // Nobody holds the raster of the last pass while it is composed anew, so that it serves again.
+    m_offscreenRep = nullptr;
+    show(nullptr);
+    m_offscreenRep = m_rasterComposer.compose(scene);
+    if (!m_offscreenRep)
+        return;
     auto image = std::make_shared<Image>(Size{static_cast<double>(m_OutputWidth), static_cast<double>(m_OutputHeight)});
     image->addRepresentation(m_offscreenRep);
     show(std::move(image));

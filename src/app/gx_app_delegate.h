@@ -2,6 +2,7 @@
 #pragma once
 
 #include "app/project_file.h"
+#include "app/raster_composer.h"
 #include "items/gx_item.h"
 #include "platform/array_controller.h"
 #include "platform/bitmap.h"
@@ -220,6 +221,7 @@ private:
     std::shared_ptr<Sheet> m_aboutWindow;
     std::shared_ptr<WindowController> m_outputPreview;
 
+    RasterComposer m_rasterComposer;
     BitmapRef m_offscreenRep;
     ImageRef m_img;
     ImageView* m_pvwImageWell = nullptr; // owned by the output window

@@ -47,5 +47,7 @@ struct PixelRect {
 
 /// The common part of two rectangles; empty (width or height 0 or less) when they do not meet.
 PixelRect intersection(const PixelRect& a, const PixelRect& b);
+/// The smallest rectangle that holds both, none of them empty.
+PixelRect united(const PixelRect& a, const PixelRect& b);
 
 } // namespace wallgrid

@@ -26,6 +26,7 @@ constexpr std::int64_t kLeastStreamedRow = 1024;
 
 GraphicsContext::GraphicsContext(BitmapRef bitmap)
     : m_bitmap(std::move(bitmap))
+    , m_clip(bounds())
 {
 }
 
@@ -49,7 +50,7 @@ void GraphicsContext::setColor(const ColorRef& color)
 
 void GraphicsContext::fill(const PixelRect& rect, Pixel color)
 {
-    const PixelRect part = intersection(rect, bounds());
+    const PixelRect part = intersection(rect, m_clip);
     if (part.empty())
         return;
     if (part.width == bounds().width) {
@@ -117,20 +118,22 @@ void GraphicsContext::tile(std::int64_t blockWidth, std::int64_t blockHeight, st
 
 void GraphicsContext::strokeCircle(const PixelRect& square, std::int64_t lineWidth)
 {
-    if (square.width <= 0)
+    if (square.width <= 0 || m_clip.empty())
         return;
     const double radius = static_cast<double>(square.width) / 2;
     const double halfLine = static_cast<double>(std::max<std::int64_t>(lineWidth, 1)) / 2;
     const Ring ring{static_cast<double>(square.x) + radius, static_cast<double>(square.y) + radius, radius + halfLine,
                     radius - halfLine};
-    const auto height = static_cast<double>(bounds().height);
-    const auto top = static_cast<std::int64_t>(std::ceil(std::clamp(ring.centerY + ring.outerRadius, 0.0, height)));
-    const auto bottom = static_cast<std::int64_t>(std::clamp(ring.centerY - ring.outerRadius, 0.0, height));
+    const auto clamped = [&](double y) {
+        return std::clamp(y, static_cast<double>(m_clip.y), static_cast<double>(m_clip.top()));
+    };
+    const auto top = static_cast<std::int64_t>(std::ceil(clamped(ring.centerY + ring.outerRadius)));
+    const auto bottom = static_cast<std::int64_t>(clamped(ring.centerY - ring.outerRadius));
     for (std::int64_t y = bottom; y < top; ++y) {
         const RingRow row(ring, y);
         Pixel* const pixels = at(0, y);
-        const std::int64_t end = std::min(row.touched().end, bounds().width);
-        for (std::int64_t x = std::max<std::int64_t>(row.touched().begin, 0); x < end;) {
+        const std::int64_t end = std::min(row.touched().end, m_clip.right());
+        for (std::int64_t x = std::max(row.touched().begin, m_clip.x); x < end;) {
             const bool left = row.solidLeft().contains(x);
             if (row.hole().contains(x)) {
                 x = row.hole().end;
@@ -160,7 +163,7 @@ void GraphicsContext::drawText(std::string_view text, PixelPoint point, double f
     PixelRect ink = line->inkBounds();
     ink.x += point.x;
     ink.y += point.y;
-    const PixelRect part = intersection(ink, bounds());
+    const PixelRect part = intersection(ink, m_clip);
     if (part.empty())
         return;
 
@@ -191,18 +194,21 @@ void GraphicsContext::drawImage(const Image& image, PixelPoint point, const Pixe
     const std::int64_t dx = point.x - source.x;
     const std::int64_t dy = point.y - source.y;
     const PixelRect shown = intersection(source, image.extent());
-    const PixelRect part = intersection({shown.x + dx, shown.y + dy, shown.width, shown.height}, bounds());
+    const PixelRect onBitmap = intersection({shown.x + dx, shown.y + dy, shown.width, shown.height}, bounds());
+    const PixelRect part = intersection(onBitmap, m_clip);
     if (shown.empty() || part.empty())
         return;
-    PixelRect from{part.x - dx, part.y - dy, part.width, part.height};
+    PixelPoint from{part.x - dx, part.y - dy};
     BitmapRef raster = image.unscaled();
     if (!raster) {
-        raster = image.scaledPart(from);
-        from = {0, 0, from.width, from.height};
+        // All that the bitmap can show, whatever the clip: the image keeps it for the next piece.
+        raster = image.scaledPart({onBitmap.x - dx, onBitmap.y - dy, onBitmap.width, onBitmap.height});
+        from = {part.x - onBitmap.x, part.y - onBitmap.y};
     }
     if (!raster)
         return;
-    const auto blend = operation == CompositingOperation::SourceOver ? blendOver : blendAtop;
+    const bool replaces = operation == CompositingOperation::SourceOver && alpha == 255 && image.isOpaque();
+    const auto blend = replaces ? copyPixels : operation == CompositingOperation::SourceOver ? blendOver : blendAtop;
     const auto width = static_cast<std::size_t>(part.width);
     std::vector<Pixel> faded(alpha == 255 ? 0 : width);
     for (std::int64_t y = 0; y < part.height; ++y) {

@@ -25,6 +25,9 @@ class GraphicsContext {
 public:
     explicit GraphicsContext(BitmapRef bitmap);
 
+    /// Draws inside this rectangle only from now on: the same pixels there as without it. Tiling goes past it.
+    void clipToRect(const PixelRect& rect) { m_clip = intersection(m_clip, rect); }
+
     /// Makes the colour current for fills, frames and strokes. An empty colour leaves the one in force, which is
     /// opaque black in a fresh context.
     void setColor(const ColorRef& color);
@@ -55,12 +58,14 @@ public:
                    std::uint8_t alpha = 255);
 
 private:
+    /// All of the bitmap.
     PixelRect bounds() const;
     /// The pixel in drawing coordinates; it must lie in the bounds.
     Pixel* at(std::int64_t x, std::int64_t y);
     void fill(const PixelRect& rect, Pixel color);
 
     BitmapRef m_bitmap;
+    PixelRect m_clip; // inside the bounds
     Pixel m_color{255, 0, 0, 0};
 };
 

@@ -17,6 +17,19 @@ double drawn(double points)
     return points > 0 ? std::min(points, 0x1p40) : 0;
 }
 
+bool opaque(const Bitmap& bitmap)
+{
+    for (int y = 0; y < bitmap.height(); ++y) {
+        // Without a branch, so that the compiler looks at many pixels at a time.
+        std::uint8_t alphas = 255;
+        for (const Pixel pixel : bitmap.row(y))
+            alphas &= pixel.a;
+        if (alphas != 255)
+            return false;
+    }
+    return true;
+}
+
 } // namespace
 
 void Image::addRepresentation(BitmapRef bitmap)
@@ -28,6 +41,15 @@ void Image::addRepresentation(BitmapRef bitmap)
 BitmapRef Image::firstRepresentation() const
 {
     return m_representations.empty() ? nullptr : m_representations.front();
+}
+
+bool Image::isOpaque() const
+{
+    if (!m_isOpaque) {
+        const BitmapRef raster = firstRepresentation();
+        m_isOpaque = raster && opaque(std::as_const(*raster));
+    }
+    return *m_isOpaque;
 }
 
 PixelRect Image::extent() const

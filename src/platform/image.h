@@ -5,6 +5,7 @@
 #include "platform/geometry.h"
 
 #include <memory>
+#include <optional>
 #include <vector>
 
 namespace wallgrid {
@@ -30,6 +31,8 @@ public:
     const std::vector<BitmapRef>& representations() const { return m_representations; }
     /// Empty when there is none.
     BitmapRef firstRepresentation() const;
+    /// Whether the first representation hides all that lies below it. Looked up in its pixels once.
+    bool isOpaque() const;
 
     /// The pixels that the image covers when a point is a pixel, from the origin; one that it covers in part counts.
     PixelRect extent() const;
@@ -50,6 +53,7 @@ private:
     Size m_size;
     std::vector<BitmapRef> m_representations;
     mutable Scaled m_scaled;
+    mutable std::optional<bool> m_isOpaque;
 };
 
 } // namespace wallgrid

@@ -91,6 +91,32 @@ TEST(GraphicsContext, ClipsFillsWhereverTheyLie)
         EXPECT_TRUE(samePicture(filled(rect), untouched)) << rect.x << ", " << rect.y;
 }
 
+TEST(GraphicsContext, DrawsTheSamePixelsInsideAClip)
+{
+    const auto image = std::make_shared<Image>(Size{9.5, 12});
+    image->addRepresentation(test::randomPicture(7, 9, 1));
+    const auto draw = [&](GraphicsContext& context) {
+        context.setColor(red);
+        context.fillRect({-3, 2, 20, 8});
+        context.setColor(Color::deviceRGB(0, 0, 1, 0.5));
+        context.frameRect({0, 0, 17, 13}, 2);
+        context.strokeCircle({1, 0, 14, 14}, 3);
+        context.drawImage(*image, {2, 3}, {1, 0, 8, 12}, CompositingOperation::SourceOver, 200);
+    };
+    const BitmapRef whole = Bitmap::create(17, 13), pieces = Bitmap::create(17, 13);
+    GraphicsContext unclipped(whole);
+    draw(unclipped);
+    for (int y = -2; y < 13; y += 5) {
+        for (int x = -1; x < 17; x += 4) {
+            GraphicsContext context(pieces);
+            context.clipToRect({x, -9, 4, 99});
+            context.clipToRect({-9, y, 99, 5});
+            draw(context);
+        }
+    }
+    EXPECT_TRUE(samePicture(pieces, whole));
+}
+
 TEST(GraphicsContext, FillsAndClearsByReplacing)
 {
     const BitmapRef bitmap = onWhite([](GraphicsContext& context) {
