@@ -50,6 +50,8 @@ Recovery::~Recovery()
     finish();
     if (m_copy)
         m_copy->remove();
+    if (!m_abandoned.empty())
+        m_abandoned.front()->setAside(); // no answer is one, too
 }
 
 std::optional<QDateTime> Recovery::offer() const

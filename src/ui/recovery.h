@@ -15,7 +15,9 @@ namespace wallgrid {
 
 /// Keeps a copy of the project for the case that the program does not end properly, and offers the copies of earlier
 /// runs to which that has happened. There is a copy while the project holds changes since the start, the last opening
-/// or the last saving; it is written in the background and goes with this object. The user's own files are only read.
+/// or the last saving; it is written in the background and goes with this object. A copy is offered once: one that
+/// nobody has answered by then is set aside, and the ones after it are the next run's to offer. The user's own files
+/// are only read.
 class Recovery final : public QObject {
     Q_OBJECT
 

@@ -12,6 +12,12 @@
 
 namespace wallgrid {
 
+namespace {
+
+constexpr auto kAsideSuffix = "mpr";
+
+} // namespace
+
 RecoveryCopy::RecoveryCopy(const QString& place)
     : m_place(place)
     , m_lock(place + ".lock")
@@ -38,7 +44,10 @@ std::vector<std::unique_ptr<RecoveryCopy>> RecoveryCopy::abandoned(const QString
 {
     QSet<QString> places;
     for (const QFileInfo& entry : QDir(folder).entryInfoList(QDir::Files | QDir::Dirs | QDir::NoDotAndDotDot)) {
-        if (entry.isDir() || entry.suffix() == "lock")
+        if (entry.suffix() == kAsideSuffix) {
+            if (entry.metadataChangeTime().daysTo(QDateTime::currentDateTime()) > kDaysAside)
+                QFile::remove(entry.filePath());
+        } else if (entry.isDir() || entry.suffix() == "lock")
             places.insert(entry.dir().filePath(entry.completeBaseName()));
     }
     std::vector<std::unique_ptr<RecoveryCopy>> copies;
@@ -64,6 +73,12 @@ bool RecoveryCopy::take(const RecoveryCopy& other)
 void RecoveryCopy::remove()
 {
     QDir(m_place).removeRecursively();
+}
+
+void RecoveryCopy::setAside()
+{
+    if (QFile::rename(file(), m_place + u'.' + kAsideSuffix))
+        remove();
 }
 
 } // namespace wallgrid
