@@ -5,6 +5,7 @@
 #include <QDragMoveEvent>
 #include <QMimeData>
 #include <QPainter>
+#include <QUuid>
 #include <algorithm>
 
 namespace wallgrid {
@@ -15,9 +16,19 @@ constexpr int kDropLine = 2;
 /// The picture hangs beside the pointer, where it does not hide the gap that is marked.
 constexpr QPoint kDragPictureHotSpot(-12, -6);
 
+/// Rows of another running Wallgrid say nothing about the lists of this one, so each run marks its drags as its own.
+constexpr auto kRunType = "application/x-wallgrid-run";
+
+QByteArray thisRun()
+{
+    static const QByteArray run = QUuid::createUuid().toByteArray();
+    return run;
+}
+
 QMimeData* mimeDataOf(const Pasteboard& pasteboard)
 {
     auto* data = new QMimeData;
+    data->setData(kRunType, thisRun());
     for (const auto& [type, bytes] : pasteboard.contents()) {
         data->setData(QString::fromStdString(type),
                       QByteArray(reinterpret_cast<const char*>(bytes.data()), static_cast<qsizetype>(bytes.size())));
@@ -38,6 +49,8 @@ void ItemTable::registerForDraggedType(std::string_view type)
 Pasteboard ItemTable::pasteboardOf(const QMimeData& mimeData) const
 {
     Pasteboard pasteboard;
+    if (mimeData.data(kRunType) != thisRun())
+        return pasteboard;
     for (const QString& type : m_draggedTypes) {
         if (!mimeData.hasFormat(type))
             continue;

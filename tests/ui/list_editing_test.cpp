@@ -4,6 +4,7 @@
 #include "program_under_test.h"
 
 #include <QDialog>
+#include <QDrag>
 #include <QDragMoveEvent>
 #include <QMimeData>
 #include <QPushButton>
@@ -14,17 +15,6 @@ namespace {
 
 const std::string kRefusal = "List Cannot be empty, Function was cancelled|";
 const QString kRowType = "BasicTableViewDragAndDropDataType";
-
-/// What a drag of rows carries.
-struct RowData : QMimeData {
-    explicit RowData(const std::set<std::size_t>& rows)
-    {
-        Pasteboard pasteboard;
-        writeDraggedRows(rows, pasteboard);
-        const Bytes& bytes = *pasteboard.dataForType(kRowDragType);
-        setData(kRowType, {reinterpret_cast<const char*>(bytes.data()), static_cast<qsizetype>(bytes.size())});
-    }
-};
 
 /// The launched program with the layers C, B, A (from the top) and the presets GRID, LINES, CROSS, CIRCLE.
 struct Lists : ProgramUnderTest {
@@ -78,9 +68,8 @@ struct Lists : ProgramUnderTest {
         return nullptr;
     }
 
-    /// Begins a drag with the mouse, which the offscreen platform ends at once, and goes on with events of its own.
-    /// Looks at the target before letting go. Rows past the last are the room below all.
-    QImage drag(ItemTable& from, int row, ItemTable& to, int toRow, int fromMiddle)
+    /// Begins a drag with the mouse, which the offscreen platform ends at once, and gives what it carries.
+    const QMimeData& pick(ItemTable& from, int row)
     {
         const QPoint start = from.visualRect(from.model()->index(row, 1)).center();
         QTest::mousePress(from.viewport(), Qt::LeftButton, {}, start);
@@ -88,7 +77,14 @@ struct Lists : ProgramUnderTest {
             QTest::mouseMove(from.viewport(), start + QPoint(0, distance));
         QTest::mouseRelease(from.viewport(), Qt::LeftButton, {}, start);
 
-        const RowData data({static_cast<std::size_t>(row)});
+        return *from.findChildren<QDrag*>().constLast()->mimeData();
+    }
+
+    /// Drags a row with events of its own. Looks at the target before letting go. Rows past the last are the room below
+    /// all.
+    QImage drag(ItemTable& from, int row, ItemTable& to, int toRow, int fromMiddle)
+    {
+        const QMimeData& data = pick(from, row);
         const QPoint end = toRow < to.model()->rowCount()
                                ? to.visualRect(to.model()->index(toRow, 1)).center() + QPoint(0, fromMiddle)
                                : QPoint(5, to.viewport()->height() - 4);
@@ -170,10 +166,20 @@ private slots:
         QMimeData text;
         text.setText("wall");
         QVERIFY(!drop(text));
-        QMimeData damaged;
-        damaged.setData(kRowType, "bplist00");
-        QVERIFY(drop(damaged));
-        QVERIFY(drop(RowData({40})));
+        const QMimeData& rows = program.pick(program.table(), 2);
+        QMimeData foreign; // of another program, or another run of this one
+        foreign.setData(kRowType, rows.data(kRowType));
+        QVERIFY(!drop(foreign));
+        QMimeData strange;
+        for (const QString& format : rows.formats())
+            strange.setData(format, rows.data(format));
+        strange.setData(kRowType, "bplist00");
+        QVERIFY(drop(strange));
+        Pasteboard pasteboard;
+        writeDraggedRows({40}, pasteboard);
+        const Bytes& bytes = *pasteboard.dataForType(kRowDragType);
+        strange.setData(kRowType, {reinterpret_cast<const char*>(bytes.data()), static_cast<qsizetype>(bytes.size())});
+        QVERIFY(drop(strange));
         QCOMPARE(program.layers(), QString("C B A"));
         QVERIFY(!program.window().isHidden());
     }
