@@ -207,8 +207,7 @@ bool PreviewSurface::nudge(int key, Qt::KeyboardModifiers modifiers)
         step = {moved.front()->panelWidth(), moved.front()->panelHeight()};
     else if (modifiers.testFlag(Qt::ShiftModifier))
         step = {10, 10};
-    if (!std::exchange(m_nudging, true))
-        emit beginInteraction();
+    m_nudging = true;
     moveItems(moved, std::int64_t{x} * step.width(), std::int64_t{y} * step.height());
     update();
     return true;
@@ -216,10 +215,8 @@ bool PreviewSurface::nudge(int key, Qt::KeyboardModifiers modifiers)
 
 void PreviewSurface::endNudge()
 {
-    if (!std::exchange(m_nudging, false))
-        return;
-    update();
-    emit endInteraction();
+    if (std::exchange(m_nudging, false))
+        update();
 }
 
 void PreviewSurface::keyReleaseEvent(QKeyEvent* event)

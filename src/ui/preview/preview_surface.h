@@ -20,7 +20,8 @@ public:
     explicit PreviewSurface(GXAppDelegate& delegate, QWidget* parent = nullptr);
 
 signals:
-    /// What is changed between the two is one change to the user: a drag, or an arrow key held down. They never nest.
+    /// What is changed between the two is one change to the user: a drag. They never nest. Nudges are changes of their
+    /// own, which a history may join.
     void beginInteraction();
     void endInteraction();
 
