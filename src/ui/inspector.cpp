@@ -185,7 +185,8 @@ void Inspector::refresh()
 void Inspector::bind(const ItemRef& item)
 {
     m_item = item;
-    m_withheld = nullptr;
+    for (const Number& number : m_numbers)
+        number.field->setWithheld(false);
     m_observation = {};
     if (m_item)
         m_observation = m_item->observe([this](std::string_view) { m_refresh.schedule(); });
@@ -226,26 +227,20 @@ void Inspector::showNumbers()
         number.field->setAccessibleName(shownText(caption.text));
         number.caption->setHidden(caption.hidden);
         number.field->setHidden(caption.hidden);
-        if (number.field != m_withheld)
-            number.field->showValue(m_item ? ((*m_item).*kNumbers[i].get)() : 0);
+        number.field->showValue(m_item ? ((*m_item).*kNumbers[i].get)() : 0);
     }
 }
 
 void Inspector::applyNumber(std::size_t index, bool settled)
 {
-    const NumberField* field = m_numbers[index].field;
+    NumberField* field = m_numbers[index].field;
     const int value = field->value();
-    if (!m_item || ((*m_item).*kNumbers[index].get)() == value) {
-        m_withheld = nullptr;
-        return;
-    }
-    const bool sizing = index < 4 && isScreen(*m_item);
-    if (!settled && sizing && pixelsWith(*m_item, index, value) > kLargestWhileTyping) {
-        m_withheld = field;
-        return;
-    }
-    m_withheld = nullptr;
-    ((*m_item).*kNumbers[index].set)(value);
+    const bool changed = m_item && ((*m_item).*kNumbers[index].get)() != value;
+    const bool sizing = changed && index < 4 && isScreen(*m_item);
+    const bool withheld = !settled && sizing && pixelsWith(*m_item, index, value) > kLargestWhileTyping;
+    field->setWithheld(withheld);
+    if (changed && !withheld)
+        ((*m_item).*kNumbers[index].set)(value);
 }
 
 void Inspector::align(Anchor anchor)

@@ -54,7 +54,6 @@ private:
     QLabel* m_fileCaption = nullptr;
     QLineEdit* m_file = nullptr;
     std::array<Number, GXItem::kCaptionCount> m_numbers;
-    const NumberField* m_withheld = nullptr; // holds a number that is not applied before it is typed to the end
     AlignButtons* m_align = nullptr;
     QWidget* m_drawingHeading = nullptr;
     DrawingControls* m_drawing = nullptr;

@@ -20,12 +20,16 @@ NumberField::NumberField(int minimum, int maximum, QWidget* parent)
     , m_maximum(maximum)
 {
     setRange(minimum, maximum);
+    m_shown = value();
     setFocusPolicy(Qt::StrongFocus);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
 }
 
 void NumberField::showValue(int value)
 {
+    m_shown = value;
+    if (m_withheld)
+        return;
     const QSignalBlocker blocker(this);
     const int low = std::min(m_minimum, value);
     const int high = std::max(m_maximum, value);
@@ -33,6 +37,17 @@ void NumberField::showValue(int value)
         setRange(low, high);
     if (this->value() != value)
         setValue(value);
+}
+
+bool NumberField::dropTyped()
+{
+    if (!m_withheld && cleanText() == textFromValue(value()))
+        return false;
+    m_withheld = false;
+    showValue(m_shown);
+    const QSignalBlocker blocker(this);
+    setValue(m_shown); // also puts the text right when it was no number
+    return true;
 }
 
 QSize NumberField::sizeHint() const

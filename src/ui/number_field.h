@@ -13,8 +13,12 @@ class NumberField final : public QSpinBox {
 public:
     NumberField(int minimum, int maximum, QWidget* parent = nullptr);
 
-    /// Shows a number and tells nobody. The text stays as it is being typed while it means that number.
+    /// Shows a number and tells nobody. The text stays as it is being typed while it means that number, or is withheld.
     void showValue(int value);
+    /// What is typed means a number that does not count yet.
+    void setWithheld(bool withheld) { m_withheld = withheld; }
+    /// Goes back to the number shown last when what is typed does not count yet, and says whether it was so.
+    bool dropTyped();
 
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override { return sizeHint(); }
@@ -26,6 +30,8 @@ protected:
 private:
     const int m_minimum;
     const int m_maximum;
+    int m_shown;
+    bool m_withheld = false;
 };
 
 } // namespace wallgrid

@@ -2,6 +2,7 @@
 #include "ui/undo_actions.h"
 
 #include "ui/change_name.h"
+#include "ui/number_field.h"
 
 #include <QAction>
 #include <QCoreApplication>
@@ -51,7 +52,9 @@ bool UndoActions::eventFilter(QObject* watched, QEvent* event)
         const bool ours = key->matches(QKeySequence::Undo) || key->matches(QKeySequence::Redo);
         const auto* widget = qobject_cast<QWidget*>(watched);
         if (ours && widget && m_liveFields.isAncestorOf(widget)) {
-            event->ignore(); // or the field would take its own text back
+            // What is typed and does not count yet goes first. Otherwise the field must not take its own text back.
+            auto* number = qobject_cast<NumberField*>(watched);
+            event->setAccepted(key->matches(QKeySequence::Undo) && number && number->dropTyped());
             return true;
         }
         break;

@@ -117,6 +117,46 @@ private slots:
         QCOMPARE(width->text(), "1920 px");
     }
 
+    void numberThatDoesNotCountYetIsDroppedFirst_data()
+    {
+        QTest::addColumn<QString>("field");
+        QTest::addColumn<QString>("typed");
+        QTest::addColumn<QString>("text");
+        QTest::newRow("counts when typed to the end") << "Output width"
+                                                      << "64"
+                                                      << "1920 px";
+        QTest::newRow("too large to draw on the way") << "COLS"
+                                                      << "9999"
+                                                      << "9";
+        QTest::newRow("no number") << "COLS"
+                                   << ""
+                                   << "4";
+    }
+
+    void numberThatDoesNotCountYetIsDroppedFirst()
+    {
+        QFETCH(QString, field);
+        QFETCH(QString, typed);
+        QFETCH(QString, text);
+        Steps program;
+        program.activate();
+        program.item().setRow(300);
+        program.settle();
+        auto* number = program.find<QAbstractSpinBox>(field);
+        program.type(*number, "");
+        QTest::keyClick(number, Qt::Key_Backspace);
+        QTest::keyClicks(number, typed);
+        program.settle();
+        QVERIFY(number->text() != text);
+        const QString menu = program.menu();
+        program.undo();
+        program.settle();
+        QCOMPARE(number->text(), text);
+        QCOMPARE(program.menu(), menu);
+        program.undo(); // now the step before
+        QVERIFY(program.menu() != menu);
+    }
+
     void nameThatIsBeingEditedInAListIsTakenBackThere()
     {
         Steps program;
