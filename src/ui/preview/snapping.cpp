@@ -23,43 +23,63 @@ Span spanOf(const Box& box, Qt::Orientation edges)
     return {{box.top, box.bottom}, box.left, box.right};
 }
 
-std::int64_t nearestEdge(const Box& moving, const std::vector<Box>& targets, std::int64_t tolerance,
-                         Qt::Orientation edges)
+/// Twice as far as the middle of one span is from the other's.
+std::int64_t twiceBetweenMiddles(const Span& from, const Span& to)
+{
+    return to.edges[0] + to.edges[1] - from.edges[0] - from.edges[1];
+}
+
+std::int64_t nearestPlace(const Box& moving, const std::vector<Box>& targets, std::int64_t tolerance,
+                          Qt::Orientation edges)
 {
     std::int64_t nearest = 0;
     bool found = false;
+    const auto consider = [&](std::int64_t distance) {
+        if (std::abs(distance) > tolerance)
+            return;
+        if (!found || std::abs(distance) < std::abs(nearest) || distance == -std::abs(nearest))
+            nearest = distance;
+        found = true;
+    };
+    const Span own = spanOf(moving, edges);
     for (const Box& target : targets) {
-        for (const std::int64_t to : spanOf(target, edges).edges) {
-            for (const std::int64_t from : spanOf(moving, edges).edges) {
-                const std::int64_t distance = to - from;
-                if (std::abs(distance) > tolerance)
-                    continue;
-                if (!found || std::abs(distance) < std::abs(nearest) || distance == -std::abs(nearest))
-                    nearest = distance;
-                found = true;
-            }
+        const Span other = spanOf(target, edges);
+        for (const std::int64_t to : other.edges) {
+            for (const std::int64_t from : own.edges)
+                consider(to - from);
         }
+        consider(twiceBetweenMiddles(own, other) / 2);
     }
     return nearest;
+}
+
+/// A guide from end to end of all the targets that meet there; none when none does.
+template <class Meets>
+void addGuide(std::vector<Guide>& guides, Guide guide, const std::vector<Box>& targets, Meets meets)
+{
+    bool any = false;
+    for (const Box& target : targets) {
+        const Span other = spanOf(target, guide.orientation);
+        if (!meets(other))
+            continue;
+        guide.from = std::min(guide.from, other.from);
+        guide.to = std::max(guide.to, other.to);
+        any = true;
+    }
+    if (any)
+        guides.push_back(guide);
 }
 
 void addGuides(std::vector<Guide>& guides, const Box& moving, const std::vector<Box>& targets, Qt::Orientation edges)
 {
     const Span own = spanOf(moving, edges);
     for (const std::int64_t at : own.edges) {
-        Guide guide{edges, at, own.from, own.to};
-        bool meets = false;
-        for (const Box& target : targets) {
-            const Span other = spanOf(target, edges);
-            if (other.edges[0] != at && other.edges[1] != at)
-                continue;
-            guide.from = std::min(guide.from, other.from);
-            guide.to = std::max(guide.to, other.to);
-            meets = true;
-        }
-        if (meets)
-            guides.push_back(guide);
+        addGuide(guides, {edges, at, own.from, own.to}, targets,
+                 [at](const Span& other) { return other.edges[0] == at || other.edges[1] == at; });
     }
+    // An odd length has its middle within a pixel, so half a pixel is as good as none.
+    addGuide(guides, {edges, (own.edges[0] + own.edges[1]) / 2, own.from, own.to}, targets,
+             [&own](const Span& other) { return std::abs(twiceBetweenMiddles(own, other)) <= 1; });
 }
 
 } // namespace
@@ -67,8 +87,8 @@ void addGuides(std::vector<Guide>& guides, const Box& moving, const std::vector<
 Snap snapped(const Box& moving, const std::vector<Box>& targets, std::int64_t tolerance)
 {
     Snap snap;
-    snap.x = nearestEdge(moving, targets, tolerance, Qt::Vertical);
-    snap.y = nearestEdge(moving, targets, tolerance, Qt::Horizontal);
+    snap.x = nearestPlace(moving, targets, tolerance, Qt::Vertical);
+    snap.y = nearestPlace(moving, targets, tolerance, Qt::Horizontal);
     const Box there = moving.movedBy(snap.x, snap.y);
     addGuides(snap.guides, there, targets, Qt::Vertical);
     addGuides(snap.guides, there, targets, Qt::Horizontal);

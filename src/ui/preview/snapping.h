@@ -9,7 +9,7 @@
 
 namespace wallgrid {
 
-/// A line along an edge that something has snapped to, from one end to the other of both.
+/// A line along an edge, or a middle, that something has snapped to, from one end to the other of both.
 struct Guide {
     Qt::Orientation orientation;
     std::int64_t at;   ///< the column of an upright line, the row of a level one
@@ -25,9 +25,9 @@ struct Snap {
     bool operator==(const Snap&) const = default;
 };
 
-/// How far a box has to move so that edges of it meet edges of the targets that are no further away than the
-/// tolerance. Each axis goes to its nearest edge, of two equally near ones to the one that is left or above. The
-/// guides are those of all the edges that meet then.
+/// How far a box has to move so that edges of it meet edges of the targets, or its middle the middle of one, that are
+/// no further away than the tolerance. Each axis goes to the nearest, of two equally near ones to the one that is left
+/// or above. The guides are those of everything that meets then.
 Snap snapped(const Box& moving, const std::vector<Box>& targets, std::int64_t tolerance);
 
 } // namespace wallgrid
