@@ -27,17 +27,25 @@ struct NumberProperty {
     int minimum;
     int maximum;
     bool pixels;
+    const char* toolTip;
 };
 
 constexpr std::array<NumberProperty, GXItem::kCaptionCount> kNumbers{{
-    {&GXItem::panelWidth, &GXItem::setPanelWidth, 0, 100'000, true},
-    {&GXItem::panelHeight, &GXItem::setPanelHeight, 0, 100'000, true},
-    {&GXItem::col, &GXItem::setCol, 0, 10'000, false},
-    {&GXItem::row, &GXItem::setRow, 0, 10'000, false},
-    {&GXItem::xpoint, &GXItem::setXpoint, -100'000, 100'000, true},
-    {&GXItem::ypoint, &GXItem::setYpoint, -100'000, 100'000, true},
-    {&GXItem::XYFontSize, &GXItem::setXYFontSize, 0, 10'000, true},
-    {&GXItem::screenFontSize, &GXItem::setScreenFontSize, 0, 10'000, true},
+    {&GXItem::panelWidth, &GXItem::setPanelWidth, 0, 100'000, true,
+     QT_TRANSLATE_NOOP("wallgrid::Inspector", "Width of a panel, of an image its own")},
+    {&GXItem::panelHeight, &GXItem::setPanelHeight, 0, 100'000, true,
+     QT_TRANSLATE_NOOP("wallgrid::Inspector", "Height of a panel, of an image its own")},
+    {&GXItem::col, &GXItem::setCol, 0, 10'000, false, QT_TRANSLATE_NOOP("wallgrid::Inspector", "Panels side by side")},
+    {&GXItem::row, &GXItem::setRow, 0, 10'000, false,
+     QT_TRANSLATE_NOOP("wallgrid::Inspector", "Panels on top of each other")},
+    {&GXItem::xpoint, &GXItem::setXpoint, -100'000, 100'000, true,
+     QT_TRANSLATE_NOOP("wallgrid::Inspector", "Left edge in the output")},
+    {&GXItem::ypoint, &GXItem::setYpoint, -100'000, 100'000, true,
+     QT_TRANSLATE_NOOP("wallgrid::Inspector", "Top edge in the output")},
+    {&GXItem::XYFontSize, &GXItem::setXYFontSize, 0, 10'000, true,
+     QT_TRANSLATE_NOOP("wallgrid::Inspector", "Height of the position text; 0 is 13 px")},
+    {&GXItem::screenFontSize, &GXItem::setScreenFontSize, 0, 10'000, true,
+     QT_TRANSLATE_NOOP("wallgrid::Inspector", "Height of the size text; 0 is 13 px")},
 }};
 
 /// From here on the numbers are the sizes of texts, which stand with the texts' switches.
@@ -147,6 +155,7 @@ QWidget* Inspector::makeNumbers()
         number.field = new NumberField(property.minimum, property.maximum, box);
         if (property.pixels)
             number.field->setSuffix(tr(" px"));
+        number.field->setToolTip(tr(property.toolTip));
         number.caption = new QLabel(box);
         number.caption->setBuddy(number.field);
         connect(number.field, &QSpinBox::valueChanged, this, [this, i] { applyNumber(i, false); });

@@ -17,6 +17,9 @@ QWidget* makeListBar(const QList<QAction*>& actions)
         auto* button = new QToolButton;
         button->setDefaultAction(action);
         button->setAccessibleName(action->toolTip());
+        if (!action->shortcut().isEmpty())
+            button->setToolTip(QStringLiteral("%1 (%2)").arg(action->toolTip(),
+                                                             action->shortcut().toString(QKeySequence::NativeText)));
         layout->addWidget(button);
     }
     layout->addStretch();

@@ -15,6 +15,7 @@ constexpr qint64 kPatienceMilliseconds = 500;
 /// How often the dialog is brought up to date.
 constexpr qint64 kIntervalMilliseconds = 30;
 constexpr int kSteps = 1000;
+constexpr int kWidth = 360;
 
 } // namespace
 
@@ -52,6 +53,7 @@ void QtProgress::run(LongWork kind, const std::function<void(const Report&)>& wo
             dialog =
                 std::make_unique<QProgressDialog>(text(kind), tr("Cancel"), 0, kSteps, QApplication::activeWindow());
             dialog->setWindowTitle(QApplication::applicationDisplayName());
+            dialog->setMinimumWidth(kWidth);
             dialog->setWindowModality(Qt::ApplicationModal);
             dialog->setMinimumDuration(0);
             dialog->setAutoReset(false);
