@@ -65,12 +65,14 @@ void Application::keepRecovery(const QString& folder)
         const auto location = Url::fromString(newest.toStdString());
         if (const auto path = location ? location->filePath() : std::nullopt)
             m_recovery->noteFile(*path);
+        m_mainWindow.setSaved(m_recovery->isClean());
     });
+    m_history.addObserver([this] { m_mainWindow.setSaved(m_recovery->isClean()); });
 }
 
 void Application::openFile(const std::string& path)
 {
-    m_delegate.applicationOpenFile(Url::fromFilePath(std::filesystem::absolute(path).string()).absoluteString());
+    m_mainWindow.open(Url::fromFilePath(std::filesystem::absolute(path).string()).absoluteString());
 }
 
 bool Application::eventFilter(QObject* watched, QEvent* event)
@@ -97,6 +99,7 @@ int runApplication(QApplication& application, const std::optional<std::string>& 
     MainWindow& window = program.mainWindow();
     window.restoreGeometry(memory.value(kGeometryKey).toByteArray());
     QObject::connect(&window, &MainWindow::panelAhead, &panels, &QtPanels::prepare);
+    window.viewMenu()->addSeparator();
     window.viewMenu()->addAction(&appearance);
     program.launch();
     if (file) {

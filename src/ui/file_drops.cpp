@@ -68,7 +68,7 @@ void FileDrops::open(const QStringList& paths)
         if (isPicture(path))
             m_delegate.addImageAt(location);
         else
-            m_delegate.applicationOpenFile(location->absoluteString());
+            emit openWanted(location->absoluteString());
     }
 }
 

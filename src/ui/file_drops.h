@@ -3,6 +3,7 @@
 
 #include <QObject>
 #include <QStringList>
+#include <string>
 
 class QDropEvent;
 class QWidget;
@@ -19,6 +20,9 @@ class FileDrops final : public QObject {
 public:
     /// The delegate must outlive the drops, the window owns them.
     FileDrops(GXAppDelegate& delegate, QWidget& window);
+
+signals:
+    void openWanted(const std::string& location);
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;

@@ -2,6 +2,7 @@
 #include "ui/main_window.h"
 
 #include "ui/file_drops.h"
+#include "ui/file_menu.h"
 #include "ui/heading.h"
 #include "ui/inspector.h"
 #include "ui/item_table.h"
@@ -19,6 +20,7 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QFile>
+#include <QFileInfo>
 #include <QLineEdit>
 #include <QMenuBar>
 #include <QScreen>
@@ -35,6 +37,7 @@ using Column = ItemTableModel::Column;
 
 constexpr int kMessageMilliseconds = 15'000;
 constexpr qsizetype kLongestMessage = 300;
+constexpr qsizetype kLongestTitle = 80;
 
 QWidget* titled(const QString& title, QWidget* content, QWidget* bar)
 {
@@ -48,14 +51,6 @@ QWidget* titled(const QString& title, QWidget* content, QWidget* bar)
     layout->addWidget(content);
     layout->addWidget(bar);
     return box;
-}
-
-/// What the menu calls a location: its path, or the whole text of one that is no file.
-QString menuText(const QString& location)
-{
-    const auto url = Url::fromString(location.toStdString());
-    const auto path = url ? url->filePath() : std::nullopt;
-    return withoutMnemonics(shownText(path ? QFile::decodeName(path->c_str()) : location, 80));
 }
 
 } // namespace
@@ -92,7 +87,7 @@ MainWindow::MainWindow(GXAppDelegate& delegate, UndoHistory& history, QtRecentDo
     resize(QSize(1400, 840).boundedTo(screen()->availableSize()));
     m_table->setFocus();
 
-    new FileDrops(m_delegate, *this);
+    connect(new FileDrops(m_delegate, *this), &FileDrops::openWanted, this, &MainWindow::open);
     for (QLineEdit* field : findChildren<QLineEdit*>())
         field->setAcceptDrops(false); // a file that is dropped there is meant for the window
 }
@@ -222,55 +217,41 @@ void MainWindow::showMessage(const QString& line)
 
 void MainWindow::makeFileMenu()
 {
-    const QString projects = tr("Projects (*.mpr)");
-    QMenu* menu = menuBar()->addMenu(tr("&File"));
-    menu->addAction(tr("&Open Project…"), QKeySequence::Open, this, [this, projects] {
-        emit panelAhead({tr("Open Project"), projects, {}});
-        m_delegate.openProject();
-    });
-    m_recentMenu = menu->addMenu(tr("Open &Recent"));
-    connect(&m_recentDocuments, &QtRecentDocuments::changed, this, &MainWindow::fillRecentMenu);
-    fillRecentMenu();
-    menu->addAction(tr("&Save Project…"), QKeySequence::Save, this, [this, projects] {
-        emit panelAhead({tr("Save Project"), projects, QStringLiteral("mpr")});
-        m_delegate.saveProject();
-    });
-    menu->addSeparator();
-    menu->addActions({m_openPresets, m_savePresets});
-    menu->addSeparator();
-    menu->addAction(tr("&Export PNG…"), QKeySequence(Qt::CTRL | Qt::Key_E), this, [this] {
-        emit panelAhead({tr("Export PNG"), tr("PNG images (*.png)"), QStringLiteral("png")});
-        m_delegate.saveAction();
-    });
-    menu->addAction(tr("Export &Layered PSD…"), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_E), this, [this] {
-        m_delegate.setNumbersEqualLayerNames(false);
-        PanelPurpose purpose{tr("Export Layered PSD"), tr("Photoshop documents (*.psd)"), QStringLiteral("psd"), true};
-        if (m_delegate.hasEqualLayerNames()) {
-            purpose.option = {tr("&Number equal layer names"),
-                              tr("Some layers have the same name. In the file a number can tell them apart."),
-                              [this](bool numbers) { m_delegate.setNumbersEqualLayerNames(numbers); }};
-        }
-        emit panelAhead(purpose);
-        m_delegate.savePSD();
-    });
-    menu->addSeparator();
-    QAction* quit = menu->addAction(tr("&Quit"), QKeySequence(Qt::CTRL | Qt::Key_Q), this, &QWidget::close);
-    quit->setMenuRole(QAction::QuitRole);
+    m_fileMenu = new FileMenu(m_delegate, m_recentDocuments, {m_openPresets, m_savePresets}, this);
+    menuBar()->addMenu(m_fileMenu);
+    connect(m_fileMenu, &FileMenu::panelAhead, this, &MainWindow::panelAhead);
+    connect(m_fileMenu, &FileMenu::openWanted, this, &MainWindow::open);
+    connect(m_fileMenu, &FileMenu::messageWanted, this, &MainWindow::showMessage);
+    connect(m_fileMenu, &FileMenu::quitWanted, this, &QWidget::close);
+    connect(&m_recentDocuments, &QtRecentDocuments::changed, this,
+            [this] { nameProject(m_recentDocuments.locations().value(0).toStdString()); });
 }
 
-void MainWindow::fillRecentMenu()
+void MainWindow::open(const std::string& location)
 {
-    m_recentMenu->clear();
-    const QStringList locations = m_recentDocuments.locations();
-    m_recentMenu->setEnabled(!locations.isEmpty());
-    for (const QString& location : locations) {
-        m_recentMenu->addAction(menuText(location), this,
-                                [this, location] { m_delegate.applicationOpenFile(location.toStdString()); });
-    }
-    m_recentMenu->addSeparator();
-    // Later, because the menu that is cleared is the one that is being left.
-    m_recentMenu->addAction(
-        tr("&Clear Menu"), this, [this] { m_recentDocuments.clear(); }, Qt::QueuedConnection);
+    m_history.commit();
+    const DocumentStateRef before = m_history.state();
+    m_delegate.applicationOpenFile(location);
+    m_history.commit();
+    if (m_history.state() != before)
+        nameProject(location);
+}
+
+void MainWindow::nameProject(const std::string& location)
+{
+    const auto url = Url::fromString(location);
+    const auto path = url ? url->filePath() : std::nullopt;
+    const QFileInfo file(path ? QFile::decodeName(path->c_str()) : QString());
+    if (!file.exists())
+        return;
+    m_fileMenu->setProject(file.filePath());
+    setWindowTitle(shownText(file.fileName(), kLongestTitle) + "[*]");
+}
+
+void MainWindow::setSaved(bool saved)
+{
+    if (windowTitle().endsWith("[*]"))
+        setWindowModified(!saved);
 }
 
 ItemTable& MainWindow::editedTable() const
@@ -288,7 +269,8 @@ void MainWindow::makeEditMenu()
     menu->addActions({steps->undo(), steps->redo()});
     menu->addSeparator();
     menu->addAction(m_add);
-    menu->addAction(tr("Add &Preset to Layers"), Qt::CTRL | Qt::SHIFT | Qt::Key_P, this,
+    menu->addAction(tr("Du&plicate"), Qt::CTRL | Qt::Key_D, this, &MainWindow::duplicate);
+    menu->addAction(tr("Add Prese&t to Layers"), Qt::CTRL | Qt::SHIFT | Qt::Key_P, this,
                     [this] { m_ptable->dropSelectionOn(*m_table, 0); });
     menu->addSeparator();
     // Of whichever list has the keyboard focus.
@@ -298,6 +280,13 @@ void MainWindow::makeEditMenu()
                     [this] { editedTable().moveSelection(ItemTable::Direction::Down); });
     menu->addAction(tr("Re&name"), Qt::Key_F2, this, [this] { editedTable().renameSelection(); });
     menu->addAction(tr("Re&move"), QKeySequence::Delete, this, [this] { emit editedTable().removalWanted(); });
+}
+
+void MainWindow::duplicate()
+{
+    auto& layers = m_delegate.arraycontroller();
+    if (const auto row = layers.selectionIndex())
+        layers.insertObjectAtArrangedObjectIndex(layers.arrangedObjects()[*row]->copy(), *row);
 }
 
 void MainWindow::makeViewMenu()

@@ -13,6 +13,7 @@ class QMenu;
 
 namespace wallgrid {
 
+class FileMenu;
 class Inspector;
 class ItemTable;
 class OutputWindow;
@@ -40,6 +41,10 @@ public:
     WindowLoader* windows() { return &m_outputPreview; }
     OutputPreview& outputPreview() { return m_outputPreview; }
 
+    /// Opens the project at a location.
+    void open(const std::string& location);
+    /// Says in the title whether the project's file holds all changes.
+    void setSaved(bool saved);
     /// Shows a line in the status bar for a while.
     void showMessage(const QString& line);
 
@@ -60,7 +65,9 @@ private:
     void makeEditMenu();
     void makeViewMenu();
     void makeHelpMenu();
-    void fillRecentMenu();
+    void nameProject(const std::string& location);
+    /// Puts a copy of the first selected layer in front of it.
+    void duplicate();
     void addOutputPreviewTo(QMenu& menu);
     void refreshStatus();
     /// The one with the keyboard focus, otherwise the layers.
@@ -80,7 +87,7 @@ private:
     QWidget* m_fields = nullptr; // of the output and of the selected layer
     Inspector* m_inspector = nullptr;
     QMenu* m_viewMenu = nullptr;
-    QMenu* m_recentMenu = nullptr;
+    FileMenu* m_fileMenu = nullptr;
     QAction* m_add = nullptr;
     QAction* m_openPresets = nullptr;
     QAction* m_savePresets = nullptr;

@@ -9,14 +9,18 @@
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QGridLayout>
+#include <QHeaderView>
 #include <QLabel>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QTreeView>
 #include <utility>
 
 namespace wallgrid {
 
 namespace {
+
+constexpr QSize kPanelSize(820, 520);
 
 QCheckBox* addOption(QFileDialog& dialog, const PanelPurpose::Option& option)
 {
@@ -38,6 +42,15 @@ UrlRef toUrl(const QString& path)
     return std::make_shared<const Url>(Url::fromFilePath({bytes.constData(), static_cast<std::size_t>(bytes.size())}));
 }
 
+/// The file that is meant by what was typed: an extension that is added in any case need not be typed, but may.
+QString meantPath(QString chosen, const PanelPurpose& purpose)
+{
+    const QString extension = u'.' + purpose.extension;
+    if (purpose.always && chosen.endsWith(extension, Qt::CaseInsensitive) && QFileInfo(chosen).fileName() != extension)
+        chosen.chop(extension.size());
+    return chosen;
+}
+
 /// The file that will be written for a chosen one.
 QString writtenPath(const QString& chosen, const PanelPurpose& purpose)
 {
@@ -54,6 +67,13 @@ void QtPanels::setUp(QFileDialog& dialog, const PanelPurpose& purpose) const
     dialog.setWindowTitle(purpose.title);
     dialog.setNameFilters(purpose.nameFilter.isEmpty() ? QStringList{allFiles}
                                                        : QStringList{purpose.nameFilter, allFiles});
+    dialog.setOption(QFileDialog::HideNameFilterDetails); // the images' would be longer than the dialog
+    dialog.resize(kPanelSize);
+    if (auto* list = dialog.findChild<QTreeView*>(QStringLiteral("treeView"))) { // not when the desktop's is used
+        list->header()->setStretchLastSection(false);
+        list->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
+        list->header()->setSectionResizeMode(0, QHeaderView::Stretch);
+    }
     if (QFileInfo(m_folder).isDir())
         dialog.setDirectory(m_folder);
 }
@@ -87,9 +107,11 @@ UrlRef QtPanels::runSavePanel()
     dialog.setFileMode(QFileDialog::AnyFile);
     // The panel does not know the name that the file will have.
     dialog.setOption(QFileDialog::DontConfirmOverwrite);
+    if (!purpose.name.isEmpty())
+        dialog.selectFile(purpose.name + u'.' + purpose.extension);
     const QCheckBox* option = purpose.option.text.isEmpty() ? nullptr : addOption(dialog, purpose.option);
     for (;;) {
-        const QString chosen = run(dialog);
+        const QString chosen = meantPath(run(dialog), purpose);
         if (chosen.isEmpty())
             return nullptr;
         const QString written = writtenPath(chosen, purpose);
@@ -97,6 +119,8 @@ UrlRef QtPanels::runSavePanel()
             continue;
         if (option)
             purpose.option.apply(option->isChecked());
+        if (purpose.chosen)
+            purpose.chosen(written);
         return toUrl(chosen);
     }
 }

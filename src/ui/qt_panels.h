@@ -16,7 +16,7 @@ struct PanelPurpose {
     QString title;
     QString nameFilter;  ///< as QFileDialog has it, may be empty; all files can always be chosen
     QString extension;   ///< what a new file gets unless it has exactly that one, without the point; may be empty
-    bool always = false; ///< a new file gets it also when it has it
+    bool always = false; ///< who writes the file adds it in any case
 
     /// A check box in a save panel, unticked at first, and who is told its state when a file is chosen.
     struct Option {
@@ -25,6 +25,9 @@ struct PanelPurpose {
         std::function<void(bool)> apply;
     };
     Option option = {};
+
+    QString name = {};                               ///< proposed for a new file; may be empty
+    std::function<void(const QString&)> chosen = {}; ///< told the path of the file that will be written; may be empty
 };
 
 /// Panels and alerts as dialogs of the desktop, modal to the active window. A panel opens in the folder where the last

@@ -38,6 +38,8 @@ public:
 
     /// A project was opened or saved there. When the file holds what the document holds, there is nothing to recover.
     void noteFile(const std::string& path);
+    /// A file of the user holds the project as it is.
+    bool isClean() const;
     /// Waits for what is being written.
     void finish() { m_writer.waitForDone(); }
 
@@ -46,7 +48,6 @@ signals:
 
 private:
     void documentChanged();
-    bool isClean() const;
     void scheduleWriting();
     void write();
     void report(const std::string& message);

@@ -318,6 +318,29 @@ private slots:
         QVERIFY(program.panels.alerts.empty());
     }
 
+    void theTitleNamesTheProject()
+    {
+        ProgramUnderTest program;
+        program.application.keepRecovery(program.path("recovery"));
+        const auto title = [&] {
+            return program.window().windowTitle() + (program.window().isWindowModified() ? "+" : "");
+        };
+        QCOMPARE(title(), QString("Wallgrid"));
+        program.panels.answer = program.location("stage");
+        program.delegate().saveProject();
+        QCOMPARE(title(), QString("stage.mpr[*]"));
+        action(program.window(), "Du&plicate")->trigger();
+        program.settle();
+        QCOMPARE(title(), QString("stage.mpr[*]+"));
+        QCOMPARE(program.delegate().arraycontroller().arrangedObjects().size(), std::size_t{2});
+        QCOMPARE(program.delegate().arraycontroller().selectionIndex(), std::size_t{0});
+        program.window().open(program.location("gone.mpr")->absoluteString());
+        QCOMPARE(title(), QString("stage.mpr[*]+"));
+        QFile::copy(program.path("stage.mpr"), program.path("other.mpr"));
+        program.window().open(program.location("other.mpr")->absoluteString());
+        QCOMPARE(title(), QString("other.mpr[*]"));
+    }
+
     void equalNamesAreNumberedWhenTheUserWants()
     {
         ProgramUnderTest program;
@@ -333,7 +356,7 @@ private slots:
                     QVERIFY(!box->isChecked());
                     box->click();
                 }
-                acceptFile(dialog, program.path("wall"));
+                acceptFile(dialog, program.path("wall.psd")); // not wall.psd.psd
             });
             program.panels.answer = panels.runSavePanel();
         });
