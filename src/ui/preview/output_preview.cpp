@@ -90,6 +90,8 @@ QString OutputPreview::display() const
 void OutputPreview::show()
 {
     m_shownOn = display();
+    if (!m_wake)
+        m_wake.emplace(tr("Output Preview"));
     m_window.showOn(*screenNamed(m_shownOn));
     emit changed();
 }
@@ -97,6 +99,7 @@ void OutputPreview::show()
 void OutputPreview::leave()
 {
     m_shownOn.clear();
+    m_wake.reset();
     m_window.hide();
     emit changed();
 }

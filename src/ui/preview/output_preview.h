@@ -3,15 +3,17 @@
 
 #include "platform/views.h"
 #include "ui/preview/display_fit.h"
+#include "ui/preview/display_wake.h"
 #include "ui/preview/raster_window.h"
 
 #include <QList>
 #include <QObject>
+#include <optional>
 
 namespace wallgrid {
 
 /// The Output Preview: the raster full screen on a display of the user's choice, which is how it gets onto the wall.
-/// When the display is unplugged the preview waits for it and comes back with it.
+/// When the display is unplugged the preview waits for it and comes back with it. The displays stay awake for it.
 class OutputPreview final : public QObject, public WindowLoader {
     Q_OBJECT
 
@@ -51,7 +53,8 @@ private:
     RasterWindow m_window;
     QSize m_output;
     QString m_chosen;
-    QString m_shownOn; // the display's name, while the preview is active
+    std::optional<DisplayWake> m_wake; // while the preview is active
+    QString m_shownOn;                 // the display's name, while the preview is active
 };
 
 } // namespace wallgrid
