@@ -285,6 +285,7 @@ void MainWindow::makeEditMenu()
 void MainWindow::duplicate()
 {
     auto& layers = m_delegate.arraycontroller();
+    m_table->setFocus();
     if (const auto row = layers.selectionIndex())
         layers.insertObjectAtArrangedObjectIndex(layers.arrangedObjects()[*row]->copy(), *row);
 }

@@ -21,7 +21,7 @@ constexpr QRgb kAccent = 0x3b6ea8;
 
 constexpr std::array kShades{
     Shade{QPalette::Window, 0x2d2d2d, 0xededed},      Shade{QPalette::WindowText, 0xe2e2e2, 0x1c1c1c},
-    Shade{QPalette::Base, 0x232323, 0xfcfcfc},        Shade{QPalette::AlternateBase, 0x282828, 0xf4f4f4},
+    Shade{QPalette::Base, 0x1a1a1a, 0xfcfcfc},        Shade{QPalette::AlternateBase, 0x202020, 0xf4f4f4},
     Shade{QPalette::Text, 0xe2e2e2, 0x1c1c1c},        Shade{QPalette::PlaceholderText, 0x8a8a8a, 0x6c6c6c},
     Shade{QPalette::Button, 0x3c3c3c, 0xe2e2e2},      Shade{QPalette::ButtonText, 0xe2e2e2, 0x1c1c1c},
     Shade{QPalette::BrightText, 0xffffff, 0xffffff},  Shade{QPalette::ToolTipBase, 0x3c3c3c, 0xfcfcfc},
