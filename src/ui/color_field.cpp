@@ -49,6 +49,15 @@ void ColorField::showText()
         m_text->setText(m_shown);
 }
 
+bool ColorField::dropTyped()
+{
+    const auto typed = colorOfHexText(m_text->text());
+    if (m_text->text() == m_shown || (typed && hexText(*typed) == m_shown))
+        return false;
+    showText();
+    return true;
+}
+
 void ColorField::takeText(const QString& text)
 {
     const auto typed = colorOfHexText(text);

@@ -22,6 +22,8 @@ public:
 
     /// Shows a colour and tells nobody. The text stays as it is being typed while the colour stays the same.
     void setColor(const ColorRef& color);
+    /// Goes back to the colour when what is typed means none or none yet, and says whether it was so.
+    bool dropTyped();
 
 signals:
     /// The user chose another colour; the field shows it already.

@@ -183,6 +183,10 @@ void Inspector::refresh()
     for (QWidget* widget :
          {static_cast<QWidget*>(m_name), static_cast<QWidget*>(m_visible), static_cast<QWidget*>(m_align)})
         widget->setEnabled(m_item != nullptr);
+    for (QLabel* caption : findChildren<QLabel*>()) {
+        if (const QWidget* named = caption->buddy())
+            caption->setEnabled(named->isEnabledTo(named->parentWidget()));
+    }
     showIdentity();
     showNumbers();
     m_drawing->show(m_item);

@@ -2,6 +2,7 @@
 #include "ui/undo_actions.h"
 
 #include "ui/change_name.h"
+#include "ui/color_field.h"
 #include "ui/number_field.h"
 
 #include <QAction>
@@ -10,6 +11,18 @@
 #include <QWidget>
 
 namespace wallgrid {
+
+namespace {
+
+bool dropTyped(QObject& widget)
+{
+    if (auto* number = qobject_cast<NumberField*>(&widget))
+        return number->dropTyped();
+    auto* color = qobject_cast<ColorField*>(widget.parent()); // of its line of text
+    return color && color->dropTyped();
+}
+
+} // namespace
 
 UndoActions::UndoActions(UndoHistory& history, const QWidget& liveFields, QObject* parent)
     : QObject(parent)
@@ -53,8 +66,7 @@ bool UndoActions::eventFilter(QObject* watched, QEvent* event)
         const auto* widget = qobject_cast<QWidget*>(watched);
         if (ours && widget && m_liveFields.isAncestorOf(widget)) {
             // What is typed and does not count yet goes first. Otherwise the field must not take its own text back.
-            auto* number = qobject_cast<NumberField*>(watched);
-            event->setAccepted(key->matches(QKeySequence::Undo) && number && number->dropTyped());
+            event->setAccepted(key->matches(QKeySequence::Undo) && dropTyped(*watched));
             return true;
         }
         break;
