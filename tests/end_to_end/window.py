@@ -1,0 +1,122 @@
+# SPDX-License-Identifier: MIT
+"""Works the program's window from outside with a real mouse and real keys, on an X server of the test's own
+(tools/with-display) with a window manager. What the window shows is read from pictures of it."""
+
+import os
+import pathlib
+import subprocess
+import time
+
+import numpy
+
+from program import WALLGRID, ProgramTest
+
+WIDTH, HEIGHT, LIST_WIDTH = 1400, 840, 250  # of the window, and of the part of it that holds the lists
+THUMBNAIL_HEIGHT = 27
+
+
+def xdotool(*words):
+    return subprocess.run(["xdotool", *map(str, words)], check=True, capture_output=True, text=True, timeout=60).stdout
+
+
+def succeeds(*words):
+    return subprocess.run(["xdotool", *words], capture_output=True, timeout=60).returncode == 0
+
+
+def grab(width, height, x=0, y=0, window="root"):
+    """What is on the displays there, or in that part of a window: rows of columns of red, green and blue."""
+    command = ["import", "-silent", "-window", window, "-crop", f"{width}x{height}+{x}+{y}", "-depth", "8", "rgb:-"]
+    picture = subprocess.run(command, check=True, capture_output=True, timeout=60).stdout
+    return numpy.frombuffer(picture, numpy.uint8).reshape(height, width, 3)
+
+
+class WindowTest(ProgramTest):
+    """Places are counted in the program's window."""
+
+    COLORS = {}  # by their names, those that thumbnails are found by
+
+    def start(self, *command):
+        environment = os.environ | {"HOME": str(self.folder), "XDG_STATE_HOME": str(self.folder)}
+        process = subprocess.Popen(command, cwd=self.folder, env=environment, stdout=subprocess.DEVNULL)
+        self.addCleanup(process.wait, 20)
+        self.addCleanup(process.terminate)
+        return process
+
+    def open_window(self, *files):
+        self.start("openbox")
+        # A window that is there before it is put elsewhere.
+        self.wait_until(lambda: succeeds("get_num_desktops"), "there is no window manager")
+        self.program = self.start(WALLGRID, *files)
+        self.window = xdotool("search", "--sync", "--onlyvisible", "--class", "^wallgrid$").split()[0]
+
+    def wait_until(self, holds, otherwise="", seconds=40):
+        """`otherwise` is a text or a function that makes one."""
+        deadline = time.monotonic() + seconds
+        while not holds():
+            self.assertLess(time.monotonic(), deadline, otherwise() if callable(otherwise) else otherwise)
+            time.sleep(0.1)
+
+    def rows(self):
+        """The thumbnails in the lists from the top: name and middle of each."""
+        lists = self.picture(LIST_WIDTH)
+        found = []
+        for name, color in self.COLORS.items():
+            matches, end = (lists == color).all(2), 0
+            for y in numpy.flatnonzero(matches.sum(1) >= 12):  # no more than that is letters or a thin line
+                if y >= end:
+                    found.append((name, numpy.flatnonzero(matches[y])[0] + 6, y + THUMBNAIL_HEIGHT // 2))
+                    end = y + THUMBNAIL_HEIGHT
+        return sorted(found, key=lambda row: row[2])
+
+    def expect_rows(self, names):
+        """Waits until the lists show these; names of more than a letter do not count."""
+        def shown():
+            return "".join(row[0] for row in self.rows() if len(row[0]) == 1)
+        self.wait_until(lambda: shown() == names, lambda: f"the lists show {shown()}, not {names}")
+
+    def picture(self, width=WIDTH):
+        return grab(width, HEIGHT, window=self.window)
+
+    def point(self, x, y, *words):
+        xdotool("mousemove", "--window", self.window, x, y, *words)
+
+    def drag(self, start, end, may_drop=lambda: True):
+        (x, y), (end_x, end_y) = start, end
+        self.point(x, y, "mousedown", 1)
+        for step in range(1, 9):
+            self.point(x + (end_x - x) * step // 8, y + (end_y - y) * step // 8)
+        self.point(end_x + 1, end_y)
+        self.wait_until(may_drop, "nothing can be dropped there")
+        xdotool("mouseup", 1)
+
+    def drag_row(self, source, target, below=False):
+        """Rows count from the top, or are the first of a name. A drop is meant for the gap above the target row."""
+        rows = self.rows()
+        def place(row):
+            return next(found for found in rows if found[0] == row) if isinstance(row, str) else rows[row]
+        _, x, y = place(target)
+        end = y + (10 if below else -10)
+        def line_is_shown():
+            return ((self.picture(LIST_WIDTH)[end - 12:end + 12] < 60).all(2).sum(1) > LIST_WIDTH // 2).any()
+        self.drag(place(source)[1:], (x + 30, end), line_is_shown)
+
+    def focus(self, title):
+        """Waits for a window whose title starts so and gives it the keyboard."""
+        xdotool("search", "--sync", "--onlyvisible", "--name", f"^{title}", "windowfocus", "--sync")
+
+    def choose_file(self, keys, panel, path):
+        """In the file panel that the keys open."""
+        xdotool("key", keys)
+        self.focus(panel)
+        xdotool("type", str(path))
+        xdotool("key", "Return")
+        self.wait_until(lambda: not succeeds("search", "--onlyvisible", "--name", f"^{panel}"), f"{panel} stays open")
+
+    def write(self, keys, panel, name):
+        """Has the program write a file that is not there yet; gives its path."""
+        path = self.folder / name
+        self.choose_file(keys, panel, path)
+        opened = pathlib.Path(f"/proc/{self.program.pid}/fd")
+        self.wait_until(lambda: path.exists() and str(path) not in map(os.path.realpath, opened.iterdir()),
+                        f"{path} is not written")
+        return path
