@@ -2,6 +2,7 @@
 """The rules of composition, written down a second time, pixel by pixel and with exact fractions."""
 
 from fractions import Fraction
+from functools import cache
 from math import floor
 
 
@@ -9,6 +10,7 @@ def nearest(value):
     return floor(value + Fraction(1, 2))
 
 
+@cache
 def sample(color):
     """(r, g, b) or (r, g, b, a) of 0 to 1, in the ten digits that files hold, as a premultiplied 8-bit pixel."""
     r, g, b, a = (Fraction(f"{c:.10g}") for c in (*color, 1)[:4])
