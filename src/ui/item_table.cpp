@@ -3,6 +3,7 @@
 
 #include <QHeaderView>
 #include <QKeyEvent>
+#include <QLineEdit>
 #include <QScopedValueRollback>
 #include <QScrollBar>
 #include <QStyledItemDelegate>
@@ -28,6 +29,14 @@ public:
         QWidget* editor = QStyledItemDelegate::createEditor(parent, option, index);
         editor->setAccessibleName(ItemTable::tr("Name"));
         return editor;
+    }
+
+    /// A list that is shown anew leaves alone what is being typed or is selected for it.
+    void setEditorData(QWidget* editor, const QModelIndex& index) const override
+    {
+        const auto* field = qobject_cast<QLineEdit*>(editor);
+        if (!field || (!field->isModified() && field->text() != index.data(Qt::EditRole).toString()))
+            QStyledItemDelegate::setEditorData(editor, index);
     }
 };
 

@@ -220,7 +220,11 @@ private slots:
         QCOMPARE(changes, std::vector<std::string>());
 
         editor = begin();
-        QTest::keyClicks(editor, "Wall & stage");
+        for (const char* typed : {"Wall ", "& stage"}) {
+            table.reloadData(); // as a composition does at any time
+            program.settle();
+            QTest::keyClicks(editor, typed);
+        }
         QTest::keyClick(editor, Qt::Key_Return);
         program.settle();
         QCOMPARE(changes, std::vector<std::string>{"label"});
