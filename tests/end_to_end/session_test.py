@@ -13,7 +13,7 @@ from composition import Screen, Still, compose
 from program import project
 from project_files import Unarchive
 from psd_readers import ReadBack, psd_tools
-from window import WindowTest, grab, xdotool
+from window import WindowTest, grab, is_open, xdotool
 
 WIDTH, HEIGHT, WALL = 1920, 1080, 312  # of the output; the side of a new wall
 SECOND = (2048, 1200, 1920, 0)         # the size and place of the second display
@@ -138,19 +138,20 @@ class Session(ReadBack, WindowTest):
             self.wait_until(lambda: (grab(*SECOND) == display).all())
         except AssertionError:
             self.assertSamePixels(grab(*SECOND), display)
-        self.wait_until(lambda: "Output Preview" in xdotool("getactivewindow", "getwindowname"), "it has no keyboard")
+        self.wait_until(lambda: "Output Preview" in xdotool("getactivewindow", "getwindowname", check=False),
+                        "the picture has no keyboard")
         xdotool("key", "Escape")
         self.wait_until(lambda: not grab(*SECOND).any(), "the display is not free again")
-        self.wait_until(lambda: xdotool("getactivewindow").strip() == self.window, "the editor has no keyboard")
+        self.wait_until(lambda: xdotool("getactivewindow", check=False).strip() == self.window,
+                        "the editor has no keyboard")
 
-    def drop(self, path):
+    def drop_from_outside(self, path):
         other = self.start(os.environ["OFFER_FILE"], path)
-        xdotool("search", "--sync", "--onlyvisible", "--name", "^Offer$")
+        self.wait_until(lambda: is_open("Offer"), "the other program has no window")
         xdotool("mousemove", 2300, 400, "mousedown", 1)
-        for x in range(1600, 600, -100):
+        for x in range(1600, 700, -100):
             self.point(x, 400)
-        xdotool("search", "--sync", "--onlyvisible", "--name", "^Taken$")
-        xdotool("mouseup", 1)
+        self.drop(700, 400, lambda: is_open("Taken"))
         return other
 
     def test_files_dropped_from_another_program(self):
@@ -160,7 +161,7 @@ class Session(ReadBack, WindowTest):
         self.open_window()
         self.expect_layers("W")
         for path, layers in ((self.image, "WI"), (walls, "WL")):
-            other = self.drop(path)
+            other = self.drop_from_outside(path)
             self.expect_layers(layers)
             other.terminate()
             other.wait(20)

@@ -15,12 +15,17 @@ WIDTH, HEIGHT, LIST_WIDTH = 1400, 840, 250  # of the window, and of the part of 
 THUMBNAIL_HEIGHT = 27
 
 
-def xdotool(*words):
-    return subprocess.run(["xdotool", *map(str, words)], check=True, capture_output=True, text=True, timeout=60).stdout
+def xdotool(*words, check=True):
+    return subprocess.run(["xdotool", *map(str, words)], check=check, capture_output=True, text=True, timeout=60).stdout
 
 
 def succeeds(*words):
     return subprocess.run(["xdotool", *words], capture_output=True, timeout=60).returncode == 0
+
+
+def is_open(title):
+    """Whether there is a window whose title starts so."""
+    return succeeds("search", "--onlyvisible", "--name", f"^{title}")
 
 
 def grab(width, height, x=0, y=0, window="root"):
@@ -47,7 +52,9 @@ class WindowTest(ProgramTest):
         # A window that is there before it is put elsewhere.
         self.wait_until(lambda: succeeds("get_num_desktops"), "there is no window manager")
         self.program = self.start(WALLGRID, *files)
-        self.window = xdotool("search", "--sync", "--onlyvisible", "--class", "^wallgrid$").split()[0]
+        search = "search", "--onlyvisible", "--class", "^wallgrid$"
+        self.wait_until(lambda: succeeds(*search), "the program has no window")
+        self.window = xdotool(*search).split()[0]
 
     def wait_until(self, holds, otherwise="", seconds=40):
         """`otherwise` is a text or a function that makes one."""
@@ -85,8 +92,15 @@ class WindowTest(ProgramTest):
         self.point(x, y, "mousedown", 1)
         for step in range(1, 9):
             self.point(x + (end_x - x) * step // 8, y + (end_y - y) * step // 8)
-        self.point(end_x + 1, end_y)
-        self.wait_until(may_drop, "nothing can be dropped there")
+        self.drop(end_x, end_y, may_drop)
+
+    def drop(self, x, y, may_drop):
+        """Moves to and fro until it may: a busy program sees one move for many, and that one only starts the drag."""
+        def moved():
+            self.point(x + 1, y, "sleep", 0.1)
+            self.point(x, y)
+            return may_drop()
+        self.wait_until(moved, "nothing can be dropped there")
         xdotool("mouseup", 1)
 
     def drag_row(self, source, target, below=False):
@@ -102,7 +116,8 @@ class WindowTest(ProgramTest):
 
     def focus(self, title):
         """Waits for a window whose title starts so and gives it the keyboard."""
-        xdotool("search", "--sync", "--onlyvisible", "--name", f"^{title}", "windowfocus", "--sync")
+        self.wait_until(lambda: succeeds("search", "--onlyvisible", "--name", f"^{title}", "windowfocus", "--sync"),
+                        f"there is no window {title}")
 
     def choose_file(self, keys, panel, path):
         """In the file panel that the keys open."""
@@ -110,7 +125,7 @@ class WindowTest(ProgramTest):
         self.focus(panel)
         xdotool("type", str(path))
         xdotool("key", "Return")
-        self.wait_until(lambda: not succeeds("search", "--onlyvisible", "--name", f"^{panel}"), f"{panel} stays open")
+        self.wait_until(lambda: not is_open(panel), f"{panel} stays open")
 
     def write(self, keys, panel, name):
         """Has the program write a file that is not there yet; gives its path."""
