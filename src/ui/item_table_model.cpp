@@ -199,6 +199,11 @@ QIcon ItemTableModel::thumbnailOf(const GXItem& item) const
     if (cached && cached->image.lock() == image && cached->size == image->size())
         return cached->icon;
     const QIcon icon = renderThumbnail(*image);
+    // Each edit of an item makes a new image; what shows one that is gone would only fill the cache.
+    for (const Image* key : m_thumbnails.keys()) {
+        if (m_thumbnails.object(key)->image.expired())
+            m_thumbnails.remove(key);
+    }
     m_thumbnails.insert(image.get(), new CachedThumbnail{image, image->size(), icon});
     return icon;
 }
