@@ -2,9 +2,11 @@
 #include "platform/file.h"
 
 #include <algorithm>
+#include <csignal>
 #include <filesystem>
 #include <fstream>
 #include <gtest/gtest.h>
+#include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -71,4 +73,31 @@ TEST_F(FileTest, RefusesWhatIsNoRegularFile)
     EXPECT_EQ(reason(writeFileAtomically(folder.string(), fresh)), "not a regular file");
     EXPECT_EQ(reason(writeFileAtomically(path("gone/a"), fresh)), "No such file or directory");
     EXPECT_EQ(entries(), 2u);
+}
+
+TEST_F(FileTest, DeviceThatFailsAfterAnyByteLeavesTheOldFileOrNone)
+{
+    const Bytes bytes(300, 7);
+    std::signal(SIGXFSZ, SIG_IGN);
+    rlimit limit{};
+    ASSERT_EQ(::getrlimit(RLIMIT_FSIZE, &limit), 0);
+    const auto writeWithin = [&](std::size_t most, auto write, const char* name) {
+        const rlimit tight{most, limit.rlim_max};
+        ::setrlimit(RLIMIT_FSIZE, &tight);
+        const bool written = write(path(name), bytes, Report()).has_value();
+        ::setrlimit(RLIMIT_FSIZE, &limit);
+        return written;
+    };
+    ASSERT_TRUE(writeFileAtomically(path("renamed"), old));
+    for (std::size_t most = 0; most < bytes.size(); ++most) {
+        SCOPED_TRACE(most);
+        EXPECT_FALSE(writeWithin(most, writeFileAtomically, "renamed"));
+        EXPECT_EQ(readFile(path("renamed")).value_or(Bytes()), old);
+        EXPECT_FALSE(writeWithin(most, writeFile, "direct"));
+        EXPECT_EQ(entries(), 1u) << "no other file is left";
+    }
+    EXPECT_TRUE(writeWithin(bytes.size(), writeFileAtomically, "renamed"));
+    EXPECT_TRUE(writeWithin(bytes.size(), writeFile, "direct"));
+    EXPECT_EQ(readFile(path("renamed")).value_or(Bytes()), bytes);
+    EXPECT_EQ(readFile(path("direct")).value_or(Bytes()), bytes);
 }
