@@ -1,0 +1,120 @@
+// SPDX-License-Identifier: MIT
+#include "random_user.h"
+
+#include <QDir>
+#include <QImage>
+
+namespace wallgrid {
+
+namespace {
+
+constexpr std::size_t kMostItems = 12;
+
+} // namespace
+
+RandomUser::RandomUser(ProgramUnderTest& program, const QString& folder, unsigned seed)
+    : m_program(program)
+    , m_folder(folder)
+    , m_random(seed)
+{
+    QImage logo(40, 30, QImage::Format_ARGB32);
+    logo.fill(QColor(10, 200, 100, 120));
+    logo.save(m_folder + "/logo.png");
+    GXAppDelegate& delegate = m_program.delegate();
+    UndoHistory& history = m_program.application.history();
+    const auto few = [](GXAppDelegate::ItemArrayRef items) { return items->size() < kMostItems; };
+    const auto edit = [this] { editField(); };
+    m_actions = {
+        edit,
+        edit,
+        edit,
+        edit,
+        [&] { history.undo(); },
+        [&] { history.redo(); },
+        [&, few] {
+            if (few(delegate.allScreensArray()))
+                delegate.AddScreen();
+        },
+        [&, few] {
+            chooseFile("logo.png");
+            if (few(delegate.allScreensArray()))
+                delegate.AddImage();
+        },
+        [&] { delegate.remove(); },
+        [&, few] {
+            const GXItem* layer = anyLayer();
+            if (layer && few(delegate.presetScreensArray()))
+                delegate.presetarraycontroller().insertObjectAtArrangedObjectIndex(layer->copy(), 0);
+        },
+        [&] { delegate.removePreset(); },
+        [&] {
+            delegate.arraycontroller().setSelectionIndexes({below(kMostItems), below(kMostItems)});
+        },
+        [&] {
+            delegate.setOutputWidth(number(1, 400));
+            delegate.setOutputHeight(number(1, 300));
+        },
+        [&] { delegate.setBgColor(below(2) == 0 ? nullptr : Color::calibratedRGB(0.2, 0.4, 0.6, 0.5)); },
+        [&] {
+            chooseFile("stage");
+            delegate.saveProject();
+        },
+        [&] {
+            chooseFile("stage.mpr");
+            delegate.openProject();
+        },
+        [&] {
+            chooseFile("stage");
+            delegate.saveAction();
+        },
+        [&] {
+            chooseFile("stage");
+            delegate.savePSD();
+        },
+        [&] {
+            chooseFile("presets");
+            delegate.savePresets();
+        },
+        [&] {
+            chooseFile("presets");
+            delegate.openPresets();
+        },
+    };
+}
+
+void RandomUser::act()
+{
+    m_actions[below(m_actions.size())]();
+    m_program.runLoop.advance(0.3);
+    QCoreApplication::processEvents();
+}
+
+GXItem* RandomUser::anyLayer()
+{
+    const ItemArray& layers = *m_program.delegate().allScreensArray();
+    return layers.empty() ? nullptr : layers[below(layers.size())].get();
+}
+
+void RandomUser::editField()
+{
+    GXItem* const layer = anyLayer();
+    if (!layer)
+        return;
+    const auto& field = GXItem::fields()[below(GXItem::fields().size())];
+    const GXItem::FieldValue old = layer->value(field);
+    if (std::holds_alternative<std::int32_t>(old))
+        layer->setValue(field, number(-3, 20));
+    else if (std::holds_alternative<bool>(old))
+        layer->setValue(field, !std::get<bool>(old));
+    else if (std::holds_alternative<ColorRef>(old))
+        layer->setValue(field, Color::calibratedRGB(0, 0.125 * number(0, 8), 1, 0.25 * number(0, 4)));
+    else
+        layer->setValue(field, makeString(std::u16string(below(4), u'n')));
+}
+
+void RandomUser::chooseFile(const char* name)
+{
+    m_program.panels.answer = std::make_shared<const Url>(Url::fromFilePath((m_folder + '/' + name).toStdString()));
+}
+
+} // namespace wallgrid
