@@ -61,11 +61,12 @@ class Session(ReadBack, WindowTest):
 
     def add(self, choice, layers):
         xdotool("key", "ctrl+shift+n")
-        self.focus("Add")
+        self.expect_active("Add")
         if choice == "image":
             self.choose_file("alt+i", "Add Image", self.image)
         else:
             xdotool("key", "alt+s")
+            self.expect_editor_active()
         self.expect_layers(layers)
 
     def drag_wall_to_corner(self):
@@ -138,12 +139,10 @@ class Session(ReadBack, WindowTest):
             self.wait_until(lambda: (grab(*SECOND) == display).all())
         except AssertionError:
             self.assertSamePixels(grab(*SECOND), display)
-        self.wait_until(lambda: "Output Preview" in xdotool("getactivewindow", "getwindowname", check=False),
-                        "the picture has no keyboard")
+        self.expect_active("Output Preview")
         xdotool("key", "Escape")
         self.wait_until(lambda: not grab(*SECOND).any(), "the display is not free again")
-        self.wait_until(lambda: xdotool("getactivewindow", check=False).strip() == self.window,
-                        "the editor has no keyboard")
+        self.expect_editor_active()
 
     def drop_from_outside(self, path):
         other = self.start(os.environ["OFFER_FILE"], path)

@@ -55,6 +55,7 @@ class WindowTest(ProgramTest):
         search = "search", "--onlyvisible", "--class", "^wallgrid$"
         self.wait_until(lambda: succeeds(*search), "the program has no window")
         self.window = xdotool(*search).split()[0]
+        self.expect_editor_active()
 
     def wait_until(self, holds, otherwise="", seconds=40):
         """`otherwise` is a text or a function that makes one."""
@@ -114,18 +115,22 @@ class WindowTest(ProgramTest):
             return ((self.picture(LIST_WIDTH)[end - 12:end + 12] < 60).all(2).sum(1) > LIST_WIDTH // 2).any()
         self.drag(place(source)[1:], (x + 30, end), line_is_shown)
 
-    def focus(self, title):
-        """Waits for a window whose title starts so and gives it the keyboard."""
-        self.wait_until(lambda: succeeds("search", "--onlyvisible", "--name", f"^{title}", "windowfocus", "--sync"),
-                        f"there is no window {title}")
+    def expect_active(self, title):
+        """Waits until a window whose title starts so has the keyboard."""
+        self.wait_until(lambda: xdotool("getactivewindow", "getwindowname", check=False).startswith(title),
+                        f"no {title} has the keyboard")
+
+    def expect_editor_active(self):
+        self.wait_until(lambda: xdotool("getactivewindow", check=False).strip() == self.window,
+                        "the editor has no keyboard")
 
     def choose_file(self, keys, panel, path):
         """In the file panel that the keys open."""
         xdotool("key", keys)
-        self.focus(panel)
+        self.expect_active(panel)
         xdotool("type", str(path))
         xdotool("key", "Return")
-        self.wait_until(lambda: not is_open(panel), f"{panel} stays open")
+        self.expect_editor_active()
 
     def write(self, keys, panel, name):
         """Has the program write a file that is not there yet; gives its path."""
