@@ -11,6 +11,8 @@ trap '[ $? -eq 0 ] || echo "Tests: FAILED"' EXIT
 tools/install-packages tools/packages.txt tools/packages-test.txt
 tools/build asan
 tools/build release wallgrid -DWALLGRID_BUILD_TESTS=OFF -DWALLGRID_BUILD_BENCH=OFF
+echo "Looking for the hardening of build/release/bin/wallgrid"
+tools/check-hardening
 
 # run_tests CTEST-OPTION...: runs tests of the asan tree; shows only failures and the count unless V=1.
 run_tests() {

@@ -8,7 +8,10 @@
 #
 # makes the target wallgrid_items from src/items/, includable as "items/...".
 
+include(${CMAKE_CURRENT_LIST_DIR}/Hardening.cmake)
+
 function(wallgrid_compile_options target)
+  wallgrid_harden(${target})
   # -ffp-contract=off: a fused multiply-add rounds differently, and pixels must not depend on the machine.
   target_compile_options(${target} PRIVATE -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wnon-virtual-dtor
                          -Woverloaded-virtual -ffp-contract=off $<$<BOOL:${WALLGRID_WERROR}>:-Werror>)
