@@ -16,7 +16,8 @@ static_assert(std::endian::native == std::endian::little);
 namespace {
 
 using Word = std::uint32_t;
-using Words = Word __attribute__((vector_size(16), may_alias, aligned(4)));
+// With the attributes behind the type, Clang would take the alignment for that of a vector, which pixels have not got.
+using Words __attribute__((vector_size(16), may_alias, aligned(4))) = Word;
 using Halves = std::uint16_t __attribute__((vector_size(16)));
 
 constexpr Word kHalves = 0x00FF00FF;

@@ -6,6 +6,7 @@
 #include "psd/record_fields.h"
 
 #include <algorithm>
+#include <cmath>
 #include <limits>
 #include <new>
 #include <string_view>
@@ -42,10 +43,11 @@ void appendResource(ByteBuffer& buffer, std::int64_t identifier, std::span<const
     append(buffer, data);
 }
 
-/// 16.16 fixed point.
+/// 16.16 fixed point, held within what that can say; 0 for what is no number.
 std::int64_t fixedPoint(float value)
 {
-    return static_cast<std::int64_t>(static_cast<double>(value) * 65536 + 0.5);
+    const double bounded = std::isnan(value) ? 0 : std::clamp<double>(value, -0x8000, 0xFFFF);
+    return static_cast<std::int64_t>(bounded * 65536 + 0.5);
 }
 
 std::span<const std::uint8_t> profileBytes(std::int32_t colorProfile)
@@ -112,7 +114,8 @@ bool KPPSDWriter::isTooLarge() const
     for (const LayerRef& layer : visible) {
         if (tooLong(layer->documentSize().width) || tooLong(layer->documentSize().height))
             return true;
-        least += layer->layerChannelsSize().least;
+        // A name stands in its record whole, however long.
+        least += layer->layerChannelsSize().least + 2 * textOf(layer->name()).size();
     }
     return least > kLongestSection || visible.size() + static_cast<std::size_t>(openGroups()) > kMostLayers;
 }
