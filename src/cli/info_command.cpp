@@ -14,6 +14,17 @@ namespace wallgrid {
 
 namespace {
 
+/// Longer names are cut, because one of ten megabytes may stand in a hundred thousand items.
+constexpr std::size_t kLongestName = 1000;
+
+std::string shortened(std::u16string_view name)
+{
+    if (name.size() <= kLongestName)
+        return toUtf8(name);
+    const bool splitsPair = isHighSurrogate(name[kLongestName - 1]);
+    return toUtf8(name.substr(0, kLongestName - splitsPair)) + "\u2026";
+}
+
 /// A name on one line of a terminal: control characters could move the cursor or forge other lines.
 std::string printable(const std::string& text)
 {
@@ -27,7 +38,7 @@ std::string printable(const std::string& text)
 
 struct ItemInfo {
     const GXItem& item;
-    std::string name = toUtf8(textOf(item.label()));
+    std::string name = shortened(textOf(item.label()));
     const GXStill* still = dynamic_cast<const GXStill*>(&item);
 
     const char* kind() const { return still ? "still" : "screen"; }

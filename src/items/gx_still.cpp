@@ -53,7 +53,7 @@ StillRef GXStill::initWithimage(ImageRef image)
     return still;
 }
 
-Expected<StillRef> GXStill::initWithCoder(KeyedDecoder& coder)
+Expected<StillRef> GXStill::initWithCoder(KeyedDecoder& coder, ImageFiles& images)
 {
     auto still = init();
     still->decodeFields(coder);
@@ -61,7 +61,7 @@ Expected<StillRef> GXStill::initWithCoder(KeyedDecoder& coder)
     if (coder.error())
         return tl::unexpected(*coder.error());
     if (still->m_ImageURL)
-        still->m_thumbnail = imageWithContentsOfURL(*still->m_ImageURL).value_or(nullptr);
+        still->m_thumbnail = images.image(*still->m_ImageURL);
     return still;
 }
 

@@ -10,6 +10,7 @@
 namespace wallgrid {
 
 class GXStill;
+class ImageFiles;
 using StillRef = std::shared_ptr<GXStill>;
 
 /// An image file shown at (`xpoint`, `ypoint`) in a size of `panelWidth` × `panelHeight`. Its thumbnail is the loaded
@@ -23,7 +24,7 @@ public:
     static StillRef initWithimage(ImageRef image);
     /// A still from its archived record. Its image is loaded again and stays at its own size until the first render;
     /// a file that is gone leaves the still without a picture and its record whole.
-    static Expected<StillRef> initWithCoder(KeyedDecoder& coder);
+    static Expected<StillRef> initWithCoder(KeyedDecoder& coder, ImageFiles& images);
 
     void drawInRect() override;
     ItemRef copy() const override;

@@ -3,6 +3,8 @@
 
 #include "items/gx_screen.h"
 #include "items/gx_still.h"
+#include "platform/bitmap_memory.h"
+#include "platform/image_file.h"
 
 #include <string_view>
 #include <unordered_map>
@@ -11,14 +13,18 @@ namespace wallgrid {
 
 namespace {
 
-Expected<ItemRef> decodeItem(const ArchivedObject& record)
+/// A short file can ask for pictures without end. This is room for a hundred screens of ten megapixels, and filling it
+/// takes a few seconds.
+constexpr std::size_t kMostPictureBytes = std::size_t{4} << 30;
+
+Expected<ItemRef> decodeItem(const ArchivedObject& record, ImageFiles& images)
 {
     const std::string_view kind = record.classAmong({"GXScreen", "GXStill"});
     KeyedDecoder coder(record);
     if (kind == "GXScreen")
         return GXScreen::initWithCoder(coder);
     if (kind == "GXStill")
-        return GXStill::initWithCoder(coder);
+        return GXStill::initWithCoder(coder, images);
     return failure("the file holds something that is neither a screen nor a still");
 }
 
@@ -32,16 +38,20 @@ Expected<ItemArray> decodeItems(const ArchivedObject& array, const Report& repor
 
     ItemArray items;
     items.reserve(records->size());
+    const std::size_t aliveBefore = BitmapMemory::alive();
+    ImageFiles images;
     std::unordered_map<std::uint32_t, ItemRef> known;
     for (const ArchivedObject& record : *records) {
         if (!goesOn(report, static_cast<double>(items.size()) / static_cast<double>(records->size())))
             return cancelled();
         ItemRef& item = known[record.id()];
         if (!item) {
-            auto decoded = decodeItem(record);
+            auto decoded = decodeItem(record, images);
             if (!decoded)
                 return tl::unexpected(decoded.error());
             item = std::move(*decoded);
+            if (BitmapMemory::alive() - aliveBefore > kMostPictureBytes)
+                return failure("the pictures of the items take more than 4 GiB");
         }
         items.push_back(item);
     }

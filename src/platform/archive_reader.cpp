@@ -17,7 +17,9 @@ constexpr std::uint32_t kLongestClassName = 255;
 constexpr std::uint32_t kMostClassHints = 32;
 /// A chosen file has no base, and nobody writes more than one.
 constexpr std::size_t kLongestBaseChain = 32;
-/// Each relative URL becomes a text of its own, with that of its base in it, so a file with one long base could ask for
+/// The longest path that the system takes has 4096 bytes, each of at most three characters.
+constexpr std::size_t kLongestUrl = 16 << 10;
+/// Each relative URL becomes a text of its own, with that of its base in it, so many of one long base could ask for
 /// any amount. This is room for 300,000 URLs of 200 characters.
 constexpr std::uint64_t kUrlAllowance = 64U << 20;
 
@@ -178,6 +180,8 @@ Expected<UrlRef> ArchiveReader::url(const PlistObject& record, std::string_view 
             m_urlAllowance -= cost;
         }
         url = resolved(url, *relative);
+        if (url && url->absoluteString().size() > kLongestUrl)
+            return wrongValue(key, "is a URL that is too long");
         m_urls[chain.back().index()] = url;
     }
     return url;

@@ -3,6 +3,7 @@
 
 #include "platform/pages.h"
 
+#include <algorithm>
 #include <array>
 #include <cstdlib>
 #include <cstring>
@@ -94,6 +95,18 @@ private:
 constinit KeptBlocks keptBlocks;
 constinit std::size_t aliveBytes = 0;
 
+std::size_t& totalLimit()
+{
+    static std::size_t limit =
+        static_cast<std::size_t>(sysconf(_SC_PHYS_PAGES)) / 2 * static_cast<std::size_t>(sysconf(_SC_PAGESIZE));
+    return limit;
+}
+
+std::size_t available()
+{
+    return totalLimit() - std::min(aliveBytes, totalLimit());
+}
+
 } // namespace
 
 BitmapMemory BitmapMemory::allocate(std::size_t bytes, bool cleared)
@@ -101,7 +114,7 @@ BitmapMemory BitmapMemory::allocate(std::size_t bytes, bool cleared)
     if (bytes == 0 || bytes > maximumBlock())
         return {};
     std::size_t capacity = capacityFor(bytes);
-    if (capacity > maximumTotal() - aliveBytes)
+    if (capacity > available())
         return {};
 
     std::byte* data = nullptr;
@@ -110,7 +123,7 @@ BitmapMemory BitmapMemory::allocate(std::size_t bytes, bool cleared)
         data = static_cast<std::byte*>(std::aligned_alloc(kCacheLine, capacity));
     } else {
         const KeptBlocks::Block kept = keptBlocks.take(capacity);
-        if (kept.data && kept.capacity <= maximumTotal() - aliveBytes) {
+        if (kept.data && kept.capacity <= available()) {
             data = kept.data;
             capacity = kept.capacity;
         } else {
@@ -169,9 +182,12 @@ std::size_t BitmapMemory::maximumBlock()
 
 std::size_t BitmapMemory::maximumTotal()
 {
-    static const std::size_t half =
-        static_cast<std::size_t>(sysconf(_SC_PHYS_PAGES)) / 2 * static_cast<std::size_t>(sysconf(_SC_PAGESIZE));
-    return half;
+    return totalLimit();
+}
+
+void BitmapMemory::setMaximumTotal(std::size_t bytes)
+{
+    totalLimit() = bytes;
 }
 
 std::size_t BitmapMemory::alive()

@@ -25,8 +25,9 @@ public:
 
     /// 4 GiB.
     static std::size_t maximumBlock();
-    /// Half of the machine's memory.
+    /// Half of the machine's memory, unless it was set to something else.
     static std::size_t maximumTotal();
+    static void setMaximumTotal(std::size_t bytes);
     /// Bytes of all blocks alive now.
     static std::size_t alive();
 

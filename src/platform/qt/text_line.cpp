@@ -1,12 +1,15 @@
 // SPDX-License-Identifier: MIT
 #include "platform/qt/text_line.h"
 
+#include <QCache>
 #include <QFont>
 #include <QFontDatabase>
 #include <QFontMetricsF>
 #include <QImage>
 #include <QPainter>
+#include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace wallgrid {
 
@@ -28,15 +31,35 @@ QFont makeSystemFont()
     return font;
 }
 
+const QFont& systemFont()
+{
+    static const QFont font = makeSystemFont();
+    return font;
+}
+
+/// The outline on a baseline at 0. Loading glyphs is most of what a short text costs, and a wall of equal screens has
+/// the same few texts everywhere.
+QPainterPath outlineOf(const QByteArray& text)
+{
+    constexpr int kMostKept = 64;
+    static QCache<QByteArray, QPainterPath> kept(kMostKept);
+    if (const QPainterPath* known = kept.object(text))
+        return *known;
+    QPainterPath outline;
+    outline.setFillRule(Qt::WindingFill);
+    outline.addText(0, 0, systemFont(), QString::fromUtf8(text));
+    kept.insert(text, new QPainterPath(outline));
+    return outline;
+}
+
 } // namespace
 
 QtTextLine::QtTextLine(std::string_view text, double fontSize)
-    : m_scale(fontSize / kReferenceSize)
+    : m_outline(outlineOf(QByteArray(text.data(), static_cast<qsizetype>(text.size()))))
+    , m_scale(fontSize / kReferenceSize)
 {
-    static const QFont font = makeSystemFont();
-    m_outline.setFillRule(Qt::WindingFill);
-    m_outline.addText(0, 0, font, QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size())));
-    m_descent = std::round(QFontMetricsF(font).descent() * m_scale);
+    static const double descent = QFontMetricsF(systemFont()).descent();
+    m_descent = std::round(descent * m_scale);
 }
 
 PixelRect QtTextLine::inkBounds() const
@@ -51,14 +74,20 @@ PixelRect QtTextLine::inkBounds() const
 
 void QtTextLine::rasterize(const PixelRect& area, std::span<std::uint8_t> coverage) const
 {
-    std::fill(coverage.begin(), coverage.end(), std::uint8_t{0});
-    QImage mask(coverage.data(), static_cast<int>(area.width), static_cast<int>(area.height),
-                static_cast<qsizetype>(area.width), QImage::Format_Alpha8);
-    QPainter painter(&mask);
+    // Not a mask of 8 bits: on those Qt hands every short run of pixels to other threads, which takes twice as long.
+    QImage ink(static_cast<int>(area.width), static_cast<int>(area.height), QImage::Format_ARGB32_Premultiplied);
+    ink.fill(0);
+    QPainter painter(&ink);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.translate(static_cast<double>(-area.x), static_cast<double>(area.top()) - m_descent);
     painter.scale(m_scale, m_scale);
     painter.fillPath(m_outline, Qt::white);
+    painter.end();
+    auto* out = coverage.data();
+    for (int y = 0; y < ink.height(); ++y) {
+        const auto* const row = reinterpret_cast<const QRgb*>(std::as_const(ink).constScanLine(y));
+        out = std::transform(row, row + ink.width(), out, [](QRgb p) { return static_cast<std::uint8_t>(qAlpha(p)); });
+    }
 }
 
 } // namespace wallgrid
