@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "items/gx_screen.h"
 #include "items/gx_still.h"
-#include "platform/archive_samples.h"
 #include "platform/keyed_archiver.h"
 #include "scripted_desktop.h"
 
@@ -223,43 +222,6 @@ TEST_F(DocumentFiles, WhatIsNoProjectChangesNothing)
     expectUnchanged("gone");
     EXPECT_EQ(alerts, std::vector<std::string>{"No File Found|File Not Found"});
     EXPECT_TRUE(recent.empty());
-}
-
-TEST_F(DocumentFiles, BrokenArchivesChangeNothing)
-{
-    const auto items = *delegate.allScreensArray();
-    const auto samples = test::malformedArchives();
-    EXPECT_GE(samples.size(), 60u);
-    for (const test::ArchiveSample& sample : samples) {
-        write("broken", sample.bytes);
-        logged.clear();
-        choose("broken");
-        delegate.openProject();
-        delegate.applicationOpenFile(url("broken"));
-        EXPECT_EQ(logged.size(), 2u) << sample.name;
-        EXPECT_EQ(*delegate.allScreensArray(), items) << sample.name;
-        EXPECT_EQ(delegate.OutputWidth(), 1920) << sample.name;
-    }
-    EXPECT_TRUE(recent.empty() && alerts.empty());
-}
-
-TEST_F(DocumentFiles, UnusualArchivesReadLikeThePlainOne)
-{
-    const auto open = [&](const std::string& name, const Bytes& bytes) {
-        write("unusual", bytes);
-        delegate.setOutputWidth(0);
-        choose("unusual");
-        delegate.openProject();
-        EXPECT_EQ(logged, std::vector<std::string>()) << name;
-    };
-    open("plain", test::RawProject().file());
-    const auto pixels = rasterPixels();
-    const std::u16string names = labels();
-    for (const test::ArchiveSample& sample : test::unusualArchives()) {
-        open(sample.name, sample.bytes);
-        EXPECT_EQ(rasterPixels(), pixels) << sample.name;
-        EXPECT_EQ(labels(), names) << sample.name;
-    }
 }
 
 TEST_F(DocumentFiles, NamesThatAreNoLocationAreToldOf)

@@ -4,7 +4,6 @@
 #include "app/row_drag.h"
 #include "items/gx_still.h"
 #include "list_fixture.h"
-#include "platform/archive_samples.h"
 #include "platform/keyed_archiver.h"
 
 #include <fstream>
@@ -65,8 +64,6 @@ TEST_F(Presets, WhatIsNoPresetFileChangesNothing)
         {"project", writeProject(delegate.project())},
         {"empty", {}},
     };
-    for (const test::ArchiveSample& sample : test::malformedArchives())
-        samples.emplace_back(sample.name, sample.bytes);
     put("A", "PQ");
     const auto before = allItems();
     for (const auto& [name, bytes] : samples) {

@@ -125,6 +125,13 @@ RawPlist::Ref RawPlist::dictionary(const std::vector<std::pair<Ref, Ref>>& pairs
     return raw(head(0xD0, pairs.size()) + references(refs));
 }
 
+RawPlist::Ref RawPlist::container(char marker, const std::vector<Ref>& refs)
+{
+    const bool isDictionary = marker == static_cast<char>(0xD0);
+    return raw(head(static_cast<unsigned char>(marker), isDictionary ? refs.size() / 2 : refs.size()) +
+               references(refs));
+}
+
 std::string RawPlist::references(const std::vector<Ref>& refs) const
 {
     std::string bytes;
@@ -138,17 +145,14 @@ Bytes RawPlist::file(Ref top) const
     std::string file = "bplist00";
     std::string table;
     for (Ref i = 0; i < next(); ++i) {
-        const auto claimed = claimedOffsets.find(i);
-        table += bigEndian(claimed == claimedOffsets.end() ? file.size() : claimed->second, m_offsetWidth);
+        table += bigEndian(file.size(), m_offsetWidth);
         file += m_objects[i];
     }
     const std::uint64_t tablePosition = file.size();
     file += table + std::string(6, '\0');
-    file += static_cast<char>(claimedOffsetWidth.value_or(m_offsetWidth));
-    file += static_cast<char>(claimedReferenceWidth.value_or(m_referenceWidth));
-    file += bigEndian(claimedCount.value_or(next()), 8);
-    file += bigEndian(claimedTop.value_or(top), 8);
-    file += bigEndian(claimedTable.value_or(tablePosition), 8);
+    file += static_cast<char>(m_offsetWidth);
+    file += static_cast<char>(m_referenceWidth);
+    file += bigEndian(next(), 8) + bigEndian(top, 8) + bigEndian(tablePosition, 8);
     return Bytes(file.begin(), file.end());
 }
 
@@ -200,11 +204,6 @@ void RawProject::set(unsigned entry, std::string_view key, Ref value)
     setField(m_entries[entry].fields, key, value);
 }
 
-void RawProject::append(unsigned entry, std::string_view key, Ref value)
-{
-    m_entries[entry].fields.emplace_back(key, value);
-}
-
 void RawProject::remove(unsigned entry, std::string_view key)
 {
     std::erase_if(m_entries[entry].fields, [key](const auto& each) { return each.first == key; });
@@ -240,27 +239,16 @@ Bytes RawProject::file()
     const auto made = [this](const Fields& fields) {
         std::vector<std::pair<Ref, Ref>> pairs;
         for (const auto& [key, value] : fields)
-            pairs.emplace_back(hasWideKeys ? utf16(std::u16string(key.begin(), key.end())) : ascii(key), value);
+            pairs.emplace_back(ascii(key), value);
         return dictionary(pairs);
     };
     std::vector<Ref> objects;
     for (const Slot& slot : m_entries)
         objects.push_back(slot.object ? *slot.object : made(slot.fields));
-
-    const Ref version = integer(100000);
-    const Ref archiver = ascii("NSKeyedArchiver");
-    const Ref table = array(objects);
-    const Ref rootTable = made(roots);
-    Fields fields = {{"$version", version}, {"$objects", table}, {"$archiver", archiver}, {"$top", rootTable}};
-    if (hasNewerOrder)
-        fields = {{"$version", version}, {"$archiver", archiver}, {"$top", rootTable}, {"$objects", table}};
-    for (const auto& [key, value] : top)
-        setField(fields, key, value);
-    std::erase_if(fields, [](const auto& field) { return field.second == kAbsent; });
-    const Ref topRef = topObject ? *topObject : made(fields);
-    if (lastObject)
-        raw(*lastObject);
-    return RawPlist::file(topRef);
+    return RawPlist::file(made({{"$version", integer(100000)},
+                                {"$objects", array(objects)},
+                                {"$archiver", ascii("NSKeyedArchiver")},
+                                {"$top", made(roots)}}));
 }
 
 } // namespace wallgrid::test

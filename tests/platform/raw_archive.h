@@ -2,7 +2,6 @@
 #pragma once
 
 #include <cstdint>
-#include <map>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -25,13 +24,6 @@ public:
 
     explicit RawPlist(unsigned offsets = 4, unsigned references = 4);
 
-    /// Keys are written as UTF-16.
-    bool hasWideKeys = false;
-    // What the trailer says in place of the truth.
-    std::optional<std::uint64_t> claimedOffsetWidth, claimedReferenceWidth, claimedCount, claimedTop, claimedTable;
-    /// What the offset table says in place of the truth, by object.
-    std::map<Ref, std::uint64_t> claimedOffsets;
-
     /// An object given by its bytes.
     Ref raw(std::string bytes);
     /// The number that the next object gets.
@@ -46,6 +38,8 @@ public:
     Ref uid(std::uint64_t value, unsigned width = 4);
     Ref array(const std::vector<Ref>& elements);
     Ref dictionary(const std::vector<std::pair<Ref, Ref>>& pairs);
+    /// Array, set or dictionary by its marker (A0, C0, D0); of a dictionary all keys, then all values.
+    Ref container(char marker, const std::vector<Ref>& refs);
 
     std::string references(const std::vector<Ref>& refs) const;
     Bytes file(Ref top) const;
@@ -83,15 +77,10 @@ public:
         EntryCount
     };
 
-    /// As a value in `top`: the key is left out.
-    static constexpr Ref kAbsent = ~0U;
-
     explicit RawProject(unsigned offsets = 4, unsigned references = 4);
 
     /// Puts a value into a record, in place of the one that is there under this key.
     void set(unsigned entry, std::string_view key, Ref value);
-    /// A value under a key that the record may have already.
-    void append(unsigned entry, std::string_view key, Ref value);
     void remove(unsigned entry, std::string_view key);
     /// Makes an entry a bare object.
     void replace(unsigned entry, Ref object);
@@ -100,15 +89,7 @@ public:
     unsigned addRecord(const Fields& fields);
     unsigned addClass(const std::vector<std::string>& classes);
 
-    /// Of the top dictionary: in place of what belongs there.
-    std::map<std::string, Ref> top;
     Fields roots;
-    /// $version, $archiver, $top, $objects; otherwise $version, $objects, $archiver, $top.
-    bool hasNewerOrder = false;
-    /// In place of the whole top object.
-    std::optional<Ref> topObject;
-    /// The bytes of an object that stands behind all others and that nothing refers to.
-    std::optional<std::string> lastObject;
 
     Bytes file();
 
