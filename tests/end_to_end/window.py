@@ -107,7 +107,7 @@ class WindowTest(ProgramTest):
         self.drop(end_x, end_y, may_drop)
 
     def drop(self, x, y, may_drop):
-        """Moves to and fro until it may: a busy program sees one move for many, and that one only starts the drag."""
+        """Moves back and forth until it may: a busy program sees one move for many, and that one only starts the drag."""
         def moved():
             self.point(x + 1, y, "sleep", 0.1)
             self.point(x, y)
