@@ -10,8 +10,8 @@
 
 namespace wallgrid {
 
-/// Works with the program as fast as it can: edits, adds, removes, opens, saves, exports, takes back and does again. The
-/// same seed does the same.
+/// Works with the program as fast as it can: edits, adds, removes, opens, saves, exports, takes back and does again.
+/// The same seed does the same.
 class RandomUser {
 public:
     /// Writes and opens stage.mpr, presets, stage.png and stage.psd in the folder.
