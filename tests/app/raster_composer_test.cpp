@@ -32,9 +32,9 @@ public:
     void edit()
     {
         auto& pictures = scene.pictures;
-        const std::size_t chosen = pictures.empty() ? 0 : random() % pictures.size();
-        const auto other = pictures.begin() + std::ptrdiff_t(pictures.empty() ? 0 : random() % pictures.size());
-        switch (pictures.size() < 3 ? 0 : random() % 16) {
+        const std::size_t chosen = pictures.empty() ? 0 : m_random() % pictures.size();
+        const auto other = pictures.begin() + std::ptrdiff_t(pictures.empty() ? 0 : m_random() % pictures.size());
+        switch (pictures.size() < 3 ? 0 : m_random() % 16) {
         case 0:
         case 1:
             return void(pictures.insert(other, {image(), frame()}));
@@ -62,24 +62,24 @@ public:
     }
 
 private:
-    int upTo(int most) { return static_cast<int>(random() % static_cast<unsigned>(most + 1)); }
+    int upTo(int most) { return static_cast<int>(m_random() % static_cast<unsigned>(most + 1)); }
     double size() { return upTo(600) / 2.0; }
     PixelRect frame() { return {upTo(900) - 150, upTo(150) - 50, upTo(500), upTo(150)}; }
     ColorRef color()
     {
-        return std::array{ColorRef(), Color::redColor(), Color::deviceRGB(0, 1, 0.5, 0.4)}[random() % 3];
+        return std::array{ColorRef(), Color::redColor(), Color::deviceRGB(0, 1, 0.5, 0.4)}[m_random() % 3];
     }
     ImageRef image()
     {
-        BitmapRef bitmap = test::randomPicture(1 + upTo(400), 1 + upTo(120), static_cast<std::uint32_t>(random()));
-        if (random() % 2 != 0) // opaque
+        BitmapRef bitmap = test::randomPicture(1 + upTo(400), 1 + upTo(120), static_cast<std::uint32_t>(m_random()));
+        if (m_random() % 2 != 0) // opaque
             GraphicsContext(bitmap).fillRect({0, 0, bitmap->width(), bitmap->height()});
         auto made = std::make_shared<Image>(Size{double(bitmap->width()), double(bitmap->height())});
         made->addRepresentation(bitmap);
         return made;
     }
 
-    std::mt19937 random{20261123};
+    std::mt19937 m_random{20261123};
 };
 
 } // namespace

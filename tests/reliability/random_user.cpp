@@ -22,7 +22,7 @@ RandomUser::RandomUser(ProgramUnderTest& program, const QString& folder, unsigne
     logo.save(m_folder + "/logo.png");
     GXAppDelegate& delegate = m_program.delegate();
     UndoHistory& history = m_program.application.history();
-    const auto few = [](GXAppDelegate::ItemArrayRef items) { return items->size() < kMostItems; };
+    const auto few = [](const GXAppDelegate::ItemArrayRef& items) { return items->size() < kMostItems; };
     const auto edit = [this] { editField(); };
     m_actions = {
         edit,

@@ -24,7 +24,7 @@ private:
     std::size_t below(std::size_t count) { return m_random() % count; }
     std::int32_t number(int from, int to)
     {
-        return from + static_cast<std::int32_t>(below(std::size_t(to - from + 1)));
+        return from + static_cast<std::int32_t>(below(std::size_t(to - from) + 1));
     }
     GXItem* anyLayer();
     void editField();
