@@ -20,7 +20,7 @@ Expected<ItemArray> readPresets(Bytes bytes)
 
 Bytes writePresets(const ItemArray& presets)
 {
-    return KeyedArchiver::archivedDataWithRootObject(std::vector<ArchiveValue>(presets.begin(), presets.end()));
+    return KeyedArchiver::archivedDataWithRootObject(ArchiveArray(presets.begin(), presets.end()));
 }
 
 } // namespace wallgrid

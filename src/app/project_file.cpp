@@ -61,9 +61,9 @@ Expected<Project> readProject(Bytes bytes, const Report& report)
 
 Bytes writeProject(const Project& project)
 {
-    std::vector<ArchiveValue> items(project.items.begin(), project.items.end());
-    return KeyedArchiver::archivedDataWithRootObject(std::vector<ArchiveValue>{
-        std::int64_t{project.outputHeight}, std::int64_t{project.outputWidth}, std::move(items)});
+    ArchiveArray items(project.items.begin(), project.items.end());
+    return KeyedArchiver::archivedDataWithRootObject(
+        ArchiveArray{std::int64_t{project.outputHeight}, std::int64_t{project.outputWidth}, std::move(items)});
 }
 
 } // namespace wallgrid

@@ -97,11 +97,11 @@ KeyedArchiver::Uid KeyedArchiver::add(const std::shared_ptr<const Archivable>& o
     return uid;
 }
 
-KeyedArchiver::Uid KeyedArchiver::add(const std::vector<ArchiveValue>& array)
+KeyedArchiver::Uid KeyedArchiver::add(const std::shared_ptr<const ArchiveArray>& array)
 {
     const Uid uid = newEntry();
     std::vector<Ref> elements;
-    for (const ArchiveValue& element : array)
+    for (const ArchiveValue& element : *array)
         elements.push_back(m_writer.uid(add(element)));
     Record record;
     set(record, "NS.objects", m_writer.array(std::move(elements)));

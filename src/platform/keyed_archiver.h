@@ -39,7 +39,7 @@ private:
 
     Uid add(std::int64_t number);
     Uid add(const std::shared_ptr<const Archivable>& object);
-    Uid add(const std::vector<ArchiveValue>& array);
+    Uid add(const std::shared_ptr<const ArchiveArray>& array);
     Uid add(const StringRef& string);
     Uid add(const ColorRef& color);
     Uid add(const UrlRef& url);

@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <memory>
 #include <string_view>
+#include <utility>
 #include <variant>
 #include <vector>
 
@@ -25,10 +26,17 @@ public:
 };
 
 /// What a root object is made of: a number, an object, a colour, or an array of these. References are never empty. One
-/// object in several places of an array stays one object.
+/// object in several places of an array stays one object. Copying takes no memory.
+struct ArchiveValue;
+using ArchiveArray = std::vector<ArchiveValue>;
+
 struct ArchiveValue
-    : std::variant<std::int64_t, std::shared_ptr<const Archivable>, ColorRef, std::vector<ArchiveValue>> {
+    : std::variant<std::int64_t, std::shared_ptr<const Archivable>, ColorRef, std::shared_ptr<const ArchiveArray>> {
     using variant::variant;
+    ArchiveValue(ArchiveArray array) // NOLINT(google-explicit-constructor): an array is a value
+        : variant(std::make_shared<const ArchiveArray>(std::move(array)))
+    {
+    }
 };
 
 } // namespace wallgrid
