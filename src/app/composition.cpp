@@ -1,6 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "app/gx_app_delegate.h"
 
+#include "platform/bitmap_memory.h"
+
+#include <utility>
+
 namespace wallgrid {
 
 namespace {
@@ -60,11 +64,18 @@ void GXAppDelegate::compose()
     m_offscreenRep = nullptr;
     show(nullptr);
     m_offscreenRep = m_rasterComposer.compose(scene);
+    reportRefusedBitmaps();
     if (!m_offscreenRep)
         return;
     auto image = std::make_shared<Image>(Size{static_cast<double>(m_OutputWidth), static_cast<double>(m_OutputHeight)});
     image->addRepresentation(m_offscreenRep);
     show(std::move(image));
+}
+
+void GXAppDelegate::reportRefusedBitmaps()
+{
+    if (std::exchange(m_refusedBitmaps, BitmapMemory::refused()) != m_refusedBitmaps)
+        m_desktop.log.log("there is not enough memory for all pictures; some are not shown");
 }
 
 void GXAppDelegate::show(ImageRef image)

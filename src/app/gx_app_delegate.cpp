@@ -3,6 +3,7 @@
 
 #include "app/new_items.h"
 #include "app/row_drag.h"
+#include "platform/bitmap_memory.h"
 
 #include <string>
 #include <vector>
@@ -25,6 +26,7 @@ std::vector<std::string> observedProperties()
 
 GXAppDelegate::GXAppDelegate(const Desktop& desktop)
     : m_desktop(desktop)
+    , m_refusedBitmaps(BitmapMemory::refused())
     , m_self(std::make_shared<GXAppDelegate*>(this))
 {
 }

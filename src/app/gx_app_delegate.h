@@ -195,6 +195,7 @@ private:
     void buildPreview();
     void compose();
     void show(ImageRef image);
+    void reportRefusedBitmaps();
     void reloadTable();
     void insertNewItem(ItemRef item);
     void endAddSheet();
@@ -225,6 +226,7 @@ private:
     BitmapRef m_offscreenRep;
     ImageRef m_img;
     ImageView* m_pvwImageWell = nullptr; // owned by the output window
+    std::size_t m_refusedBitmaps = 0;    ///< as last reported
     bool m_shouldUpdate = false;
     bool m_hasSkippedUpdate = false;
     std::shared_ptr<GXAppDelegate*> m_self; // what pending timers know of this object; they may outlive it

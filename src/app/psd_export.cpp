@@ -2,6 +2,7 @@
 #include "app/gx_app_delegate.h"
 #include "app/layer_names.h"
 #include "app/new_items.h"
+#include "platform/bitmap_memory.h"
 #include "psd/kp_psd_writer.h"
 
 namespace wallgrid {
@@ -56,6 +57,7 @@ void GXAppDelegate::nameUnnamedItems()
 
 ByteBuffer GXAppDelegate::createPSDData(KPPSDError* error, const Report& report)
 {
+    const std::size_t refusedBefore = BitmapMemory::refused();
     nameUnnamedItems();
     const PixelRect output{0, 0, m_OutputWidth, m_OutputHeight};
     const auto writer =
@@ -70,7 +72,12 @@ ByteBuffer GXAppDelegate::createPSDData(KPPSDError* error, const Report& report)
                                     item.visible() ? 1.0F : 0.0F, layer.offset);
     }
     writer->setReport(report);
-    return writer->createPSDDataWithError(error);
+    ByteBuffer file = writer->createPSDDataWithError(error);
+    if (BitmapMemory::refused() == refusedBefore || (error && *error))
+        return file;
+    if (error)
+        *error = {KPPSDError::NotPrepared, "there is not enough memory for the pictures of all layers"};
+    return {};
 }
 
 void GXAppDelegate::savePSD()

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "app/gx_app_delegate.h"
 #include "cli/command_line.h"
+#include "platform/bitmap_memory.h"
 #include "platform/headless_desktop.h"
 #include "platform/png_encoder.h"
 
@@ -33,6 +34,7 @@ Expected<void> writePicture(const std::string& file, std::span<const std::uint8_
 
 ExitCode runExport(const ExportRequest& request, std::ostream& out, std::ostream& err)
 {
+    const std::size_t refusedBefore = BitmapMemory::refused();
     StreamLog log(err);
     HeadlessDesktop desktop(log);
     GXAppDelegate delegate(desktop.desktop());
@@ -50,6 +52,8 @@ ExitCode runExport(const ExportRequest& request, std::ostream& out, std::ostream
         delegate.setShouldUpdate(true);
         delegate.update();
     }
+    if (BitmapMemory::refused() != refusedBefore)
+        return kExitFailed; // the controller has said so
     const auto write = [&](const std::string& file, std::span<const std::uint8_t> bytes) {
         const auto written = writePicture(file, bytes, out);
         return written ? kExitDone : fail(err, file, written.error().message);

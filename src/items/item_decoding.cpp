@@ -3,7 +3,6 @@
 
 #include "items/gx_screen.h"
 #include "items/gx_still.h"
-#include "platform/bitmap_memory.h"
 #include "platform/image_file.h"
 
 #include <string_view>
@@ -12,10 +11,6 @@
 namespace wallgrid {
 
 namespace {
-
-/// A short file can ask for pictures without end. This is room for a hundred screens of ten megapixels, and filling it
-/// takes a few seconds.
-constexpr std::size_t kMostPictureBytes = std::size_t{4} << 30;
 
 Expected<ItemRef> decodeItem(const ArchivedObject& record, ImageFiles& images)
 {
@@ -38,7 +33,6 @@ Expected<ItemArray> decodeItems(const ArchivedObject& array, const Report& repor
 
     ItemArray items;
     items.reserve(records->size());
-    const std::size_t aliveBefore = BitmapMemory::alive();
     ImageFiles images;
     std::unordered_map<std::uint32_t, ItemRef> known;
     for (const ArchivedObject& record : *records) {
@@ -50,8 +44,6 @@ Expected<ItemArray> decodeItems(const ArchivedObject& array, const Report& repor
             if (!decoded)
                 return tl::unexpected(decoded.error());
             item = std::move(*decoded);
-            if (BitmapMemory::alive() - aliveBefore > kMostPictureBytes)
-                return failure("the pictures of the items take more than 4 GiB");
         }
         items.push_back(item);
     }

@@ -94,11 +94,12 @@ private:
 
 constinit KeptBlocks keptBlocks;
 constinit std::size_t aliveBytes = 0;
+constinit std::size_t refusedBlocks = 0;
 
 std::size_t& totalLimit()
 {
     static std::size_t limit =
-        static_cast<std::size_t>(sysconf(_SC_PHYS_PAGES)) / 2 * static_cast<std::size_t>(sysconf(_SC_PAGESIZE));
+        static_cast<std::size_t>(sysconf(_SC_PHYS_PAGES)) / 3 * static_cast<std::size_t>(sysconf(_SC_PAGESIZE));
     return limit;
 }
 
@@ -107,15 +108,23 @@ std::size_t available()
     return totalLimit() - std::min(aliveBytes, totalLimit());
 }
 
+BitmapMemory refusal()
+{
+    ++refusedBlocks;
+    return {};
+}
+
 } // namespace
 
 BitmapMemory BitmapMemory::allocate(std::size_t bytes, bool cleared)
 {
-    if (bytes == 0 || bytes > maximumBlock())
+    if (bytes == 0)
         return {};
+    if (bytes > maximumBlock())
+        return refusal();
     std::size_t capacity = capacityFor(bytes);
     if (capacity > available())
-        return {};
+        return refusal();
 
     std::byte* data = nullptr;
     bool zeroed = false;
@@ -138,7 +147,7 @@ BitmapMemory BitmapMemory::allocate(std::size_t bytes, bool cleared)
         }
     }
     if (!data)
-        return {};
+        return refusal();
     if (cleared && !zeroed)
         std::memset(data, 0, bytes);
     return BitmapMemory(data, capacity);
@@ -193,6 +202,11 @@ void BitmapMemory::setMaximumTotal(std::size_t bytes)
 std::size_t BitmapMemory::alive()
 {
     return aliveBytes;
+}
+
+std::size_t BitmapMemory::refused()
+{
+    return refusedBlocks;
 }
 
 } // namespace wallgrid

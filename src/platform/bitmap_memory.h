@@ -25,11 +25,14 @@ public:
 
     /// 4 GiB.
     static std::size_t maximumBlock();
-    /// Half of the machine's memory, unless it was set to something else.
+    /// A third of the machine's memory, unless it was set to something else: an export needs about as much again.
     static std::size_t maximumTotal();
     static void setMaximumTotal(std::size_t bytes);
     /// Bytes of all blocks alive now.
     static std::size_t alive();
+    /// How many blocks were refused so far. Who shows or saves pictures compares it with what it was before, and says
+    /// that some are missing.
+    static std::size_t refused();
 
 private:
     BitmapMemory(std::byte* data, std::size_t capacity);
