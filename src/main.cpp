@@ -3,11 +3,11 @@
 #include "platform/qt/qt_toolkit.h"
 #include "ui/application.h"
 
-#include <QApplication>
 #include <QGuiApplication>
 #include <csignal>
 #include <cstdlib>
 #include <iostream>
+#include <new>
 #include <variant>
 
 namespace {
@@ -42,7 +42,7 @@ struct Run {
             std::cerr << "wallgrid: there is no display to open a window on; wallgrid export needs none\n";
             return kExitFailed;
         }
-        QApplication application(argc, argv);
+        GuardedApplication application(argc, argv);
         const QtToolkit toolkit;
         return runApplication(application, request.file);
     }
@@ -71,10 +71,13 @@ struct Run {
 } // namespace
 
 int main(int argc, char** argv)
-{
+try {
     // A write past the file size limit then fails like one on a full disk, and leaves nothing behind.
     std::signal(SIGXFSZ, SIG_IGN);
     const Request request = parseCommandLine(argc, argv, std::cout, std::cerr);
     int qtArgc = 1;
     return std::visit(Run{qtArgc, argv}, request);
+} catch (const std::bad_alloc&) {
+    std::cerr << "wallgrid: there is not enough memory\n";
+    return wallgrid::kExitFailed;
 }

@@ -134,13 +134,13 @@ void UndoHistory::scheduleCommit()
 {
     if (m_commitScheduled)
         return;
-    m_commitScheduled = true;
     m_runLoop.scheduleTimer(0, [self = std::weak_ptr(m_self)] {
         if (const auto history = self.lock()) {
             (*history)->m_commitScheduled = false;
             (*history)->commit();
         }
     });
+    m_commitScheduled = true;
 }
 
 void UndoHistory::commit()

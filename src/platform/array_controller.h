@@ -10,6 +10,7 @@
 #include <memory>
 #include <optional>
 #include <set>
+#include <span>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -24,7 +25,8 @@ namespace wallgrid {
 ///
 /// Observers are told once for each change of membership and once for each change of an observed property of an
 /// object in the list, before the changing call returns. An inserted object is selected before they are told.
-/// `Object` is a KeyValueObservable. Indexes outside the list are ignored.
+/// `Object` is a KeyValueObservable. Indexes outside the list are ignored. A call that runs out of memory before it
+/// tells anyone has changed nothing.
 template <class Object>
 class ArrayController {
 public:
@@ -66,10 +68,7 @@ public:
     {
         if (!m_content || index > m_content->size())
             return;
-        watch(object);
-        m_content->insert(position(index), std::move(object));
-        select({index});
-        membershipChanged();
+        insertWatched({&object, 1}, index);
     }
 
     /// Inserts the objects one below the other, the first at the index.
@@ -77,28 +76,14 @@ public:
     {
         if (!m_content || objects.empty() || index > m_content->size())
             return;
-        Indexes inserted;
-        for (const auto& object : objects) {
-            watch(object);
-            inserted.insert(inserted.end(), index + inserted.size());
-        }
-        m_content->insert(position(index), objects.begin(), objects.end());
-        select(std::move(inserted));
-        membershipChanged();
+        insertWatched(objects, index);
     }
 
     void addObjects(const Array& objects)
     {
         if (!m_content || objects.empty())
             return;
-        Indexes added;
-        for (const auto& object : objects) {
-            watch(object);
-            added.insert(added.end(), m_content->size());
-            m_content->push_back(object);
-        }
-        select(std::move(added));
-        membershipChanged();
+        insertWatched(objects, m_content->size());
     }
 
     void removeObjectAtArrangedObjectIndex(std::size_t index) { removeObjectsAtArrangedObjectIndexes({index}); }
@@ -154,11 +139,32 @@ private:
         return m_content->begin() + static_cast<typename Array::difference_type>(index);
     }
 
+    void insertWatched(std::span<const std::shared_ptr<Object>> objects, std::size_t index)
+    {
+        Indexes inserted;
+        for (std::size_t i = 0; i < objects.size(); ++i)
+            inserted.insert(inserted.end(), index + i);
+        m_content->insert(position(index), objects.begin(), objects.end());
+        std::size_t watched = 0;
+        try {
+            for (; watched < objects.size(); ++watched)
+                watch(objects[watched]);
+        } catch (...) {
+            while (watched > 0)
+                unwatch(objects[--watched]);
+            m_content->erase(position(index), position(index + objects.size()));
+            throw;
+        }
+        select(std::move(inserted));
+        membershipChanged();
+    }
+
     void watch(const std::shared_ptr<Object>& object)
     {
         Watch& entry = m_observations[object.get()];
-        if (entry.count++ == 0)
+        if (entry.count == 0)
             entry.observation = object->observe([this](std::string_view key) { propertyChanged(key); });
+        ++entry.count;
     }
 
     void unwatch(const std::shared_ptr<Object>& object)
@@ -190,10 +196,10 @@ private:
         }
         if (removed.empty())
             return;
-        for (const auto& object : removed)
-            unwatch(object);
         if (selection.empty() && !m_selection.empty() && !kept.empty())
             selection.insert(std::min(*m_selection.begin(), kept.size() - 1));
+        for (const auto& object : removed)
+            unwatch(object);
         *m_content = std::move(kept);
         select(std::move(selection));
         membershipChanged();

@@ -11,6 +11,7 @@
 #include <memory>
 #include <new>
 #include <string_view>
+#include <system_error>
 
 namespace wallgrid {
 
@@ -106,7 +107,8 @@ bool filterRows(const Bitmap& bitmap, std::uint8_t* lines, const Report& report)
     return true;
 }
 
-/// Does the work, reporting all the while: on a thread of its own, because it cannot report itself.
+/// Does the work, reporting all the while: on a thread of its own, because it cannot report itself. Without one it is
+/// done all the same.
 template <class Work>
 bool alongside(const Report& report, double done, const Work& work)
 {
@@ -114,7 +116,13 @@ bool alongside(const Report& report, double done, const Work& work)
         work();
         return true;
     }
-    auto worker = std::async(std::launch::async, work);
+    std::future<void> worker;
+    try {
+        worker = std::async(std::launch::async, work);
+    } catch (const std::system_error&) {
+        work();
+        return true;
+    }
     bool goes = true;
     while (worker.wait_for(kReportInterval) != std::future_status::ready)
         goes = goes && report(done);

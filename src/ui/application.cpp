@@ -11,7 +11,6 @@
 #include "ui/recovery_bar.h"
 #include "ui/state_folder.h"
 
-#include <QApplication>
 #include <QFile>
 #include <QFileOpenEvent>
 #include <QIcon>
@@ -75,6 +74,12 @@ void Application::openFile(const std::string& path)
     m_mainWindow.open(Url::fromFilePath(std::filesystem::absolute(path).string()).absoluteString());
 }
 
+void Application::goOnWithoutMemory()
+{
+    m_history.takeBackUnfinished();
+    m_log.log("There was not enough memory. What was begun last has been taken back.");
+}
+
 bool Application::eventFilter(QObject* watched, QEvent* event)
 {
     if (event->type() != QEvent::FileOpen)
@@ -83,7 +88,7 @@ bool Application::eventFilter(QObject* watched, QEvent* event)
     return true;
 }
 
-int runApplication(QApplication& application, const std::optional<std::string>& file)
+int runApplication(GuardedApplication& application, const std::optional<std::string>& file)
 {
     QApplication::setApplicationDisplayName(QStringLiteral("Wallgrid"));
     QApplication::setDesktopFileName(QStringLiteral("wallgrid"));
@@ -96,6 +101,7 @@ int runApplication(QApplication& application, const std::optional<std::string>& 
     QtRecentDocuments recentDocuments(folder + "/recent.ini");
     panels.setFolder(memory.value(kFolderKey).toString());
     Application program(runLoop, panels, recentDocuments);
+    QObject::connect(&application, &GuardedApplication::ranOutOfMemory, &program, &Application::goOnWithoutMemory);
     MainWindow& window = program.mainWindow();
     window.restoreGeometry(memory.value(kGeometryKey).toByteArray());
     QObject::connect(&window, &MainWindow::panelAhead, &panels, &QtPanels::prepare);

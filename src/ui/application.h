@@ -5,6 +5,7 @@
 #include "app/undo_history.h"
 #include "platform/files.h"
 #include "ui/catch_up_run_loop.h"
+#include "ui/guarded_application.h"
 #include "ui/main_window.h"
 #include "ui/output_window.h"
 #include "ui/qt_progress.h"
@@ -14,8 +15,6 @@
 #include <memory>
 #include <optional>
 #include <string>
-
-class QApplication;
 
 namespace wallgrid {
 
@@ -36,6 +35,8 @@ public:
     void keepRecovery(const QString& folder);
     /// Opens a project as if the desktop had handed it over. The path may be relative.
     void openFile(const std::string& path);
+    /// Takes back what an event left half done and says so.
+    void goOnWithoutMemory();
 
     GXAppDelegate& delegate() { return m_delegate; }
     UndoHistory& history() { return m_history; }
@@ -61,6 +62,6 @@ private:
 };
 
 /// Runs the program until its main window is closed; gives the exit code.
-int runApplication(QApplication& application, const std::optional<std::string>& file);
+int runApplication(GuardedApplication& application, const std::optional<std::string>& file);
 
 } // namespace wallgrid

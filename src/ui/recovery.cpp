@@ -129,26 +129,26 @@ void Recovery::scheduleWriting()
 {
     if (m_writingScheduled)
         return;
-    m_writingScheduled = true;
     m_runLoop.scheduleTimer(kIntervalSeconds, [self = std::weak_ptr(m_self)] {
         if (const auto recovery = self.lock()) {
             (*recovery)->m_writingScheduled = false;
             (*recovery)->write();
         }
     });
+    m_writingScheduled = true;
 }
 
 void Recovery::write()
 {
     if (isClean() || (m_written && sameProject(*m_written, *m_history.state())))
         return;
-    m_written = m_history.state();
     // Making the bytes takes little; the disk may take long.
     m_writer.start([this, path = encoded(m_copy->file()), bytes = writeProject(m_delegate.project())] {
         const auto written = writeFileAtomically(path, bytes);
         if (!written)
             QMetaObject::invokeMethod(this, [this, line = path + ": " + written.error().message] { report(line); });
     });
+    m_written = m_history.state();
 }
 
 void Recovery::report(const std::string& message)

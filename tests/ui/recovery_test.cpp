@@ -10,8 +10,10 @@
 #include <QFileDialog>
 #include <QProcess>
 #include <QPushButton>
+#include <QStatusBar>
 #include <csignal>
 #include <cstdio>
+#include <new>
 
 using namespace wallgrid;
 
@@ -36,7 +38,7 @@ QStringList copiesIn(const QString& folder)
 
 /// The program with its windows, in a process of its own. It types 7 into the columns, waits for the copy, and says so;
 /// then it goes on until it is killed, or quits when somebody writes to it.
-int runUser(QApplication& application)
+int runUser(GuardedApplication& application)
 {
     auto* timer = new QTimer(&application);
     const qsizetype others = copiesIn(stateFolder()).size();
@@ -221,11 +223,44 @@ private slots:
         QCOMPARE(program.copies(folder), 0);
         QCOMPARE(changed(9), 1);
     }
+
+    void anEventWithoutMemoryIsTakenBackWhole()
+    {
+        struct Thrower : QObject {
+            bool event(QEvent*) override { throw std::bad_alloc(); }
+        } thrower;
+        ProgramUnderTest program;
+        connect(qobject_cast<GuardedApplication*>(qApp), &GuardedApplication::ranOutOfMemory, &program.application,
+                &Application::goOnWithoutMemory);
+        const auto outputAfter = [&](const std::function<void()>& handler) {
+            QTimer::singleShot(0, &program.application, handler);
+            QCoreApplication::processEvents();
+            program.settle();
+            return QSize(program.delegate().OutputWidth(), program.delegate().OutputHeight());
+        };
+        const QSize launched = outputAfter([] {});
+        QCOMPARE(outputAfter([&] {
+                     program.delegate().setOutputWidth(5);
+                     throw std::bad_alloc();
+                 }),
+                 launched);
+        QVERIFY(program.window().statusBar()->currentMessage().contains("memory"));
+        QCOMPARE(outputAfter([&] {
+                     program.delegate().setOutputWidth(5);
+                     QEvent within(QEvent::User);
+                     QCoreApplication::sendEvent(&thrower, &within);
+                     program.delegate().setOutputHeight(6);
+                 }),
+                 launched);
+        QVERIFY(!program.application.history().undoable());
+        QCOMPARE(outputAfter([&] { program.delegate().setOutputWidth(5); }), QSize(5, launched.height()));
+        QVERIFY(program.application.history().undoable());
+    }
 };
 
 int main(int argc, char** argv)
 {
-    QApplication application(argc, argv);
+    GuardedApplication application(argc, argv);
     if (application.arguments().value(1) == "--as-user") {
         const QtToolkit toolkit;
         return runUser(application);
