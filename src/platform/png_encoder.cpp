@@ -1,17 +1,14 @@
 // SPDX-License-Identifier: MIT
 #include "platform/png_encoder.h"
 
-#include "platform/zeroed_pages.h"
+#include "platform/run_deflater.h"
 
 #include <algorithm>
-#include <chrono>
+#include <array>
 #include <cstring>
-#include <future>
 #include <libdeflate.h>
-#include <memory>
 #include <new>
 #include <string_view>
-#include <system_error>
 
 namespace wallgrid {
 
@@ -19,30 +16,19 @@ namespace {
 
 using Bytes = std::vector<std::uint8_t>;
 
-/// Of libdeflate. On composed rasters levels 2 to 6 take the same time, because what is flat is found at once; from 5
-/// on the files are smaller than those of zlib's default level, which takes more than three times as long.
-constexpr int kCompressionLevel = 5;
-
 /// PNG filter type 2: each byte less the byte above it. A map's rows mostly repeat, and so become zeros.
 constexpr std::uint8_t kFilterUp = 2;
 
 /// So many pixels at a time are compared with those above them.
 constexpr std::size_t kPiece = 256;
 
-/// A chunk's length stays below 2³¹; one is enough for all but noise.
-constexpr std::size_t kLargestChunk = std::size_t(1) << 30;
+/// About so many compressed bytes make a chunk.
+constexpr std::size_t kChunk = std::size_t(1) << 18;
 
 constexpr int kRowsAReport = 64;
-constexpr std::chrono::milliseconds kReportInterval{30};
-/// Of the time that a file takes.
-constexpr double kFilterShare = 0.15;
 
 struct Rgba {
     std::uint8_t r, g, b, a;
-};
-
-struct FreeCompressor {
-    void operator()(libdeflate_compressor* compressor) const { libdeflate_free_compressor(compressor); }
 };
 
 void append32(Bytes& out, std::size_t value)
@@ -79,94 +65,72 @@ void straighten(std::span<const Pixel> row, std::span<Rgba> straightened)
     });
 }
 
-/// The scan lines: a filter type byte before each row. Whatever looks like the piece above it is left as the zeros that
-/// `lines` holds anyway. False when the report stops it.
-bool filterRows(const Bitmap& bitmap, std::uint8_t* lines, const Report& report)
-{
-    const auto width = static_cast<std::size_t>(bitmap.width());
-    std::vector<Rgba> above(width), straightened(std::min(width, kPiece));
-    for (int y = 0; y < bitmap.height(); ++y) {
-        if (y % kRowsAReport == 0 && !goesOn(report, static_cast<double>(y) / bitmap.height()))
-            return false;
-        *lines++ = kFilterUp;
-        const auto row = bitmap.row(y);
-        for (std::size_t x = 0; x < width; x += kPiece) {
-            const auto piece = row.subspan(x, std::min(kPiece, width - x));
-            if (y > 0 && std::memcmp(piece.data(), bitmap.row(y - 1).data() + x, piece.size_bytes()) == 0)
-                continue;
-            straighten(piece, straightened);
-            const auto* const bytes = reinterpret_cast<const std::uint8_t*>(straightened.data());
-            auto* const bytesAbove = reinterpret_cast<std::uint8_t*>(above.data() + x);
-            std::uint8_t* const filtered = lines + x * sizeof(Rgba);
-            for (std::size_t i = 0; i < piece.size_bytes(); ++i)
-                filtered[i] = static_cast<std::uint8_t>(bytes[i] - bytesAbove[i]);
-            std::copy_n(bytes, piece.size_bytes(), bytesAbove);
-        }
-        lines += bitmap.bytesPerRow();
+/// Gives scan lines to the compressor, one after the other: a filter type byte before each row.
+class ScanLines {
+public:
+    explicit ScanLines(const Bitmap& bitmap)
+        : m_bitmap(bitmap)
+        , m_above(static_cast<std::size_t>(bitmap.width()))
+    {
     }
-    return true;
-}
 
-/// Does the work, reporting all the while: on a thread of its own, because it cannot report itself. Without one it is
-/// done all the same.
-template <class Work>
-bool alongside(const Report& report, double done, const Work& work)
-{
-    if (!report) {
-        work();
-        return true;
+    void deflate(int y, RunDeflater& deflater)
+    {
+        deflater.addByte(kFilterUp);
+        for (std::size_t x = 0; x < m_above.size(); x += kPiece) {
+            const auto piece = m_bitmap.row(y).subspan(x, std::min(kPiece, m_above.size() - x));
+            if (y > 0 && std::memcmp(piece.data(), m_bitmap.row(y - 1).data() + x, piece.size_bytes()) == 0)
+                deflater.addZeroGroups(piece.size());
+            else
+                deflater.addGroups(filtered(piece, std::span(m_above).subspan(x, piece.size())));
+        }
     }
-    std::future<void> worker;
-    try {
-        worker = std::async(std::launch::async, work);
-    } catch (const std::system_error&) {
-        work();
-        return true;
+
+private:
+    /// Leaves the piece above the next one.
+    std::span<const RunDeflater::Group> filtered(std::span<const Pixel> piece, std::span<Rgba> above)
+    {
+        straighten(piece, m_straightened);
+        const auto* const bytes = reinterpret_cast<const std::uint8_t*>(m_straightened.data());
+        auto* const bytesAbove = reinterpret_cast<std::uint8_t*>(above.data());
+        auto* const difference = reinterpret_cast<std::uint8_t*>(m_filtered.data());
+        for (std::size_t i = 0; i < above.size_bytes(); ++i)
+            difference[i] = static_cast<std::uint8_t>(bytes[i] - bytesAbove[i]);
+        std::copy_n(bytes, above.size_bytes(), bytesAbove);
+        return std::span(m_filtered).first(piece.size());
     }
-    bool goes = true;
-    while (worker.wait_for(kReportInterval) != std::future_status::ready)
-        goes = goes && report(done);
-    worker.get();
-    return goes;
-}
+
+    const Bitmap& m_bitmap;
+    std::vector<Rgba> m_above; ///< the row before, with straight alpha
+    std::array<Rgba, kPiece> m_straightened;
+    std::array<RunDeflater::Group, kPiece> m_filtered;
+};
 
 } // namespace
 
 Expected<Bytes> encodePng(const Bitmap& bitmap, const Report& report)
 try {
-    const auto width = static_cast<std::size_t>(bitmap.width());
-    const auto height = static_cast<std::size_t>(bitmap.height());
-
-    const std::size_t size = height * (1 + bitmap.bytesPerRow());
-    ZeroedPages lines(size);
-    if (!filterRows(bitmap, lines.data(), partOf(report, 0, kFilterShare)))
-        return cancelled();
-
-    const std::unique_ptr<libdeflate_compressor, FreeCompressor> compressor(
-        libdeflate_alloc_compressor(kCompressionLevel));
-    if (!compressor)
-        throw std::bad_alloc();
-    const std::size_t bound = libdeflate_zlib_compress_bound(compressor.get(), size);
-    ZeroedPages compressed(bound);
-    std::size_t compressedSize = 0;
-    const bool goes = alongside(report, kFilterShare, [&] {
-        compressedSize = libdeflate_zlib_compress(compressor.get(), lines.data(), size, compressed.data(), bound);
-    });
-    if (!goes)
-        return cancelled();
-    lines = {};
-
     Bytes header;
-    append32(header, width);
-    append32(header, height);
+    append32(header, static_cast<std::size_t>(bitmap.width()));
+    append32(header, static_cast<std::size_t>(bitmap.height()));
     // bit depth 8, colour type 6 (truecolour with alpha), compression 0 (deflate), filters 0, interlace 0 (none)
     header.insert(header.end(), {8, 6, 0, 0, 0});
 
     Bytes out{0x89, 'P', 'N', 'G', '\r', '\n', 0x1A, '\n'};
-    out.reserve(compressedSize + 64);
     appendChunk(out, "IHDR", header);
-    for (std::size_t done = 0; done < compressedSize; done += kLargestChunk)
-        appendChunk(out, "IDAT", {compressed.data() + done, std::min(kLargestChunk, compressedSize - done)});
+    RunDeflater deflater;
+    ScanLines lines(bitmap);
+    for (int y = 0; y < bitmap.height(); ++y) {
+        if (y % kRowsAReport == 0 && !goesOn(report, static_cast<double>(y) / bitmap.height()))
+            return cancelled();
+        lines.deflate(y, deflater);
+        if (deflater.output().size() >= kChunk) {
+            appendChunk(out, "IDAT", deflater.output());
+            deflater.output().clear();
+        }
+    }
+    deflater.finish();
+    appendChunk(out, "IDAT", deflater.output());
     appendChunk(out, "IEND", {});
     return out;
 } catch (const std::bad_alloc&) {
