@@ -15,11 +15,19 @@ namespace wallgrid {
 namespace {
 
 constexpr off_t kMaximumFileSize = off_t{1} << 30;
+constexpr auto kNotRegular = "not a regular file";
 constexpr std::size_t kBytesAReport = std::size_t{16} << 20;
 
 std::string systemMessage(int error)
 {
     return std::generic_category().message(error);
+}
+
+/// To open a device may set something off already, and to open a FIFO wakes who waits at its other end.
+bool isSpecial(const std::string& path)
+{
+    struct stat info {};
+    return ::stat(path.c_str(), &info) == 0 && !S_ISREG(info.st_mode);
 }
 
 class FileDescriptor {
@@ -78,13 +86,15 @@ mode_t defaultMode()
 
 Expected<Bytes> readFile(const std::string& path)
 {
-    // O_NONBLOCK: opening a FIFO must not wait for a writer.
-    const FileDescriptor file(::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
+    if (isSpecial(path))
+        return failure(kNotRegular);
+    // O_NONBLOCK: opening a FIFO that has just come must not wait for a writer.
+    const FileDescriptor file(::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY));
     struct stat info {};
     if (file.get() < 0 || ::fstat(file.get(), &info) != 0)
         return failure(systemMessage(errno));
     if (!S_ISREG(info.st_mode))
-        return failure("not a regular file");
+        return failure(kNotRegular);
     if (info.st_size > kMaximumFileSize)
         return failure("the file is larger than 1 GiB");
 
@@ -115,7 +125,7 @@ Expected<void> writeFileAtomically(const std::string& path, std::span<const std:
     struct stat info {};
     if (::stat(resolved.c_str(), &info) == 0) {
         if (!S_ISREG(info.st_mode))
-            return failure("not a regular file");
+            return failure(kNotRegular);
         mode = info.st_mode & 07777;
     }
 
@@ -139,13 +149,15 @@ Expected<void> writeFileAtomically(const std::string& path, std::span<const std:
 
 Expected<void> writeFile(const std::string& path, std::span<const std::uint8_t> bytes, const Report& report)
 {
-    // O_NONBLOCK: opening a FIFO must not wait for a reader.
-    FileDescriptor file(::open(path.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC | O_NONBLOCK, 0666));
+    if (isSpecial(path))
+        return failure(kNotRegular);
+    // O_NONBLOCK: opening a FIFO that has just come must not wait for a reader.
+    FileDescriptor file(::open(path.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC | O_NONBLOCK | O_NOCTTY, 0666));
     struct stat info {};
     if (file.get() < 0 || ::fstat(file.get(), &info) != 0)
         return failure(systemMessage(errno));
     if (!S_ISREG(info.st_mode))
-        return failure("not a regular file");
+        return failure(kNotRegular);
     if (::ftruncate(file.get(), 0) == 0 && writeAll(file.get(), bytes, report) && file.close())
         return {};
     const int reason = errno;

@@ -13,7 +13,8 @@ namespace wallgrid {
 
 using Bytes = std::vector<std::uint8_t>;
 
-/// The whole of a regular file. Devices, FIFOs, folders and files above 1 GiB are refused without being read.
+/// The whole of a regular file. Devices, FIFOs and folders are refused without being opened, files above 1 GiB
+/// without being read.
 Expected<Bytes> readFile(const std::string& path);
 
 /// Writes a new file beside the target, flushes it to the disk and renames it over the target: whoever looks finds
