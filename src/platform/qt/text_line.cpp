@@ -38,17 +38,18 @@ const QFont& systemFont()
 }
 
 /// The outline on a baseline at 0. Loading glyphs is most of what a short text costs, and a wall of equal screens has
-/// the same few texts everywhere.
+/// the same few texts everywhere. What is kept is counted in elements, of about 50 bytes each, some 30 a letter: texts
+/// may be long.
 QPainterPath outlineOf(const QByteArray& text)
 {
-    constexpr int kMostKept = 64;
-    static QCache<QByteArray, QPainterPath> kept(kMostKept);
+    constexpr int kMostElements = 20'000;
+    static QCache<QByteArray, QPainterPath> kept(kMostElements);
     if (const QPainterPath* known = kept.object(text))
         return *known;
     QPainterPath outline;
     outline.setFillRule(Qt::WindingFill);
     outline.addText(0, 0, systemFont(), QString::fromUtf8(text));
-    kept.insert(text, new QPainterPath(outline));
+    kept.insert(text, new QPainterPath(outline), std::max(1, outline.elementCount()));
     return outline;
 }
 
