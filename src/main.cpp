@@ -8,19 +8,32 @@
 #include <cstdlib>
 #include <iostream>
 #include <new>
+#include <string>
+#include <unistd.h>
 #include <variant>
 
 namespace {
 
 using namespace wallgrid;
 
+bool isSet(const char* name)
+{
+    const char* const value = std::getenv(name);
+    return value && *value;
+}
+
 bool hasDisplay()
 {
-    for (const char* name : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"}) {
-        if (const char* value = std::getenv(name); value && *value)
-            return true;
-    }
-    return false;
+    return isSet("DISPLAY") || isSet("WAYLAND_DISPLAY") || isSet("QT_QPA_PLATFORM");
+}
+
+/// Where a session has no bus, libdbus would run a program that starts one.
+void startNoSessionBus()
+{
+    const char* const runtime = std::getenv("XDG_RUNTIME_DIR");
+    if (!isSet("DBUS_SESSION_BUS_ADDRESS") &&
+        (!runtime || ::access((std::string(runtime) + "/bus").c_str(), F_OK) != 0))
+        ::setenv("DBUS_SESSION_BUS_ADDRESS", "disabled:", 1);
 }
 
 /// Standard error belongs to the one line that says what failed; Qt's remarks about the session do not.
@@ -42,6 +55,7 @@ struct Run {
             std::cerr << "wallgrid: there is no display to open a window on; wallgrid export needs none\n";
             return kExitFailed;
         }
+        startNoSessionBus();
         GuardedApplication application(argc, argv);
         const QtToolkit toolkit;
         return runApplication(application, request.file);

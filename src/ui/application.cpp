@@ -94,6 +94,8 @@ int runApplication(GuardedApplication& application, const std::optional<std::str
     QApplication::setDesktopFileName(QStringLiteral("wallgrid"));
     QApplication::setWindowIcon(QIcon(QStringLiteral(":/wallgrid.png")));
     const QString folder = stateFolder();
+    // File and colour panels keep what they remember where the window does, not in a file of all Qt programs.
+    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, folder);
     QSettings memory(folder + "/window.ini", QSettings::IniFormat);
     AppearanceAction appearance(application, memory);
     QtRunLoop runLoop;

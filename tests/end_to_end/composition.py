@@ -60,10 +60,11 @@ class Still:
         return premultiplied(self.pixels[y * self.width + x])
 
     def archive(self, archive, label):
+        location = str(self.path) if "://" in str(self.path) else f"file://{self.path}"
         return archive.item("GXStill", {
             "panelwidth": self.width, "panelheight": self.height, "screenwidth": self.width,
             "screenheight": self.height, "visible": self.visible, "xpoint": self.x, "ypoint": self.y,
-            "boarderwidth": 1, "label": archive.add(label), "imageURL": archive.url("file://" + str(self.path))})
+            "boarderwidth": 1, "label": archive.add(label), "imageURL": archive.url(location)})
 
 
 def compose(width, height, items, ground=(0, 0, 0, 255)):
