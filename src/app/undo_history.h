@@ -48,6 +48,7 @@ public:
     const DocumentStateRef& state() const { return m_steps[m_current].state; }
     /// Calls the handler after steps were made, taken back, done again or forgotten.
     void addObserver(std::function<void()> handler) { m_observers.push_back(std::move(handler)); }
+    std::size_t observers() const { return m_observers.size(); }
 
 private:
     struct Selection {

@@ -64,6 +64,9 @@ public:
     /// Calls the handler after the set of selected rows, or the objects they hold, may have changed.
     void addSelectionObserver(std::function<void()> handler) { m_selectionObservers.push_back(std::move(handler)); }
 
+    /// How many handlers there are, of both kinds.
+    std::size_t observers() const { return m_observers.size() + m_selectionObservers.size(); }
+
     void insertObjectAtArrangedObjectIndex(std::shared_ptr<Object> object, std::size_t index)
     {
         if (!m_content || index > m_content->size())

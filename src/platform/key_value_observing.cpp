@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/key_value_observing.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace wallgrid {
@@ -11,6 +12,12 @@ KeyValueObservable::Observation KeyValueObservable::observe(Handler handler)
     std::erase_if(m_handlers, [](const auto& entry) { return entry.expired(); });
     m_handlers.push_back(shared);
     return Observation(std::move(shared));
+}
+
+std::size_t KeyValueObservable::observers() const
+{
+    return static_cast<std::size_t>(
+        std::count_if(m_handlers.begin(), m_handlers.end(), [](const auto& entry) { return !entry.expired(); }));
 }
 
 void KeyValueObservable::didChangeValue(std::string_view key)

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <cstddef>
 #include <functional>
 #include <memory>
 #include <string_view>
@@ -29,6 +30,8 @@ public:
     };
 
     [[nodiscard]] Observation observe(Handler handler);
+    /// How many handlers are registered.
+    std::size_t observers() const;
 
 protected:
     KeyValueObservable() = default;

@@ -89,6 +89,17 @@ void RandomUser::act()
     QCoreApplication::processEvents();
 }
 
+void RandomUser::startAnew()
+{
+    GXAppDelegate& delegate = m_program.delegate();
+    delegate.setPresetScreensArray(std::make_shared<ItemArray>(ItemArray{makeScreen(u"preset")}));
+    delegate.setBgColor(nullptr);
+    delegate.loadProject({300, 400, {makeScreen(u"one"), makeScreen(u"two")}});
+    m_program.settle();
+    m_program.application.history().start();
+    m_program.settle();
+}
+
 GXItem* RandomUser::anyLayer()
 {
     const ItemArray& layers = *m_program.delegate().allScreensArray();

@@ -19,6 +19,8 @@ public:
 
     /// One of all the things, and what follows of it in the run loop.
     void act();
+    /// The same document, presets and empty history each time.
+    void startAnew();
 
 private:
     std::size_t below(std::size_t count) { return m_random() % count; }
