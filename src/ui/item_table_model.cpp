@@ -2,6 +2,7 @@
 #include "ui/item_table_model.h"
 
 #include "ui/image_file_name.h"
+#include "ui/picture_icon.h"
 #include "ui/preview/scaled_picture.h"
 #include "ui/shown_text.h"
 
@@ -33,15 +34,11 @@ QIcon renderThumbnail(const Image& image)
     painter.drawImage(target, scaledPicture(*image.firstRepresentation(), target.size(), Coverage::Strongest));
     painter.end();
     pixmap.setDevicePixelRatio(ratio);
-    // Styles tint the icons of selected rows unless there is one for them.
-    QIcon icon(pixmap);
-    icon.addPixmap(pixmap, QIcon::Selected);
-    return icon;
+    return pictureIcon(pixmap);
 }
 
 QIcon missingIcon()
 {
-    QIcon icon;
     const QIcon sign = QApplication::style()->standardIcon(QStyle::SP_MessageBoxWarning);
     const qreal ratio = qGuiApp->devicePixelRatio();
     QPixmap pixmap((ItemTableModel::thumbnailSize().toSizeF() * ratio).toSize());
@@ -53,9 +50,7 @@ QIcon missingIcon()
     sign.paint(&painter, place);
     painter.end();
     pixmap.setDevicePixelRatio(ratio);
-    for (const auto mode : {QIcon::Normal, QIcon::Selected})
-        icon.addPixmap(pixmap, mode);
-    return icon;
+    return pictureIcon(pixmap);
 }
 
 QString missingText(const QString& file, int role)
