@@ -11,6 +11,7 @@ void addGrids(std::vector<Ratio>& ratios);
 void addRings(std::vector<Ratio>& ratios);
 void addPng(std::vector<Ratio>& ratios);
 void addPsd(std::vector<Ratio>& ratios);
+void addOpening(std::vector<Ratio>& ratios);
 void addArchives(std::vector<Ratio>& ratios);
 void addPreview(std::vector<Ratio>& ratios);
 void addUndo(std::vector<Ratio>& ratios);

@@ -18,6 +18,7 @@ int main(int argc, char** argv)
     addPng(ratios);
     addPsd(ratios);
     addArchives(ratios);
+    addOpening(ratios);
     addPreview(ratios);
     addUndo(ratios);
     return runRatios(argc, argv, ratios);

@@ -107,8 +107,8 @@ void composePart(const BitmapRef& raster, const RasterScene& scene, const PixelR
 
 bool RasterComposer::Composed::operator==(const Composed& other) const
 {
-    return frame == other.frame && size == other.size && !image.owner_before(other.image) &&
-           !other.image.owner_before(image);
+    return frame == other.frame && size == other.size && !bitmap.owner_before(other.bitmap) &&
+           !other.bitmap.owner_before(bitmap);
 }
 
 BitmapRef RasterComposer::compose(const RasterScene& scene)
@@ -118,7 +118,7 @@ BitmapRef RasterComposer::compose(const RasterScene& scene)
     const Ground ground{fill, scene.edge ? scene.edge->pixel() : fill};
     std::vector<Composed> pictures;
     for (const auto& [image, frame] : scene.pictures)
-        pictures.push_back({image, image->size(), frame, intersection(frame, bounds)});
+        pictures.push_back({image->firstRepresentation(), image->size(), frame, intersection(frame, bounds)});
 
     // Not kept while it is drawn on: nothing is built upon a raster whose composition an exception ended.
     BitmapRef raster = std::exchange(m_raster, nullptr);

@@ -39,9 +39,9 @@ private:
         Pixel edge;
         bool operator==(const Ground&) const = default;
     };
-    /// What is remembered of a picture: an image that is the same one and has the same size shows the same.
+    /// What is remembered of a picture: a bitmap that is the same one, scaled to the same size, shows the same.
     struct Composed {
-        std::weak_ptr<const Image> image;
+        std::weak_ptr<const Bitmap> bitmap;
         Size size;
         PixelRect frame;
         PixelRect shown; ///< the part of the frame that is on the raster

@@ -5,6 +5,7 @@
 #include "platform/bitmap.h"
 #include "platform/error.h"
 
+#include <array>
 #include <cstdint>
 #include <memory>
 #include <string>
@@ -17,8 +18,8 @@ class GraphicsContext;
 using ScreenRef = std::shared_ptr<GXScreen>;
 
 /// One LED wall on the output raster: a grid of `col` by `row` identical panels whose top-left corner sits at
-/// (`xpoint`, `ypoint`). It renders itself into a bitmap of exactly its own pixel size; each render makes a new bitmap
-/// and a new thumbnail, so a picture handed out before keeps its pixels.
+/// (`xpoint`, `ypoint`). It renders itself into a bitmap of exactly its own pixel size; each render makes a new
+/// thumbnail, and a new bitmap unless it would look the same, so a picture handed out before keeps its pixels.
 class GXScreen final : public GXItem {
 public:
     /// The default screen: 5 × 5 red panels of 48 × 48 with white frames, rendered.
@@ -43,11 +44,22 @@ public:
     GX_PROPERTY(std::vector<std::u16string>, PositionArray, PositionArray)
 
 private:
+    /// All that a picture of the screen depends on.
+    struct Look {
+        std::array<std::int32_t, 10> lengths{};
+        std::array<bool, 5> switches{};
+        std::array<ColorRef, 3> colors;
+        bool operator==(const Look&) const = default;
+    };
+
+    Look look() const;
+    BitmapRef drawn() const;
     void drawPanels(GraphicsContext& context) const;
     void drawTexts(GraphicsContext& context) const;
     void drawCircle(GraphicsContext& context) const;
 
     BitmapRef m_offscreenRep;
+    Look m_drawnLook; ///< of m_offscreenRep
 };
 
 } // namespace wallgrid

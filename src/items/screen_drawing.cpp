@@ -27,22 +27,44 @@ void GXScreen::drawInRect()
 {
     m_screenSizeHeight = wrappedProduct(m_row, m_panelHeight);
     m_screenSizeWidth = wrappedProduct(m_col, m_panelWidth);
+    Look now = look();
+    if (m_offscreenRep && m_thumbnail && m_thumbnail->firstRepresentation() == m_offscreenRep && now == m_drawnLook) {
+        m_thumbnail = std::make_shared<Image>(*m_thumbnail);
+        return;
+    }
     // The old picture goes first: unless somebody else holds it, its memory serves the new one.
     m_offscreenRep = nullptr;
     m_thumbnail = nullptr;
+    m_offscreenRep = drawn();
+    m_drawnLook = std::move(now);
+    m_thumbnail =
+        std::make_shared<Image>(Size{static_cast<double>(m_screenSizeWidth), static_cast<double>(m_screenSizeHeight)});
+    m_thumbnail->addRepresentation(m_offscreenRep);
+}
+
+GXScreen::Look GXScreen::look() const
+{
+    // The place shows only in the text that names it.
+    return {{m_row, m_col, m_panelWidth, m_panelHeight, m_boarderWidth, m_circleBWidth, m_screenFontSize, m_XYFontSize,
+             m_XYFontEnable ? m_xpoint : 0, m_XYFontEnable ? m_ypoint : 0},
+            {m_bgEnable, m_BoarderEnable, m_screenFontEnable, m_XYFontEnable, m_CircleEnable},
+            {m_rectColor, m_boarderColor, m_circleColor}};
+}
+
+/// Empty when there is nothing to draw, or no memory.
+BitmapRef GXScreen::drawn() const
+{
     // Panels paint every pixel, unless their number and their size are both negative.
     const bool painted = m_row > 0 && m_col > 0;
-    m_offscreenRep = Bitmap::create(m_screenSizeWidth, m_screenSizeHeight,
-                                    painted ? Bitmap::Contents::Undefined : Bitmap::Contents::Cleared);
-    if (m_offscreenRep) {
-        GraphicsContext context(m_offscreenRep);
+    BitmapRef bitmap = Bitmap::create(m_screenSizeWidth, m_screenSizeHeight,
+                                      painted ? Bitmap::Contents::Undefined : Bitmap::Contents::Cleared);
+    if (bitmap) {
+        GraphicsContext context(bitmap);
         drawPanels(context);
         drawTexts(context);
         drawCircle(context);
     }
-    m_thumbnail =
-        std::make_shared<Image>(Size{static_cast<double>(m_screenSizeWidth), static_cast<double>(m_screenSizeHeight)});
-    m_thumbnail->addRepresentation(m_offscreenRep);
+    return bitmap;
 }
 
 void GXScreen::drawPanels(GraphicsContext& context) const

@@ -38,9 +38,10 @@ void Image::addRepresentation(BitmapRef bitmap)
         m_representations.push_back(std::move(bitmap));
 }
 
-BitmapRef Image::firstRepresentation() const
+const BitmapRef& Image::firstRepresentation() const
 {
-    return m_representations.empty() ? nullptr : m_representations.front();
+    static const BitmapRef none;
+    return m_representations.empty() ? none : m_representations.front();
 }
 
 bool Image::isOpaque() const

@@ -30,7 +30,7 @@ public:
     void addRepresentation(BitmapRef bitmap);
     const std::vector<BitmapRef>& representations() const { return m_representations; }
     /// Empty when there is none.
-    BitmapRef firstRepresentation() const;
+    const BitmapRef& firstRepresentation() const;
     /// Whether the first representation hides all that lies below it. Looked up in its pixels once.
     bool isOpaque() const;
 

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <bit>
+#include <cstring>
 #include <limits>
 
 namespace wallgrid {
@@ -11,7 +12,14 @@ PlistObject::PlistObject(const PropertyList& list, std::uint32_t index)
     : m_list(&list)
     , m_index(index)
 {
-    list.readHeader(list.position(index), m_header); // cannot fail: open() has read each header
+    const std::uint64_t position = list.position(index);
+    const std::uint8_t marker = list.m_bytes[position];
+    // open() has read each header, so it cannot fail. Nearly all are short strings: the keys, each looked at for each
+    // field.
+    if (const unsigned low = marker & 15U; marker >> 4 == 0x5 && low < 15)
+        m_header = {Kind::AsciiString, static_cast<std::uint32_t>(position + 1), low};
+    else
+        list.readHeader(position, m_header);
 }
 
 std::uint64_t PlistObject::number() const
@@ -74,8 +82,7 @@ bool PlistObject::isText(std::string_view ascii) const
     if (!isString() || size() != ascii.size())
         return false;
     if (kind() == Kind::AsciiString)
-        return std::equal(ascii.begin(), ascii.end(), data().begin(),
-                          [](char a, std::uint8_t b) { return static_cast<unsigned char>(a) == b; });
+        return std::memcmp(ascii.data(), data().data(), ascii.size()) == 0;
     for (std::uint32_t i = 0; i < size(); ++i) {
         if (unit(i) != static_cast<unsigned char>(ascii[i]))
             return false;

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "items/gx_screen.h"
+#include "picture.h"
 
 #include <gtest/gtest.h>
 #include <limits>
@@ -218,4 +219,34 @@ TEST(GXScreen, CopySharesAndGetsItsCaptionsBack)
     copy->drawInRect();
     EXPECT_NE(copy->thumbnail(), source->thumbnail());
     EXPECT_EQ(copy->thumbnail()->size(), (Size{6, 6}));
+}
+TEST(GXScreen, AnEditShowsLikeAScreenThatWasNeverDrawnBefore)
+{
+    const ScreenRef screen = GXScreen::init();
+    for (const char* shown : {"screenFontEnable", "XYFontEnable", "CircleEnable"})
+        for (const GXItem::Field& field : GXItem::fields())
+            if (field.property == shown)
+                screen->setValue(field, true);
+    for (const GXItem::Field& field : GXItem::fields()) {
+        SCOPED_TRACE(field.property);
+        screen->drawInRect();
+        const BitmapRef before = screen->thumbnail()->firstRepresentation();
+        const GXItem::FieldValue old = screen->value(field);
+        if (std::holds_alternative<std::int32_t>(old))
+            screen->setValue(field, std::get<std::int32_t>(old) + 3);
+        else if (std::holds_alternative<bool>(old))
+            screen->setValue(field, !std::get<bool>(old));
+        else if (std::holds_alternative<ColorRef>(old))
+            screen->setValue(field, Color::calibratedRGB(0, 0.5, 1));
+        screen->drawInRect();
+        const ItemRef fresh = screen->copy();
+        fresh->releasePicture();
+        fresh->drawInRect();
+        const BitmapRef now = screen->thumbnail()->firstRepresentation();
+        EXPECT_TRUE(test::samePicture(now, fresh->thumbnail()->firstRepresentation()));
+        // What is outside the picture leaves the bitmap as it is.
+        const bool outside =
+            field.property == "visible" || field.property == "label" || field.property.starts_with("screenSize");
+        EXPECT_EQ(now == before, outside);
+    }
 }
