@@ -12,6 +12,8 @@ void addRings(std::vector<Ratio>& ratios);
 void addPng(std::vector<Ratio>& ratios);
 void addPsd(std::vector<Ratio>& ratios);
 void addOpening(std::vector<Ratio>& ratios);
+void addPackedBits(std::vector<Ratio>& ratios);
+void addMemory(std::vector<Ratio>& ratios);
 void addArchives(std::vector<Ratio>& ratios);
 void addPreview(std::vector<Ratio>& ratios);
 void addUndo(std::vector<Ratio>& ratios);

@@ -17,6 +17,8 @@ int main(int argc, char** argv)
     addRings(ratios);
     addPng(ratios);
     addPsd(ratios);
+    addPackedBits(ratios);
+    addMemory(ratios);
     addArchives(ratios);
     addOpening(ratios);
     addPreview(ratios);

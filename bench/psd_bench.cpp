@@ -1,214 +1,149 @@
 // SPDX-License-Identifier: MIT
 #include "benchmarks.h"
 #include "documents.h"
-#include "items/gx_screen.h"
-#include "plain_packed_bits.h"
 #include "plain_psd.h"
-#include "psd/packed_rows.h"
+#include "platform/file.h"
+#include "same_bytes.h"
 
-#include <algorithm>
-#include <array>
-#include <cstdio>
-#include <cstdlib>
+#include <fcntl.h>
+#include <filesystem>
 #include <functional>
 #include <memory>
-#include <random>
+#include <unistd.h>
 
 namespace wallgrid::bench {
 
 namespace {
 
-/// A yardstick that does other work than ours measures nothing.
-void requireSame(std::span<const std::uint8_t> ours, std::span<const std::uint8_t> plain, const std::string& what)
-{
-    if (std::ranges::equal(ours, plain))
-        return;
-    std::fprintf(stderr, "%s: the bytes differ from those made the plain way\n", what.c_str());
-    std::exit(2);
-}
+struct Task {
+    std::string size;
+    int width;
+    int height;
+    int screens;
+    double bytesAtMost;  ///< of the plain encoder's time
+    double exportAtMost; ///< the same, with the merged image
+    double fileAtMost;   ///< of one write()
+};
 
-// The whole file ---------------------------------------------------------------------------------------------------
-
+/// What is measured, and the file it gives.
 struct Export {
-    Export(int width, int height, int screens)
-        : document(width, height, screens)
+    explicit Export(const Task& task)
+        : document(task.width, task.height, task.screens)
         , writer(document.psdWriter())
+        , finished(writer->createPSDData())
     {
+        requireSame(finished, plainPsd(*writer), "PSD " + task.size);
     }
 
     Document document;
     std::shared_ptr<KPPSDWriter> writer;
+    ByteBuffer finished;
 };
 
-void addExport(std::vector<Ratio>& ratios, const std::string& name, int width, int height, int screens,
-               double fileAtMost, double exportAtMost)
+/// A new file on the disk where temporary files are. What it takes to remove it again is not measured.
+class NewFile {
+public:
+    explicit NewFile(benchmark::State* state)
+        : m_state(state)
+        , m_path(std::filesystem::temp_directory_path() / ("wallgrid-bench-" + std::to_string(getpid()) + ".psd"))
+        , m_fd(::open(m_path.c_str(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, 0600))
+    {
+        require(m_fd >= 0);
+    }
+    NewFile(const NewFile&) = delete;
+    NewFile& operator=(const NewFile&) = delete;
+    ~NewFile()
+    {
+        ::close(m_fd);
+        if (m_state)
+            m_state->PauseTiming();
+        std::filesystem::remove(m_path);
+        if (m_state)
+            m_state->ResumeTiming();
+    }
+
+    int descriptor() const { return m_fd; }
+
+    void require(bool success) const
+    {
+        if (success)
+            return;
+        std::perror(m_path.c_str());
+        std::exit(2);
+    }
+
+private:
+    benchmark::State* m_state;
+    std::filesystem::path m_path;
+    int m_fd;
+};
+
+void writeOurs(Export& exported, const NewFile& file)
+{
+    DescriptorSink sink(file.descriptor());
+    KPPSDError error;
+    exported.writer->writePSDOn(sink, &error);
+    file.require(!error);
+}
+
+void writeFinished(Export& exported, const NewFile& file)
+{
+    const ByteBuffer& bytes = exported.finished;
+    file.require(::write(file.descriptor(), bytes.data(), bytes.size()) == static_cast<ssize_t>(bytes.size()));
+}
+
+/// Our file must be the finished one.
+void checkFile(Export& exported)
+{
+    const NewFile file(nullptr);
+    writeOurs(exported, file);
+    std::vector<std::uint8_t> bytes(static_cast<std::size_t>(::lseek(file.descriptor(), 0, SEEK_END)));
+    file.require(::pread(file.descriptor(), bytes.data(), bytes.size(), 0) == static_cast<ssize_t>(bytes.size()));
+    requireSame(exported.finished, bytes, "The file");
+}
+
+void addDocument(std::vector<Ratio>& ratios, const Task& task)
 {
     // Made once, when first measured.
     const auto get = [=, made = std::make_shared<std::unique_ptr<Export>>()]() -> Export& {
         if (!*made) {
-            *made = std::make_unique<Export>(width, height, screens);
-            requireSame((*made)->writer->createPSDData(), plainPsd(*(*made)->writer), name);
+            *made = std::make_unique<Export>(task);
+            checkFile(**made);
         }
         return **made;
     };
-    const auto add = [&](const std::string& task, const std::function<std::size_t(Export&)>& run) {
-        benchmark::RegisterBenchmark((name + task).c_str(), [=](benchmark::State& state) {
+    const std::string name = "PSD " + task.size;
+    // The plain encoder takes seconds for the large documents.
+    const int repetitions = task.width > 3840 ? 3 : 9;
+    const auto add = [&](const std::string& what, const std::function<void(Export&, benchmark::State&)>& run) {
+        benchmark::RegisterBenchmark((name + what).c_str(), [=](benchmark::State& state) {
             Export& exported = get();
             for (auto _ : state)
-                benchmark::DoNotOptimize(run(exported));
-        });
+                run(exported, state);
+        })->Repetitions(repetitions);
     };
-    add("/ours", [](Export& e) { return e.writer->createPSDData().size(); });
-    add("/plain", [](Export& e) { return plainPsd(*e.writer).size(); });
-    add("/ours with layers", [](Export& e) { return e.document.psdWriter()->createPSDData().size(); });
-    add("/plain with layers", [](Export& e) { return plainPsd(*e.document.psdWriter()).size(); });
-    ratios.push_back({name + ": plain encoder, channels twice", name + "/ours", name + "/plain", fileAtMost});
+    const auto addMaking = [&](const std::string& what, std::size_t (*make)(Export&)) {
+        add(what, [=](Export& exported, benchmark::State&) { benchmark::DoNotOptimize(make(exported)); });
+    };
+    addMaking("/ours", [](Export& e) { return e.writer->createPSDData().size(); });
+    addMaking("/plain", [](Export& e) { return plainPsd(*e.writer).size(); });
+    addMaking("/ours with layers", [](Export& e) { return e.document.psdWriter()->createPSDData().size(); });
+    addMaking("/plain with layers", [](Export& e) { return plainPsd(*e.document.psdWriter()).size(); });
+    add("/file", [](Export& e, benchmark::State& state) { writeOurs(e, NewFile(&state)); });
+    add("/write", [](Export& e, benchmark::State& state) { writeFinished(e, NewFile(&state)); });
+    ratios.push_back({name + ": plain encoder, channels twice", name + "/ours", name + "/plain", task.bytesAtMost});
     ratios.push_back({name + " with its merged image: the same, plain encoder", name + "/ours with layers",
-                      name + "/plain with layers", exportAtMost});
-}
-
-// The packer alone -------------------------------------------------------------------------------------------------
-
-constexpr int kWidth = 3840; // 33 MB
-constexpr int kHeight = 2160;
-
-BitmapRef panels()
-{
-    const ScreenRef screen = GXScreen::initWithrow(12, 20, 192, 180, Color::redColor(), Color::whiteColor(), nullptr, 0,
-                                                   true, true, nullptr, false, 0, 0);
-    screen->setBoarderWidth(2);
-    screen->drawInRect();
-    return screen->thumbnail()->firstRepresentation();
-}
-
-BitmapRef noise()
-{
-    const BitmapRef bitmap = Bitmap::create(kWidth, kHeight);
-    std::mt19937 random{20261123};
-    for (int y = 0; y < kHeight; ++y) {
-        std::ranges::generate(bitmap->row(y), [&] {
-            const auto bits = random();
-            const auto sample = [&](unsigned shift) { return static_cast<std::uint8_t>(bits >> shift); };
-            return Pixel{sample(0), sample(8), sample(16), sample(24)};
-        });
-    }
-    return bitmap;
-}
-
-/// A channel of a row, the plain way.
-void packPlain(const Bitmap& bitmap, int y, std::size_t channel, std::vector<std::uint8_t>& packed)
-{
-    constexpr std::array kOffsets = {offsetof(Pixel, r), offsetof(Pixel, g), offsetof(Pixel, b), offsetof(Pixel, a)};
-    const std::span bytes(reinterpret_cast<const std::uint8_t*>(bitmap.row(y).data()), bitmap.bytesPerRow());
-    packPlainly(bytes, kOffsets[channel], bytes.size() - kOffsets[channel], sizeof(Pixel), packed);
-}
-
-struct Packer {
-    explicit Packer(BitmapRef rows)
-        : bitmap(std::move(rows))
-    {
-    }
-
-    /// As the writer does it, but no row is told what stands above it, so that each is packed.
-    void runOurs()
-    {
-        ours.start(PackedRows::kMostChannels, kHeight, kWidth, {});
-        for (int y = 0; y < kHeight; ++y)
-            ours.addRow(bitmap->row(y), nullptr);
-    }
-
-    void runPlain()
-    {
-        plain.clear(); // and keeps its memory
-        for (int y = 0; y < kHeight; ++y) {
-            for (std::size_t channel = 0; channel < PackedRows::kMostChannels; ++channel)
-                packPlain(*bitmap, y, channel, plain);
-        }
-    }
-
-    void check(const std::string& name)
-    {
-        runOurs();
-        for (int channel = 0; channel < PackedRows::kMostChannels; ++channel) {
-            ByteBuffer packed;
-            ours.appendData(channel, packed);
-            std::vector<std::uint8_t> expected;
-            for (int y = 0; y < kHeight; ++y)
-                packPlain(*bitmap, y, static_cast<std::size_t>(channel), expected);
-            requireSame(packed, expected, name);
-        }
-    }
-
-    BitmapRef bitmap;
-    PackedRows ours;
-    std::vector<std::uint8_t> plain;
-};
-
-void addPacker(std::vector<Ratio>& ratios, const std::string& name, BitmapRef (*make)(), double atMost)
-{
-    const auto get = [=, made = std::make_shared<std::unique_ptr<Packer>>()]() -> Packer& {
-        if (!*made) {
-            *made = std::make_unique<Packer>(make());
-            (*made)->check(name);
-        }
-        return **made;
-    };
-    const auto add = [&](const std::string& task, void (Packer::*run)()) {
-        benchmark::RegisterBenchmark((name + task).c_str(), [=](benchmark::State& state) {
-            Packer& packer = get();
-            for (auto _ : state) {
-                (packer.*run)();
-                benchmark::ClobberMemory();
-            }
-        });
-    };
-    add("/ours", &Packer::runOurs);
-    add("/plain", &Packer::runPlain);
-    ratios.push_back({name + ": plain encoder", name + "/ours", name + "/plain", atMost});
-}
-
-// Memory -----------------------------------------------------------------------------------------------------------
-
-/// What psd_memory found, run once.
-std::array<double, 2> peakAndNeed(const std::string& document)
-{
-    std::array<double, 2> bytes{};
-    const std::string command = std::string(WALLGRID_PSD_MEMORY) + " " + document;
-    const std::unique_ptr<FILE, int (*)(FILE*)> output(popen(command.c_str(), "r"), pclose);
-    if (!output || std::fscanf(output.get(), "%lf %lf", &bytes[0], &bytes[1]) != 2) {
-        std::fprintf(stderr, "%s failed\n", command.c_str());
-        std::exit(2);
-    }
-    return bytes;
-}
-
-void addMemory(std::vector<Ratio>& ratios, const std::string& name, const std::string& document)
-{
-    const auto found = [=, made = std::make_shared<std::array<double, 2>>()]() -> const std::array<double, 2>& {
-        if ((*made)[0] == 0)
-            *made = peakAndNeed(document);
-        return *made;
-    };
-    for (const std::size_t i : {0U, 1U}) {
-        benchmark::RegisterBenchmark((name + (i == 0 ? "/peak" : "/need")).c_str(), [=](benchmark::State& state) {
-            for (auto _ : state)
-                state.counters["bytes"] = found()[i];
-        })->Iterations(1);
-    }
-    // Memory comes in pages of 2 MB.
-    ratios.push_back({name + ": pictures, merged image, file, a layer", name + "/peak", name + "/need", 1.05, "bytes"});
+                      name + "/plain with layers", task.exportAtMost});
+    ratios.push_back({name + " to a file: one write() of its bytes", name + "/file", name + "/write", task.fileAtMost});
 }
 
 } // namespace
 
 void addPsd(std::vector<Ratio>& ratios)
 {
-    addExport(ratios, "PSD 3840x2160", 3840, 2160, 20, 0.3, 0.4);
-    addExport(ratios, "PSD 16384x8192", 16384, 8192, 60, 0.2, 0.25);
-    addPacker(ratios, "PackBits of panels", panels, 0.3);
-    addPacker(ratios, "PackBits of noise", noise, 0.35);
-    addMemory(ratios, "PSD memory 3840x2160", "3840 2160 20");
-    addMemory(ratios, "PSD memory 16384x8192", "16384 8192 60");
+    addDocument(ratios, {"3840x2160", 3840, 2160, 20, 0.15, 0.4, 5});
+    addDocument(ratios, {"16384x8192", 16384, 8192, 60, 0.1, 0.25, 2});
+    addDocument(ratios, {"30000x4000", 30000, 4000, 100, 0.1, 0.25, 2});
 }
 
 } // namespace wallgrid::bench

@@ -17,12 +17,16 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <set>
 #include <string_view>
 #include <utility>
 
 namespace wallgrid {
+
+class ByteSink;
+class KPPSDWriter;
 
 /// The application's one controller, and the document itself: the output size, two colours, the item list and the
 /// preset list, and the raster composed of them. It drives the interface through the views it is connected to and
@@ -189,9 +193,12 @@ public:
     void setNumbersEqualLayerNames(bool numbers) { m_numbersEqualLayerNames = numbers; }
     /// The bytes of that file: a layer for each item, invisible ones transparent, the first row on top.
     ByteBuffer createPSDData(KPPSDError* error, const Report& report = {});
+    /// Hands these bytes to a sink while they are made. What the sink was given is no file when there is an error.
+    KPPSDError writePSDOn(ByteSink& sink);
 
 private:
     Expected<Project> readProjectWithProgress(Bytes bytes) const;
+    KPPSDError makePSD(const std::function<void(KPPSDWriter&, KPPSDError*)>& make);
     void buildPreview();
     void compose();
     void show(ImageRef image);

@@ -55,7 +55,7 @@ void GXAppDelegate::nameUnnamedItems()
     }
 }
 
-ByteBuffer GXAppDelegate::createPSDData(KPPSDError* error, const Report& report)
+KPPSDError GXAppDelegate::makePSD(const std::function<void(KPPSDWriter&, KPPSDError*)>& make)
 {
     const std::size_t refusedBefore = BitmapMemory::refused();
     nameUnnamedItems();
@@ -71,13 +71,30 @@ ByteBuffer GXAppDelegate::createPSDData(KPPSDError* error, const Report& report)
         writer->addLayerWithCGImage(std::move(layer.picture), numbered.empty() ? item.label() : numbered[row],
                                     item.visible() ? 1.0F : 0.0F, layer.offset);
     }
-    writer->setReport(report);
-    ByteBuffer file = writer->createPSDDataWithError(error);
-    if (BitmapMemory::refused() == refusedBefore || (error && *error))
+    KPPSDError error;
+    make(*writer, &error);
+    if (!error && BitmapMemory::refused() != refusedBefore)
+        error = {KPPSDError::NotPrepared, "there is not enough memory for the pictures of all layers"};
+    return error;
+}
+
+ByteBuffer GXAppDelegate::createPSDData(KPPSDError* error, const Report& report)
+{
+    ByteBuffer file;
+    KPPSDError found = makePSD([&](KPPSDWriter& writer, KPPSDError* slot) {
+        writer.setReport(report);
+        file = writer.createPSDDataWithError(slot);
+    });
+    if (!found)
         return file;
     if (error)
-        *error = {KPPSDError::NotPrepared, "there is not enough memory for the pictures of all layers"};
+        *error = std::move(found);
     return {};
+}
+
+KPPSDError GXAppDelegate::writePSDOn(ByteSink& sink)
+{
+    return makePSD([&](KPPSDWriter& writer, KPPSDError* error) { writer.writePSDOn(sink, error); });
 }
 
 void GXAppDelegate::savePSD()

@@ -20,14 +20,31 @@ ExitCode fail(std::ostream& err, const std::string& file, const std::string& rea
     return kExitFailed;
 }
 
-Expected<void> writePicture(const std::string& file, std::span<const std::uint8_t> bytes, std::ostream& out)
+Expected<void> writeOutput(std::span<const std::uint8_t> bytes, std::ostream& out)
 {
-    if (file != kStandardOutput)
-        return writeFileAtomically(file, bytes);
     out.write(reinterpret_cast<const char*>(bytes.data()), static_cast<std::streamsize>(bytes.size())).flush();
     if (!out)
         return failure("standard output cannot be written");
     return {};
+}
+
+Expected<void> writePng(const Bitmap& raster, const std::string& file, std::ostream& out)
+{
+    const auto png = encodePng(raster);
+    if (!png)
+        return tl::unexpected(png.error());
+    return file == kStandardOutput ? writeOutput(*png, out) : writeFileAtomically(file, *png);
+}
+
+/// Standard output cannot go back to a length that is known later, so the file is made as a whole for it.
+Expected<void> writePsd(GXAppDelegate& delegate, const std::string& file, std::ostream& out)
+{
+    const auto resultOf = [](const KPPSDError& error) { return error ? failure(error.message) : Expected<void>(); };
+    if (file != kStandardOutput)
+        return produceFileAtomically(file, [&](ByteSink& sink) { return resultOf(delegate.writePSDOn(sink)); });
+    KPPSDError error;
+    const ByteBuffer psd = delegate.createPSDData(&error);
+    return error ? resultOf(error) : writeOutput(psd, out);
 }
 
 } // namespace
@@ -54,26 +71,20 @@ ExitCode runExport(const ExportRequest& request, std::ostream& out, std::ostream
     }
     if (BitmapMemory::refused() != refusedBefore)
         return kExitFailed; // the controller has said so
-    const auto write = [&](const std::string& file, std::span<const std::uint8_t> bytes) {
-        const auto written = writePicture(file, bytes, out);
-        return written ? kExitDone : fail(err, file, written.error().message);
-    };
-    ExitCode code = kExitDone;
     if (request.png) {
         if (!delegate.offscreenRep()) {
             return fail(err, source,
                         "no picture of " + std::to_string(delegate.OutputWidth()) + " x " +
                             std::to_string(delegate.OutputHeight()) + " pixels can be made");
         }
-        const auto png = encodePng(*delegate.offscreenRep());
-        code = png ? write(*request.png, *png) : fail(err, *request.png, png.error().message);
+        if (const auto written = writePng(*delegate.offscreenRep(), *request.png, out); !written)
+            return fail(err, *request.png, written.error().message);
     }
-    if (request.psd && code == kExitDone) {
-        KPPSDError error;
-        const ByteBuffer psd = delegate.createPSDData(&error);
-        code = error ? fail(err, *request.psd, error.message) : write(*request.psd, psd);
+    if (request.psd) {
+        if (const auto written = writePsd(delegate, *request.psd, out); !written)
+            return fail(err, *request.psd, written.error().message);
     }
-    return code;
+    return kExitDone;
 }
 
 } // namespace wallgrid

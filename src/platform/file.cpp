@@ -51,27 +51,31 @@ private:
     int m_fd;
 };
 
-/// Leaves errno at ECANCELED when the report stops it.
-bool writeAll(int fd, std::span<const std::uint8_t> bytes, const Report& report)
+/// Writes all bytes, however many the system takes at a time: write(rest, done) returns what write(2) does.
+template <class Write>
+Expected<void> writeAll(std::span<const std::uint8_t> bytes, const Write& write)
 {
     for (std::size_t done = 0; done < bytes.size();) {
-        if (!goesOn(report, static_cast<double>(done) / static_cast<double>(bytes.size()))) {
-            errno = ECANCELED;
-            return false;
-        }
-        const ssize_t count = ::write(fd, bytes.data() + done, std::min(bytes.size() - done, kBytesAReport));
+        const ssize_t count = write(bytes.subspan(done), done);
         if (count < 0 && errno == EINTR)
             continue;
         if (count < 0)
-            return false;
+            return failure(systemMessage(errno));
         done += static_cast<std::size_t>(count);
     }
-    return true;
+    return {};
 }
 
-Expected<void> writeFailure(int error)
+Expected<void> appendInSteps(ByteSink& sink, std::span<const std::uint8_t> bytes, const Report& report)
 {
-    return error == ECANCELED ? cancelled() : failure(systemMessage(error));
+    for (std::size_t done = 0; done < bytes.size(); done += kBytesAReport) {
+        if (!goesOn(report, static_cast<double>(done) / static_cast<double>(bytes.size())))
+            return cancelled();
+        const auto step = bytes.subspan(done, std::min(bytes.size() - done, kBytesAReport));
+        if (auto written = sink.append(step); !written)
+            return written;
+    }
+    return {};
 }
 
 /// The mode that a file made by open(2) would have; umask(2) can only be read by setting it.
@@ -114,7 +118,24 @@ Expected<Bytes> readFile(const std::string& path)
     return bytes;
 }
 
+Expected<void> DescriptorSink::append(std::span<const std::uint8_t> bytes)
+{
+    return writeAll(bytes, [this](auto rest, std::size_t) { return ::write(m_fd, rest.data(), rest.size()); });
+}
+
+Expected<void> DescriptorSink::replace(std::uint64_t offset, std::span<const std::uint8_t> bytes)
+{
+    return writeAll(bytes, [&](auto rest, std::size_t done) {
+        return ::pwrite(m_fd, rest.data(), rest.size(), static_cast<off_t>(offset + done));
+    });
+}
+
 Expected<void> writeFileAtomically(const std::string& path, std::span<const std::uint8_t> bytes, const Report& report)
+{
+    return produceFileAtomically(path, [&](ByteSink& sink) { return appendInSteps(sink, bytes, report); });
+}
+
+Expected<void> produceFileAtomically(const std::string& path, const std::function<Expected<void>(ByteSink&)>& produce)
 {
     std::error_code error;
     const std::filesystem::path resolved = std::filesystem::weakly_canonical(path, error);
@@ -133,12 +154,14 @@ Expected<void> writeFileAtomically(const std::string& path, std::span<const std:
     FileDescriptor file(::mkostemp(temporary.data(), O_CLOEXEC));
     if (file.get() < 0)
         return failure(systemMessage(errno));
-    const bool written = writeAll(file.get(), bytes, report) && ::fchmod(file.get(), mode) == 0 &&
-                         ::fsync(file.get()) == 0 && file.close() && ::rename(temporary.c_str(), resolved.c_str()) == 0;
+    DescriptorSink sink(file.get());
+    Expected<void> written = produce(sink);
+    if (written && (::fchmod(file.get(), mode) != 0 || ::fsync(file.get()) != 0 || !file.close() ||
+                    ::rename(temporary.c_str(), resolved.c_str()) != 0))
+        written = failure(systemMessage(errno));
     if (!written) {
-        const int reason = errno;
         ::unlink(temporary.c_str());
-        return writeFailure(reason);
+        return written;
     }
     // The new name is on the disk only when the folder is; a file system that cannot flush folders still has the file.
     const FileDescriptor folder(::open(resolved.parent_path().c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
@@ -158,11 +181,17 @@ Expected<void> writeFile(const std::string& path, std::span<const std::uint8_t> 
         return failure(systemMessage(errno));
     if (!S_ISREG(info.st_mode))
         return failure(kNotRegular);
-    if (::ftruncate(file.get(), 0) == 0 && writeAll(file.get(), bytes, report) && file.close())
-        return {};
-    const int reason = errno;
-    ::unlink(path.c_str());
-    return writeFailure(reason);
+    DescriptorSink sink(file.get());
+    Expected<void> written;
+    if (::ftruncate(file.get(), 0) == 0)
+        written = appendInSteps(sink, bytes, report);
+    else
+        written = failure(systemMessage(errno));
+    if (written && !file.close())
+        written = failure(systemMessage(errno));
+    if (!written)
+        ::unlink(path.c_str());
+    return written;
 }
 
 } // namespace wallgrid

@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "platform/byte_sink.h"
 #include "platform/error.h"
 #include "platform/progress.h"
 
 #include <cstdint>
+#include <functional>
 #include <span>
 #include <string>
 #include <vector>
@@ -23,8 +25,26 @@ Expected<Bytes> readFile(const std::string& path);
 Expected<void> writeFileAtomically(const std::string& path, std::span<const std::uint8_t> bytes,
                                    const Report& report = {});
 
+/// The same for bytes that are made on the way. When `produce` fails, the file is left as it was.
+Expected<void> produceFileAtomically(const std::string& path, const std::function<Expected<void>(ByteSink&)>& produce);
+
 /// Writes over the file in place. When that fails the file is removed, because half of it is no file; nothing is opened
 /// that is not a regular file.
 Expected<void> writeFile(const std::string& path, std::span<const std::uint8_t> bytes, const Report& report = {});
+
+/// The end of an open file, which stays the caller's.
+class DescriptorSink final : public ByteSink {
+public:
+    explicit DescriptorSink(int fd)
+        : m_fd(fd)
+    {
+    }
+
+    Expected<void> append(std::span<const std::uint8_t> bytes) override;
+    Expected<void> replace(std::uint64_t offset, std::span<const std::uint8_t> bytes) override;
+
+private:
+    int m_fd;
+};
 
 } // namespace wallgrid

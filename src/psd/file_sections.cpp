@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "psd/append_value.h"
+#include "psd/growing_file.h"
 #include "psd/icc_profile.h"
 #include "psd/kp_psd_writer.h"
 #include "psd/packed_bits.h"
@@ -27,11 +28,23 @@ constexpr std::int64_t kIccProfile = 1039;
 constexpr std::int64_t kInches = 1;
 constexpr std::int64_t kPackBits = 1;
 
-ByteBuffer fail(KPPSDError* error, KPPSDError::Code code, std::string message)
+KPPSDError tooLarge()
 {
-    if (error)
-        *error = {code, std::move(message)};
-    return {};
+    return {KPPSDError::TooLarge, "The document is too large for a PSD file"};
+}
+
+KPPSDError notPrepared()
+{
+    return {KPPSDError::NotPrepared, "The document could not be prepared for writing"};
+}
+
+/// Reports only what went wrong.
+bool report(KPPSDError found, KPPSDError* error)
+{
+    const bool failed = static_cast<bool>(found);
+    if (failed && error)
+        *error = std::move(found);
+    return failed;
 }
 
 void appendResource(ByteBuffer& buffer, std::int64_t identifier, std::span<const std::uint8_t> data)
@@ -64,11 +77,11 @@ std::span<const std::uint8_t> profileBytes(std::int32_t colorProfile)
     }
 }
 
-/// Puts a length in front of what was written behind its place.
-void fillInLength(ByteBuffer& buffer, std::size_t place)
+/// Puts a length in front of what was written from behind its place up to `end`.
+void fillInLength(ByteBuffer& buffer, std::size_t place, std::uint64_t end)
 {
     ByteBuffer length;
-    kpAppendValue(length, static_cast<std::int64_t>(buffer.size() - place - 4), 4);
+    kpAppendValue(length, static_cast<std::int64_t>(end - place - 4), 4);
     std::ranges::copy(length, buffer.data() + place);
 }
 
@@ -76,32 +89,44 @@ void fillInLength(ByteBuffer& buffer, std::size_t place)
 
 ByteBuffer KPPSDWriter::createPSDDataWithError(KPPSDError* error)
 {
+    GrowingFile file;
+    if (report(writeFileOn(file), error))
+        return {};
+    return std::move(file.end());
+}
+
+void KPPSDWriter::writePSDOn(ByteSink& sink, KPPSDError* error)
+{
+    GrowingFile file(sink);
+    report(writeFileOn(file), error);
+}
+
+KPPSDError KPPSDWriter::writeFileOn(GrowingFile& file)
+{
     if (visibleLayers().empty())
-        return fail(error, KPPSDError::NoVisibleLayers, "No visible layers in the document");
-    constexpr const char* kTooLarge = "The document is too large for a PSD file";
-    constexpr const char* kNotPrepared = "The document could not be prepared for writing";
-    constexpr const char* kCancelled = "The document was not written, because that was cancelled";
+        return {KPPSDError::NoVisibleLayers, "No visible layers in the document"};
     if (isTooLarge())
-        return fail(error, KPPSDError::TooLarge, kTooLarge);
+        return tooLarge();
     try {
         const bool prepared = preprocess();
         const auto& merged = m_flattenedData;
         if (!prepared || !merged || merged->width() != static_cast<int>(m_documentSize.width) ||
             merged->height() != static_cast<int>(m_documentSize.height))
-            return fail(error, KPPSDError::NotPrepared, kNotPrepared);
-        ByteBuffer buffer;
-        buffer.reserve(largestFileSize());
-        writeFileHeaderSectionOn(buffer);
-        writeColorModeDataSectionOn(buffer);
-        writeImageResourceSectionOn(buffer);
+            return notPrepared();
+        if (file.isHeld())
+            file.end().reserve(largestFileSize());
+        writeFileHeaderSectionOn(file.end());
+        writeColorModeDataSectionOn(file.end());
+        writeImageResourceSectionOn(file.end());
         PackedRows rows;
-        if (const auto code = writeLayerAndMaskInformationSectionOn(buffer, rows); code != KPPSDError::None)
-            return fail(error, code, code == KPPSDError::TooLarge ? kTooLarge : kCancelled);
-        writeImageDataSectionOn(buffer, rows);
-        return buffer;
+        if (auto error = writeLayerAndMaskInformationSectionOn(file, rows))
+            return error;
+        writeImageDataSectionOn(file, rows);
+        file.finish();
     } catch (const std::bad_alloc&) {
-        return fail(error, KPPSDError::NotPrepared, kNotPrepared);
+        return notPrepared();
     }
+    return file.error();
 }
 
 bool KPPSDWriter::isTooLarge() const
@@ -166,51 +191,55 @@ void KPPSDWriter::writeImageResourceSectionOn(ByteBuffer& buffer) const
     appendResource(buffer, kLayerState, {{0, 0}}); // the bottom layer is the target
     if (m_colorProfile != 0)
         appendResource(buffer, kIccProfile, profileBytes(m_colorProfile));
-    fillInLength(buffer, section);
+    fillInLength(buffer, section, buffer.size());
 }
 
-/// Stops as soon as the section is longer than its length can say, or when the report says so.
-KPPSDError::Code KPPSDWriter::writeLayerAndMaskInformationSectionOn(ByteBuffer& buffer, PackedRows& rows) const
+/// Stops as soon as the section is longer than its length can say, when the report says so, or when the sink fails.
+KPPSDError KPPSDWriter::writeLayerAndMaskInformationSectionOn(GrowingFile& file, PackedRows& rows) const
 {
-    const std::size_t section = buffer.size();
+    const std::size_t section = file.end().size();
     const Layers visible = visibleLayers();
-    kpAppendValue(buffer, 0, 4); // section length
-    kpAppendValue(buffer, 0, 4); // layer information length
-    kpAppendValue(buffer, static_cast<std::int64_t>(visible.size()), 2);
+    kpAppendValue(file.end(), 0, 4); // section length
+    kpAppendValue(file.end(), 0, 4); // layer information length
+    kpAppendValue(file.end(), static_cast<std::int64_t>(visible.size()), 2);
 
     // The records hold the lengths of channels that come after all records, so they are filled in then.
     std::vector<std::size_t> records;
     for (const LayerRef& layer : visible) {
-        records.push_back(buffer.size());
-        layer->writeLayerInformationOn(buffer, {});
+        records.push_back(file.end().size());
+        layer->writeLayerInformationOn(file.end(), {});
     }
+    file.endHead();
     for (std::size_t i = 0; i < visible.size(); ++i) {
         // The merged image counts as one more layer.
         if (!goesOn(m_report, static_cast<double>(i) / static_cast<double>(visible.size() + 1)))
-            return KPPSDError::Cancelled;
-        KPPSDLayer::fillInChannelLengths(buffer, records[i], visible[i]->writeLayerChannelsOn(buffer, rows));
-        if (buffer.size() - section > kLongestSection)
-            return KPPSDError::TooLarge;
+            return {KPPSDError::Cancelled, "The document was not written, because that was cancelled"};
+        const auto lengths = visible[i]->writeLayerChannelsOn(file, rows);
+        KPPSDLayer::fillInChannelLengths(file.head(), records[i], lengths);
+        if (file.size() - section > kLongestSection)
+            return tooLarge();
+        if (auto error = file.error())
+            return error;
     }
-    if ((buffer.size() - section) % 2 != 0)
-        kpAppendValue(buffer, 0, 1);
-    fillInLength(buffer, section);
-    fillInLength(buffer, section + 4);
-    return KPPSDError::None;
+    if ((file.size() - section) % 2 != 0)
+        kpAppendValue(file.end(), 0, 1);
+    fillInLength(file.head(), section, file.size());
+    fillInLength(file.head(), section + 4, file.size());
+    return {};
 }
 
-void KPPSDWriter::writeImageDataSectionOn(ByteBuffer& buffer, PackedRows& rows) const
+void KPPSDWriter::writeImageDataSectionOn(GrowingFile& file, PackedRows& rows) const
 {
     const Bitmap& merged = *m_flattenedData;
     const int channels = numberOfChannels();
     rows.start(channels, static_cast<std::size_t>(merged.height()), static_cast<std::size_t>(merged.width()), {});
     for (int y = 0; y < merged.height(); ++y)
         rows.addRow(merged.row(y), y > 0 ? merged.row(y - 1).data() : nullptr);
-    kpAppendValue(buffer, kPackBits, 2);
+    kpAppendValue(file.end(), kPackBits, 2);
     for (int c = 0; c < channels; ++c)
-        rows.appendLengths(c, buffer);
+        rows.appendLengths(c, file);
     for (int c = 0; c < channels; ++c)
-        rows.appendData(c, buffer);
+        rows.appendData(c, file);
 }
 
 } // namespace wallgrid

@@ -2,6 +2,7 @@
 #include "psd/group_layers.h"
 
 #include "psd/append_value.h"
+#include "psd/growing_file.h"
 #include "psd/record_fields.h"
 
 namespace wallgrid {
@@ -26,11 +27,11 @@ void KPPSDGroupLayer::copyGroupInformationFrom(const KPPSDGroupLayer& group)
     KPPSDLayerEffects::operator=(group);
 }
 
-KPPSDLayer::ChannelLengths KPPSDGroupLayer::writeLayerChannelsOn(ByteBuffer& buffer, PackedRows& /*rows*/) const
+KPPSDLayer::ChannelLengths KPPSDGroupLayer::writeLayerChannelsOn(GrowingFile& file, PackedRows& /*rows*/) const
 {
     ChannelLengths lengths(static_cast<std::size_t>(numberOfChannels()), kEmptyChannel);
     for (const std::uint64_t length : lengths)
-        kpAppendValue(buffer, kRaw, static_cast<std::int32_t>(length));
+        kpAppendValue(file.end(), kRaw, static_cast<std::int32_t>(length));
     return lengths;
 }
 

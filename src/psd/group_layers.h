@@ -22,7 +22,7 @@ public:
     bool hasValidSize() const override { return true; }
     bool preparePixels() override { return true; }
     using KPPSDLayer::writeLayerChannelsOn;
-    ChannelLengths writeLayerChannelsOn(ByteBuffer& buffer, PackedRows& rows) const override;
+    ChannelLengths writeLayerChannelsOn(GrowingFile& file, PackedRows& rows) const override;
     SizeBounds layerChannelsSize() const override;
 
 private:

@@ -17,7 +17,8 @@ struct KPPSDError {
         NoOpenedLayer = 3,
         NotPrepared = 4,
         TooLarge = 5,
-        Cancelled = 6, ///< by the report given to the writer
+        Cancelled = 6,  ///< by the report given to the writer
+        NotWritten = 7, ///< the sink failed, and the message is its
     };
 
     Code code = None;

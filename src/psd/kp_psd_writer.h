@@ -17,6 +17,9 @@
 
 namespace wallgrid {
 
+class ByteSink;
+class GrowingFile;
+
 /// Pixels per inch.
 struct KPPSDResolution {
     float hResolution = 72;
@@ -113,19 +116,23 @@ public:
     /// The bytes of the file; none when there is an error. Throws std::invalid_argument when an effect has a colour
     /// that is not RGB.
     ByteBuffer createPSDDataWithError(KPPSDError* error);
-    /// What createPSDDataWithError() reports to; it fails with `Cancelled` when that stops it.
-    void setReport(Report report) { m_report = std::move(report); }
     ByteBuffer createPSDData() { return createPSDDataWithError(nullptr); }
+    /// Hands the same bytes to a sink while they are made, so that only the packed rows of one layer are held at a
+    /// time. What the sink was given is no file when there is an error.
+    void writePSDOn(ByteSink& sink, KPPSDError* error);
+    /// What both report to; they fail with `Cancelled` when that stops them.
+    void setReport(Report report) { m_report = std::move(report); }
 
 private:
     int openGroups() const;
     bool isTooLarge() const;
     std::uint64_t largestFileSize() const;
+    KPPSDError writeFileOn(GrowingFile& file);
     void writeFileHeaderSectionOn(ByteBuffer& buffer) const;
     void writeColorModeDataSectionOn(ByteBuffer& buffer) const;
     void writeImageResourceSectionOn(ByteBuffer& buffer) const;
-    KPPSDError::Code writeLayerAndMaskInformationSectionOn(ByteBuffer& buffer, PackedRows& rows) const;
-    void writeImageDataSectionOn(ByteBuffer& buffer, PackedRows& rows) const;
+    KPPSDError writeLayerAndMaskInformationSectionOn(GrowingFile& file, PackedRows& rows) const;
+    void writeImageDataSectionOn(GrowingFile& file, PackedRows& rows) const;
 
     Size m_documentSize;
     KPPSDResolution m_documentResolution;

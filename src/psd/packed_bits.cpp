@@ -1,156 +1,71 @@
 // SPDX-License-Identifier: MIT
 #include "psd/packed_bits.h"
 
-#include <algorithm>
+#include "psd/packets.h"
+#include "psd/repeats.h"
+
 #include <bit>
-#include <cstring>
 #include <stdexcept>
-#ifdef __SSE2__
-#include <emmintrin.h>
-#endif
+#include <vector>
 
 namespace wallgrid {
 
 namespace {
 
-constexpr std::size_t kLongestLiteral = 128;
-constexpr std::size_t kShortestRun = 3;
-constexpr std::size_t kLongestRun = 127;
-
-/// Finds runs among samples, 64 at a time: a word has a bit for each, set where the next sample is the same. Positions
-/// asked for never go back.
-class Repeats {
+/// The runs among samples that stand next to each other, from where they repeat.
+class SampleRuns {
 public:
-    Repeats(const std::uint8_t* samples, std::size_t count)
-        : m_samples(samples)
+    SampleRuns(const std::uint64_t* repeats, std::size_t count)
+        : m_words(repeats)
         , m_count(count)
-        , m_word(wordAt(0))
-        , m_next(wordAt(kBits))
     {
     }
 
-    /// The first of three equal samples in a row from `i` on, or the end.
-    std::size_t runBegin(std::size_t i)
+    Run next()
     {
-        seek(i);
-        for (std::uint64_t from = kAll << i % kBits;; from = kAll) {
-            if (const std::uint64_t begins = m_word & (m_word >> 1 | m_next << (kBits - 1)) & from; begins != 0)
-                return m_begin + static_cast<std::size_t>(std::countr_zero(begins));
-            if (m_begin + kBits >= m_count)
-                return m_count;
-            advance();
-        }
-    }
-
-    /// The first sample behind `i` that differs from it, or the end.
-    std::size_t runEnd(std::size_t i)
-    {
-        seek(i);
-        // The last sample has no next one to be the same.
-        for (std::uint64_t from = kAll << i % kBits;; from = kAll) {
-            if (const std::uint64_t lasts = ~m_word & from; lasts != 0)
-                return m_begin + static_cast<std::size_t>(std::countr_zero(lasts)) + 1;
-            advance();
-        }
+        const std::size_t begin = runBegin();
+        if (begin < m_count)
+            m_end = runEnd(begin);
+        return {begin, begin < m_count ? m_end : m_count};
     }
 
 private:
-    static constexpr std::size_t kBits = 64;
     static constexpr std::uint64_t kAll = ~std::uint64_t{0};
 
-    void seek(std::size_t i)
+    /// The first of three equal samples in a row behind the run before, or the end.
+    std::size_t runBegin() const
     {
-        while (i >= m_begin + kBits)
-            advance();
-    }
-
-    void advance()
-    {
-        m_begin += kBits;
-        m_word = m_next;
-        m_next = wordAt(m_begin + kBits);
-    }
-
-    std::uint64_t wordAt(std::size_t begin) const
-    {
-        if (begin + 1 >= m_count)
-            return 0;
-#ifdef __SSE2__
-        if (m_count > kBits) {
-            // The last word is cut from the last 64 comparisons there are, so that nothing behind the samples is read.
-            const std::size_t from = std::min(begin, m_count - kBits - 1);
-            return wholeWord(m_samples + from) >> (begin - from);
+        std::uint64_t from = kAll << m_end % kRepeatBits;
+        for (std::size_t w = m_end / kRepeatBits; w * kRepeatBits < m_count; ++w, from = kAll) {
+            const std::uint64_t begins = m_words[w] & (m_words[w] >> 1 | m_words[w + 1] << (kRepeatBits - 1)) & from;
+            if (begins != 0)
+                return w * kRepeatBits + static_cast<std::size_t>(std::countr_zero(begins));
         }
-#endif
-        std::uint64_t word = 0;
-        for (std::size_t i = begin; i < std::min(begin + kBits, m_count - 1); ++i)
-            word |= std::uint64_t{m_samples[i] == m_samples[i + 1]} << (i - begin);
-        return word;
+        return m_count;
     }
 
-#ifdef __SSE2__
-    /// Compares 64 samples with those behind them.
-    static std::uint64_t wholeWord(const std::uint8_t* samples)
+    /// The first sample behind `i` that differs from it, or the end. The last sample has no next one to be the same.
+    std::size_t runEnd(std::size_t i) const
     {
-        std::uint64_t word = 0;
-        for (std::size_t k = 0; k < kBits; k += sizeof(__m128i)) {
-            const auto* const vector = reinterpret_cast<const __m128i*>(samples + k);
-            const auto* const next = reinterpret_cast<const __m128i*>(samples + k + 1);
-            const __m128i same = _mm_cmpeq_epi8(_mm_loadu_si128(vector), _mm_loadu_si128(next));
-            word |= std::uint64_t{static_cast<std::uint32_t>(_mm_movemask_epi8(same))} << k;
+        std::uint64_t from = kAll << i % kRepeatBits;
+        for (std::size_t w = i / kRepeatBits;; ++w, from = kAll) {
+            if (const std::uint64_t lasts = ~m_words[w] & from; lasts != 0)
+                return w * kRepeatBits + static_cast<std::size_t>(std::countr_zero(lasts)) + 1;
         }
-        return word;
     }
-#endif
 
-    const std::uint8_t* m_samples;
+    const std::uint64_t* m_words;
     std::size_t m_count;
-    std::size_t m_begin = 0; ///< of m_word
-    std::uint64_t m_word;
-    std::uint64_t m_next;
+    std::size_t m_end = 0; ///< of the run before
 };
-
-/// In place of a plain memcpy, of which GCC makes a string instruction that is slow for so few bytes.
-std::uint8_t* copyLiteral(const std::uint8_t* from, std::size_t count, std::uint8_t* to)
-{
-    constexpr std::size_t kVector = 16;
-    if (count < kLongestLiteral)
-        return std::copy_n(from, count, to);
-    for (std::size_t k = 0; k < kLongestLiteral; k += kVector)
-        std::memcpy(to + k, from + k, kVector);
-    return to + kLongestLiteral;
-}
 
 } // namespace
 
-/// Literals up to the next three equal samples, then their run, cut at 127. When a cut leaves one or two samples of it,
-/// they become literals.
-std::size_t packSamples(std::span<const std::uint8_t> samples, std::uint8_t* packed)
+std::size_t packSamples(std::span<const std::uint8_t> samples, std::uint64_t* repeats, std::uint8_t* packed)
 {
-    Repeats repeats(samples.data(), samples.size());
-    std::uint8_t* out = packed;
-    std::size_t i = 0;
-    std::size_t runEnd = 0;
-    while (i < samples.size()) {
-        const std::size_t runBegin = repeats.runBegin(runEnd);
-        while (i < runBegin) {
-            const std::size_t literal = std::min(runBegin - i, kLongestLiteral);
-            *out++ = static_cast<std::uint8_t>(literal - 1);
-            out = copyLiteral(samples.data() + i, literal, out);
-            i += literal;
-        }
-        if (i == samples.size())
-            break;
-        const std::uint8_t value = samples[i];
-        runEnd = repeats.runEnd(i);
-        while (runEnd - i >= kShortestRun) {
-            const std::size_t run = std::min(runEnd - i, kLongestRun);
-            *out++ = static_cast<std::uint8_t>(1 - run);
-            *out++ = value;
-            i += run;
-        }
-    }
-    return static_cast<std::size_t>(out - packed);
+    markRepeats(samples, repeats);
+    const SampleRuns runs(repeats, samples.size());
+    return static_cast<std::size_t>(writePackets(Samples<1>{samples.data(), samples.size()}, runs, packed) - packed);
 }
 
 ByteBuffer kpPackedBitsForRange(std::span<const std::uint8_t> bytes, ByteRange range, std::int32_t skip)
@@ -165,7 +80,8 @@ ByteBuffer kpPackedBitsForRange(std::span<const std::uint8_t> bytes, ByteRange r
     for (std::size_t i = 0; i < count; ++i)
         samples[i] = bytes[range.location + i * step];
     ByteBuffer packed(largestPackedSize(count));
-    packed.resize(packSamples(samples, packed.data()));
+    std::vector<std::uint64_t> repeats(repeatWords(count));
+    packed.resize(packSamples(samples, repeats.data(), packed.data()));
     return packed;
 }
 

@@ -36,7 +36,7 @@ constexpr std::size_t largestPackedSize(std::size_t samples)
 }
 
 /// Packs samples that stand next to each other and returns how many bytes it wrote at `packed`, where there is room for
-/// largestPackedSize().
-std::size_t packSamples(std::span<const std::uint8_t> samples, std::uint8_t* packed);
+/// largestPackedSize(). `repeats` is room for repeatWords() words.
+std::size_t packSamples(std::span<const std::uint8_t> samples, std::uint64_t* repeats, std::uint8_t* packed);
 
 } // namespace wallgrid

@@ -3,8 +3,8 @@
 
 #include "platform/byte_buffer.h"
 #include "platform/color.h"
+#include "psd/pixel_row.h"
 
-#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <span>
@@ -12,12 +12,14 @@
 
 namespace wallgrid {
 
+class GrowingFile;
+
 /// The rows of a picture as a PSD holds them: for each channel (red, green, blue and perhaps transparency) the packed
 /// length of every row, then the packed rows. Each different row is packed once and kept once: pictures of walls repeat
 /// most of theirs.
 class PackedRows {
 public:
-    static constexpr int kMostChannels = 4;
+    static constexpr int kMostChannels = PixelRow::kChannels;
 
     /// What stands in all channels beside the pixels of a row and in rows without pixels.
     struct Margins {
@@ -37,24 +39,22 @@ public:
     void addRow(std::span<const Pixel> pixels, const Pixel* above);
 
     /// Two bytes a row, big-endian.
-    void appendLengths(int channel, ByteBuffer& buffer) const;
-    void appendData(int channel, ByteBuffer& buffer) const;
+    void appendLengths(int channel, GrowingFile& file) const;
+    void appendData(int channel, GrowingFile& file) const;
 
 private:
-    /// Where a packed row stands in m_packed.
+    /// Where a packed row stands in m_packed, and for how many rows in a row it does.
     struct Piece {
         std::size_t begin = 0;
         std::size_t length = 0;
+        std::size_t times = 0;
     };
 
-    ByteBuffer packedFill(std::size_t samples) const;
-
-    int m_channels = 0;
     std::uint8_t m_fill = 0;
     ByteBuffer m_left, m_right;
-    std::vector<std::uint8_t> m_samples; ///< of the row that is being packed, channel by channel
+    PixelRow m_row; ///< the one that is being packed
     ByteBuffer m_packed;
-    std::array<std::vector<Piece>, kMostChannels> m_rows;
+    std::vector<std::vector<Piece>> m_channels;
 };
 
 } // namespace wallgrid

@@ -155,7 +155,7 @@ TEST_F(PsdExport, FailuresAreLoggedAndLeaveNoFile)
                           "There was an error writing the PSD: No visible layers in the document",
                           "There was an error writing the PSD: The document is too large for a PSD file",
                           path("no/such/folder.psd") + ": No such file or directory",
-                          path("pipe.psd") + ": No such device or address",
+                          path("pipe.psd") + ": not a regular file",
                       }));
     EXPECT_FALSE(std::filesystem::exists(path("wall.psd")));
 }

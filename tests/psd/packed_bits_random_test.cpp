@@ -1,9 +1,14 @@
 // SPDX-License-Identifier: MIT
 #include "plain_packed_bits.h"
+#include "psd/growing_file.h"
 #include "psd/packed_bits.h"
+#include "psd/packed_rows.h"
+#include "psd/repeats.h"
 
 #include <gtest/gtest.h>
+#include <hwy/targets.h>
 
+#include <array>
 #include <random>
 
 namespace wallgrid {
@@ -62,6 +67,113 @@ TEST(PackedBits, AreThoseOfThePlainEncoder)
         ASSERT_TRUE(std::ranges::equal(packed, plain))
             << "round " << round << ", " << count << " samples, skip " << skip;
         ASSERT_LE(packed.size(), largestPackedSize(count));
+    }
+}
+
+// The kinds of vectors, one after the other, that this processor has.
+class Vectors : public testing::TestWithParam<std::int64_t> {
+protected:
+    void SetUp() override { choose(GetParam()); }
+    void TearDown() override { choose(0); }
+
+private:
+    static void choose(std::int64_t targets)
+    {
+        hwy::SetSupportedTargetsForTest(targets);
+        hwy::GetChosenTarget().Update(hwy::SupportedTargets());
+    }
+};
+
+INSTANTIATE_TEST_SUITE_P(PackedRows, Vectors, testing::ValuesIn(hwy::SupportedAndGeneratedTargets()),
+                         [](const auto& vectors) { return std::string(hwy::TargetName(vectors.param)); });
+
+/// Runs of few or many whole pixels, of so few values that pixels share samples.
+std::vector<Pixel> pixelsWithRuns(Random& random, std::size_t count)
+{
+    std::vector<Pixel> pixels;
+    const std::size_t longest = random.among({1, 4, 20, 300, 2000});
+    const std::size_t values = random.among({1, 2, 256});
+    const auto sample = [&] { return static_cast<std::uint8_t>(random(values)); };
+    while (pixels.size() < count)
+        pixels.insert(pixels.end(), 1 + random(longest), {sample(), sample(), sample(), sample()});
+    pixels.resize(count);
+    return pixels;
+}
+
+TEST_P(Vectors, FindWhatAScalarSearchFinds)
+{
+    Random random;
+    for (int round = 0; round < 2000; ++round) {
+        const std::vector<Pixel> pixels = pixelsWithRuns(random, random.among({1, 2, 63, 64, 65, 66, 1 + random(700)}));
+        const auto check = [&](auto values) {
+            std::vector<std::uint64_t> words(repeatWords(values.size()), ~std::uint64_t{0});
+            std::size_t set = 0;
+            const std::size_t found = markRepeats(values, words.data());
+            for (std::size_t begin = 0; begin <= values.size(); begin += kRepeatBits) {
+                ASSERT_EQ(words[begin / kRepeatBits], repeatWord(values, begin)) << "round " << round;
+                set += static_cast<std::size_t>(std::popcount(words[begin / kRepeatBits]));
+            }
+            ASSERT_EQ(found, set);
+        };
+        check(std::span(pixels));
+        std::vector<std::uint8_t> samples;
+        for (const Pixel& pixel : pixels)
+            samples.push_back(pixel.r);
+        check(std::span(std::as_const(samples)));
+    }
+}
+
+// Rows of fill above and below, margins, and rows that repeat.
+TEST_P(Vectors, PackRowsAsThePlainEncoderDoes)
+{
+    constexpr std::array kChannels{&Pixel::r, &Pixel::g, &Pixel::b, &Pixel::a};
+    Random random;
+    PackedRows rows;
+    for (int round = 0; round < 300; ++round) {
+        const std::size_t count = random.among({0, 1, 2, 3, 64, 65, 129, 1 + random(2000)});
+        const PackedRows::Margins margins{static_cast<std::uint8_t>(random.among({0, 255})), random(300), random(2)};
+        const std::size_t channels = random.among({3, 4});
+        std::array<std::vector<std::uint8_t>, PackedRows::kMostChannels> expected, lengths;
+        const auto expect = [&](std::size_t channel, std::initializer_list<std::vector<std::uint8_t>> pieces) {
+            const std::size_t begin = expected[channel].size();
+            for (const auto& piece : pieces) {
+                if (!piece.empty())
+                    packPlainly(piece, 0, piece.size(), 1, expected[channel]);
+            }
+            const std::size_t length = expected[channel].size() - begin;
+            lengths[channel].push_back(static_cast<std::uint8_t>(length >> 8));
+            lengths[channel].push_back(static_cast<std::uint8_t>(length));
+        };
+        const auto fill = [&](std::size_t samples) { return std::vector<std::uint8_t>(samples, margins.fill); };
+        const auto addFilledRows = [&] {
+            const std::size_t times = random.among({0, 1, 2, random(100)});
+            rows.addFilledRows(count, times);
+            for (std::size_t c = 0; c < channels; ++c)
+                for (std::size_t k = 0; k < times; ++k)
+                    expect(c, {fill(count)});
+        };
+        rows.start(static_cast<int>(channels), 8, count, margins);
+        addFilledRows();
+        std::vector<Pixel> above;
+        for (std::size_t y = 0; y < 8; ++y) {
+            const std::vector<Pixel> row = y > 0 && random(2) == 0 ? above : pixelsWithRuns(random, count);
+            rows.addRow(row, y > 0 ? above.data() : nullptr);
+            for (std::size_t c = 0; c < channels; ++c) {
+                std::vector<std::uint8_t> samples;
+                for (const Pixel& pixel : row)
+                    samples.push_back(pixel.*kChannels[c]);
+                expect(c, {fill(margins.left), samples, fill(margins.right)});
+            }
+            above = row;
+        }
+        addFilledRows();
+        for (std::size_t c = 0; c < channels; ++c) {
+            GrowingFile table, data;
+            rows.appendLengths(static_cast<int>(c), table);
+            rows.appendData(static_cast<int>(c), data);
+            ASSERT_TRUE(std::ranges::equal(table.end(), lengths[c])) << "round " << round << ", channel " << c;
+            ASSERT_TRUE(std::ranges::equal(data.end(), expected[c])) << "round " << round << ", channel " << c;
+        }
     }
 }
 

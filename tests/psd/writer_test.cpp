@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "picture.h"
+#include "platform/byte_sink.h"
 #include "psd/hex.h"
 #include "psd/icc_profile.h"
 #include "psd/kp_psd_writer.h"
@@ -33,12 +34,45 @@ std::uint64_t number(const ByteBuffer& file, std::size_t at)
                        nullptr, 16);
 }
 
-/// The file, of which an error is a failure.
+/// Keeps what it is given, up to so many bytes.
+class Kept final : public ByteSink {
+public:
+    explicit Kept(std::size_t most = SIZE_MAX)
+        : m_most(most)
+    {
+    }
+
+    Expected<void> append(std::span<const std::uint8_t> bytes) override
+    {
+        EXPECT_FALSE(m_failed);
+        m_failed = file.size() + bytes.size() > m_most;
+        wallgrid::append(file, bytes);
+        return m_failed ? failure("full") : Expected<void>();
+    }
+    Expected<void> replace(std::uint64_t offset, std::span<const std::uint8_t> bytes) override
+    {
+        EXPECT_FALSE(m_failed);
+        std::ranges::copy(bytes, std::span(file).subspan(offset, bytes.size()).begin());
+        return {};
+    }
+
+    ByteBuffer file;
+
+private:
+    std::size_t m_most;
+    bool m_failed = false;
+};
+
+/// The file, of which an error is a failure; a sink must get the same.
 ByteBuffer fileOf(KPPSDWriter& writer)
 {
     KPPSDError error;
     ByteBuffer file = writer.createPSDDataWithError(&error);
     EXPECT_FALSE(error) << error.message;
+    Kept kept;
+    writer.writePSDOn(kept, &error);
+    EXPECT_FALSE(error) << error.message;
+    EXPECT_TRUE(kept.file == file);
     return file;
 }
 
@@ -221,6 +255,27 @@ TEST(Writer, RefusesWhatIsNoFile)
     for (int i = 0; i < 16384; ++i)
         many->openGroupLayerWithName(name(u""));
     EXPECT_EQ(errorOf(*many), tooLarge);
+}
+
+TEST(Writer, HandsLargeFilesOverInPieces)
+{
+    const auto writer = KPPSDWriter::initWithDocumentSize({1500, 1200});
+    const BitmapRef noise = Bitmap::create(1000, 1000);
+    std::uint32_t state = 1;
+    for (int y = 0; y < noise->height(); ++y)
+        for (Pixel& pixel : noise->row(y))
+            pixel = std::bit_cast<Pixel>(state = state * 1664525 + 1013904223);
+    writer->addLayerWithCGImage(noise, name(u"noise"), 1, {400, 30});
+    writer->addLayerWithCGImage(test::picture({"RG"}), name(u"small"), 1, {1499, 1199});
+    const std::size_t size = fileOf(*writer).size();
+    EXPECT_GT(size, 4U << 20);
+
+    for (const std::size_t most : {std::size_t{0}, size / 2, size - 1}) {
+        Kept kept(most);
+        KPPSDError error;
+        writer->writePSDOn(kept, &error);
+        EXPECT_EQ(std::to_string(error.code) + " " + error.message, "7 full");
+    }
 }
 
 TEST(Writer, CorrectsLayersOnce)

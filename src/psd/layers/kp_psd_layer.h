@@ -118,8 +118,8 @@ public:
     static void fillInChannelLengths(ByteBuffer& buffer, std::size_t record, const ChannelLengths& lengths);
     /// Appends the channel images, one after the other. The layer's pixels must be prepared.
     ChannelLengths writeLayerChannelsOn(ByteBuffer& buffer) const;
-    /// The same, with memory that other layers have used before.
-    virtual ChannelLengths writeLayerChannelsOn(ByteBuffer& buffer, PackedRows& packed) const;
+    /// The same at the end of a file, with memory that other layers have used before.
+    virtual ChannelLengths writeLayerChannelsOn(GrowingFile& file, PackedRows& packed) const;
     /// The same, each in a buffer of its own.
     std::vector<ByteBuffer> layerChannels() const;
     /// What all channel images together can come to, without looking at the pixels.

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "psd/append_value.h"
+#include "psd/growing_file.h"
 #include "psd/layers/kp_psd_layer.h"
 #include "psd/packed_bits.h"
 
@@ -76,10 +77,14 @@ KPPSDLayer::SizeBounds KPPSDLayer::layerChannelsSize() const
 KPPSDLayer::ChannelLengths KPPSDLayer::writeLayerChannelsOn(ByteBuffer& buffer) const
 {
     PackedRows rows;
-    return writeLayerChannelsOn(buffer, rows);
+    GrowingFile file;
+    file.end().swap(buffer);
+    ChannelLengths lengths = writeLayerChannelsOn(file, rows);
+    file.end().swap(buffer);
+    return lengths;
 }
 
-KPPSDLayer::ChannelLengths KPPSDLayer::writeLayerChannelsOn(ByteBuffer& buffer, PackedRows& packed) const
+KPPSDLayer::ChannelLengths KPPSDLayer::writeLayerChannelsOn(GrowingFile& file, PackedRows& packed) const
 {
     const Division d = divide(m_documentSize, imageInDocumentRegion());
     const BitmapPart part = visiblePart();
@@ -103,11 +108,11 @@ KPPSDLayer::ChannelLengths KPPSDLayer::writeLayerChannelsOn(ByteBuffer& buffer, 
 
     ChannelLengths lengths;
     for (int c = 0; c < channels; ++c) {
-        const std::size_t begin = buffer.size();
-        kpAppendValue(buffer, kPackBits, kCodeLength);
-        packed.appendLengths(c, buffer);
-        packed.appendData(c, buffer);
-        lengths.push_back(buffer.size() - begin);
+        const std::uint64_t begin = file.size();
+        kpAppendValue(file.end(), kPackBits, kCodeLength);
+        packed.appendLengths(c, file);
+        packed.appendData(c, file);
+        lengths.push_back(file.size() - begin);
     }
     return lengths;
 }
