@@ -98,8 +98,9 @@ constinit std::size_t refusedBlocks = 0;
 
 std::size_t& totalLimit()
 {
-    static std::size_t limit =
-        static_cast<std::size_t>(sysconf(_SC_PHYS_PAGES)) / 3 * static_cast<std::size_t>(sysconf(_SC_PAGESIZE));
+    static std::size_t limit = std::min(static_cast<std::size_t>(sysconf(_SC_PHYS_PAGES)) / 3 *
+                                            static_cast<std::size_t>(sysconf(_SC_PAGESIZE)),
+                                        std::size_t{6} << 30);
     return limit;
 }
 

@@ -25,7 +25,8 @@ public:
 
     /// 4 GiB.
     static std::size_t maximumBlock();
-    /// A third of the machine's memory, unless it was set to something else: an export needs about as much again.
+    /// A third of the machine's memory, because an export needs about as much again, and at most 6 GiB, which take some
+    /// seconds to fill; unless it was set to something else.
     static std::size_t maximumTotal();
     static void setMaximumTotal(std::size_t bytes);
     /// Bytes of all blocks alive now.

@@ -70,10 +70,14 @@ BitmapRef Image::scaledPart(const PixelRect& part) const
     const BitmapRef source = firstRepresentation();
     if (!source || part.empty() || intersection(part, extent()) != part)
         return nullptr;
-    if (!m_scaled.pixels || m_scaled.source != source || m_scaled.size != m_size || m_scaled.part != part) {
-        m_scaled = {}; // first, so that its memory can be used again
-        m_scaled = {m_size, part, source, resample(*source, {drawn(m_size.width), drawn(m_size.height)}, part)};
-    }
+    if (m_scaled.pixels && m_scaled.shows(m_size, part, source))
+        return m_scaled.pixels;
+    m_scaled = {}; // first, so that its memory can be used again
+    BitmapRef pixels = m_lastScaled->shows(m_size, part, source) ? m_lastScaled->pixels.lock() : nullptr;
+    if (!pixels)
+        pixels = resample(*source, {drawn(m_size.width), drawn(m_size.height)}, part);
+    *m_lastScaled = {m_size, part, source, pixels};
+    m_scaled = {m_size, part, source, std::move(pixels)};
     return m_scaled.pixels;
 }
 
