@@ -74,7 +74,8 @@ void GXAppDelegate::compose()
 
 void GXAppDelegate::reportRefusedBitmaps()
 {
-    if (std::exchange(m_refusedBitmaps, BitmapMemory::refused()) != m_refusedBitmaps)
+    const std::size_t before = std::exchange(m_refusedBitmaps, BitmapMemory::refused());
+    if (m_refusedBitmaps != before && m_offscreenRep) // without a raster nothing is shown
         m_desktop.log.log("there is not enough memory for all pictures; some are not shown");
 }
 

@@ -69,7 +69,7 @@ ExitCode runExport(const ExportRequest& request, std::ostream& out, std::ostream
         delegate.setShouldUpdate(true);
         delegate.update();
     }
-    if (BitmapMemory::refused() != refusedBefore)
+    if (BitmapMemory::refused() != refusedBefore && delegate.offscreenRep())
         return kExitFailed; // the controller has said so
     if (request.png) {
         if (!delegate.offscreenRep()) {
