@@ -16,9 +16,11 @@ namespace {
 
 constexpr std::size_t kCacheLine = 64;
 
+/// By which alone it is told whether a block is mapped, when it is taken and when it is given back.
 std::size_t capacityFor(std::size_t bytes)
 {
-    return bytes >= kLargeBlock ? wholePages(bytes) : (bytes + kCacheLine - 1) / kCacheLine * kCacheLine;
+    const std::size_t lines = (bytes + kCacheLine - 1) / kCacheLine * kCacheLine;
+    return lines >= kLargeBlock ? wholePages(lines) : lines;
 }
 
 /// The large blocks given back last, most recent first. Without a destructor, so that a bitmap that outlives main()
@@ -129,7 +131,7 @@ BitmapMemory BitmapMemory::allocate(std::size_t bytes, bool cleared)
 
     std::byte* data = nullptr;
     bool zeroed = false;
-    if (bytes < kLargeBlock) {
+    if (capacity < kLargeBlock) {
         data = static_cast<std::byte*>(std::aligned_alloc(kCacheLine, capacity));
     } else {
         const KeptBlocks::Block kept = keptBlocks.take(capacity);

@@ -1,6 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "platform/bitmap.h"
 
+#include "platform/bitmap_memory.h"
+#include "platform/pages.h"
+
+#include <cstdint>
 #include <gtest/gtest.h>
 #include <limits>
 #include <set>
@@ -86,6 +90,15 @@ TEST(BitmapMemory, RefusesWhatWouldPassTheTotalAndHasItBackAfterwards)
     EXPECT_FALSE(BitmapMemory::allocate(BitmapMemory::maximumBlock() + 1, false));
     EXPECT_FALSE(BitmapMemory::allocate(std::numeric_limits<std::size_t>::max(), false));
     EXPECT_FALSE(BitmapMemory::allocate(0, false));
+}
+
+TEST(BitmapMemory, MapsABlockThatItsLastCacheLineMakesLarge)
+{
+    // It was taken from the heap and given back as pages: 511 x 513 pixels were enough.
+    for (const std::size_t bytes : {kLargeBlock - 63, kLargeBlock - 1, kLargeBlock}) {
+        const BitmapMemory block = BitmapMemory::allocate(bytes, false);
+        EXPECT_EQ(reinterpret_cast<std::uintptr_t>(block.data()) % kHugePage, 0U) << bytes;
+    }
 }
 
 TEST(BitmapMemory, MovesItsBlock)
