@@ -7,6 +7,7 @@ namespace wallgrid::bench {
 
 // Each registers its benchmarks and adds what they are to show.
 void addComposition(std::vector<Ratio>& ratios);
+void addTranslucent(std::vector<Ratio>& ratios);
 void addGrids(std::vector<Ratio>& ratios);
 void addRings(std::vector<Ratio>& ratios);
 void addPng(std::vector<Ratio>& ratios);

@@ -13,6 +13,7 @@ int main(int argc, char** argv)
     const QApplication application(argc, argv);
     std::vector<Ratio> ratios;
     addComposition(ratios);
+    addTranslucent(ratios);
     addGrids(ratios);
     addRings(ratios);
     addPng(ratios);

@@ -91,6 +91,15 @@ inline W atop(W source, W destination)
     return ((even | odd << 8) & ~kAlpha) | (destination & kAlpha);
 }
 
+/// The same for a source that hides all of the destination but its alpha.
+inline Words opaqueAtop(Words source, Words destination)
+{
+    const Words ground = spread(destination & kAlpha);
+    const Words even = scaled(source & kHalves, ground);
+    const Words odd = scaled((source >> 8) & kHalves, ground);
+    return ((even | odd << 8) & ~kAlpha) | (destination & kAlpha);
+}
+
 enum class Operation { Over, Atop };
 
 template <Operation operation, class W>
@@ -136,6 +145,8 @@ inline void blendBlock(Words* destination, const Words* source)
     const bool opaqueGround = operation == Operation::Atop && allOpaque(d0 & d1 & d2 & d3);
     if (opaque && opaqueGround)
         return put(destination, s0, s1, s2, s3);
+    if (opaque)
+        return put(destination, opaqueAtop(s0, d0), opaqueAtop(s1, d1), opaqueAtop(s2, d2), opaqueAtop(s3, d3));
     if (opaqueGround)
         return put(destination, over<Words>(s0, d0), over<Words>(s1, d1), over<Words>(s2, d2), over<Words>(s3, d3));
     put(destination, blended<operation, Words>(s0, d0), blended<operation, Words>(s1, d1),
