@@ -25,11 +25,12 @@ public:
     virtual void encodeWithCoder(KeyedArchiver& archiver) const = 0;
 };
 
-/// What a root object is made of: a number, an object, a colour, or an array of these. References are never empty. One
-/// object in several places of an array stays one object. Copying takes no memory.
 struct ArchiveValue;
 using ArchiveArray = std::vector<ArchiveValue>;
 
+/// What a root object is made of: a number, an object, a colour, or an array of these. References are never empty. One
+/// object in several places of an array stays one object. Arrays are shared, so copying takes no memory: the standard
+/// library's variant is undefined after a copy that throws.
 struct ArchiveValue
     : std::variant<std::int64_t, std::shared_ptr<const Archivable>, ColorRef, std::shared_ptr<const ArchiveArray>> {
     using variant::variant;

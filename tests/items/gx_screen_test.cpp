@@ -220,13 +220,13 @@ TEST(GXScreen, CopySharesAndGetsItsCaptionsBack)
     EXPECT_NE(copy->thumbnail(), source->thumbnail());
     EXPECT_EQ(copy->thumbnail()->size(), (Size{6, 6}));
 }
+
 TEST(GXScreen, AnEditShowsLikeAScreenThatWasNeverDrawnBefore)
 {
     const ScreenRef screen = GXScreen::init();
-    for (const char* shown : {"screenFontEnable", "XYFontEnable", "CircleEnable"})
-        for (const GXItem::Field& field : GXItem::fields())
-            if (field.property == shown)
-                screen->setValue(field, true);
+    screen->setScreenFontEnable(true);
+    screen->setXYFontEnable(true);
+    screen->setCircleEnable(true);
     for (const GXItem::Field& field : GXItem::fields()) {
         SCOPED_TRACE(field.property);
         screen->drawInRect();
