@@ -93,29 +93,29 @@ Document::Document(std::int32_t width, std::int32_t height, int screens)
         still->setYpoint(random(0, height / 2));
         items->push_back(still);
     }
-    m_delegate.setOutputWidth(width);
-    m_delegate.setOutputHeight(height);
-    m_delegate.setBgColor(kGrounds[0]);
-    m_delegate.setEdgeColor(Color::deviceRGB(1, 1, 0));
-    m_delegate.setAllScreensArray(std::move(items));
+    m_program.delegate().setOutputWidth(width);
+    m_program.delegate().setOutputHeight(height);
+    m_program.delegate().setBgColor(kGrounds[0]);
+    m_program.delegate().setEdgeColor(Color::deviceRGB(1, 1, 0));
+    m_program.delegate().setAllScreensArray(std::move(items));
 }
 
 void Document::compose()
 {
-    m_delegate.setShouldUpdate(true);
-    m_delegate.update();
+    m_program.delegate().setShouldUpdate(true);
+    m_program.delegate().update();
 }
 
 void Document::changeGround()
 {
-    m_delegate.setBgColor(kGrounds[m_delegate.bgColor() == kGrounds[0] ? 1 : 0]);
+    m_program.delegate().setBgColor(kGrounds[m_program.delegate().bgColor() == kGrounds[0] ? 1 : 0]);
 }
 
 std::shared_ptr<KPPSDWriter> Document::psdWriter() const
 {
-    const auto writer = KPPSDWriter::initWithDocumentSize(
-        {static_cast<double>(m_delegate.OutputWidth()), static_cast<double>(m_delegate.OutputHeight())});
-    const ItemArray& items = *m_delegate.allScreensArray();
+    const auto writer = KPPSDWriter::initWithDocumentSize({static_cast<double>(m_program.delegate().OutputWidth()),
+                                                           static_cast<double>(m_program.delegate().OutputHeight())});
+    const ItemArray& items = *m_program.delegate().allScreensArray();
     for (auto item = items.rbegin(); item != items.rend(); ++item) {
         const std::string name = "Wall " + std::to_string(item - items.rbegin() + 1);
         writer->addLayerWithCGImage((*item)->thumbnail()->firstRepresentation(),

@@ -11,6 +11,18 @@
 
 namespace wallgrid::bench {
 
+/// The program without a window.
+class Program {
+public:
+    GXAppDelegate& delegate() { return m_delegate; }
+    const GXAppDelegate& delegate() const { return m_delegate; }
+
+private:
+    StreamLog m_log{std::cerr};
+    HeadlessDesktop m_desktop{m_log};
+    GXAppDelegate m_delegate{m_desktop.desktop()};
+};
+
 /// A document of the program without a window: screens of all sorts, some without fill, some hanging over the edge,
 /// and two stills, a gradient and noise, on an opaque background. Made from a fixed seed, so that every run measures
 /// the same pixels.
@@ -18,7 +30,7 @@ class Document {
 public:
     Document(std::int32_t width, std::int32_t height, int screens);
 
-    GXAppDelegate& delegate() { return m_delegate; }
+    GXAppDelegate& delegate() { return m_program.delegate(); }
     /// Composes what changed since the last time. No item is drawn again.
     void compose();
     /// Gives the raster another ground than the last time, so that all of it is composed anew.
@@ -27,9 +39,7 @@ public:
     std::shared_ptr<KPPSDWriter> psdWriter() const;
 
 private:
-    StreamLog m_log{std::cerr};
-    HeadlessDesktop m_desktop{m_log};
-    GXAppDelegate m_delegate{m_desktop.desktop()};
+    Program m_program;
 };
 
 } // namespace wallgrid::bench

@@ -1,12 +1,10 @@
 // SPDX-License-Identifier: MIT
-#include "app/gx_app_delegate.h"
 #include "benchmarks.h"
+#include "documents.h"
 #include "items/gx_screen.h"
-#include "platform/headless_desktop.h"
 
 #include <cstdlib>
 #include <functional>
-#include <iostream>
 #include <memory>
 
 namespace wallgrid::bench {
@@ -29,18 +27,6 @@ Project screens()
     return project;
 }
 
-/// The program without a window.
-class Program {
-public:
-    GXAppDelegate& operator*() { return m_delegate; }
-    GXAppDelegate* operator->() { return &m_delegate; }
-
-private:
-    StreamLog m_log{std::cerr};
-    HeadlessDesktop m_desktop{m_log};
-    GXAppDelegate m_delegate{m_desktop.desktop()};
-};
-
 void compose(GXAppDelegate& delegate)
 {
     delegate.setShouldUpdate(true);
@@ -56,11 +42,11 @@ void measure(benchmark::State& state, const std::function<void(GXAppDelegate&)>&
     for (auto _ : state) {
         state.PauseTiming();
         auto program = std::make_unique<Program>();
-        (*program)->applicationDidFinishLaunching();
-        prepare(**program);
+        program->delegate().applicationDidFinishLaunching();
+        prepare(program->delegate());
         state.ResumeTiming();
-        work(**program);
-        compose(**program);
+        work(program->delegate());
+        compose(program->delegate());
         state.PauseTiming();
         program.reset();
         state.ResumeTiming();

@@ -104,11 +104,9 @@ void add(std::vector<Ratio>& ratios, const std::string& size, const Raster& rast
 void addPng(std::vector<Ratio>& ratios)
 {
     add(ratios, "1920x1080", made([] {
-            StreamLog log(std::cerr);
-            HeadlessDesktop desktop(log);
-            GXAppDelegate delegate(desktop.desktop());
-            delegate.applicationDidFinishLaunching();
-            return delegate.offscreenRep();
+            Program program;
+            program.delegate().applicationDidFinishLaunching();
+            return program.delegate().offscreenRep();
         }));
     add(ratios, "3840x2160", made([] { return composed(3840, 2160, 20); }));
     const Raster large = made([] { return composed(16384, 8192, 60); });
