@@ -11,18 +11,7 @@ int main(int argc, char** argv)
 {
     qputenv("QT_QPA_PLATFORM", "offscreen");
     const QApplication application(argc, argv);
-    std::vector<Ratio> ratios;
-    addComposition(ratios);
-    addTranslucent(ratios);
-    addGrids(ratios);
-    addRings(ratios);
-    addPng(ratios);
-    addPsd(ratios);
-    addPackedBits(ratios);
-    addMemory(ratios);
-    addArchives(ratios);
-    addOpening(ratios);
-    addPreview(ratios);
-    addUndo(ratios);
-    return runRatios(argc, argv, ratios);
+    return runRatios(argc, argv,
+                     {addComposition, addTranslucent, addGrids, addRings, addPng, addPsd, addPackedBits, addMemory,
+                      addArchives, addOpening, addPreview, addUndo});
 }

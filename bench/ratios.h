@@ -3,6 +3,7 @@
 
 #include <benchmark/benchmark.h>
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -19,9 +20,12 @@ struct Ratio {
     double budget = 0;        ///< seconds that stand in for a yardstick where there is none
 };
 
-/// Runs the program's benchmarks, repeated and in mixed order so that what else the machine does hits all alike, and
-/// prints a table of ratio, target and whether it is met. The result is for main() to return: 0 when all targets that
-/// were measured are met.
-int runRatios(int argc, char** argv, const std::vector<Ratio>& ratios);
+/// Registers benchmarks that share their documents, and adds what they are to show.
+using Group = std::function<void(std::vector<Ratio>&)>;
+
+/// Runs one group after the other, each with its benchmarks repeated and in mixed order so that what else the machine
+/// does hits all alike, and then drops it and all that it holds. Prints a table of ratio, target and whether it is met.
+/// The result is for main() to return: 0 when all targets that were measured are met.
+int runRatios(int argc, char** argv, const std::vector<Group>& groups);
 
 } // namespace wallgrid::bench
