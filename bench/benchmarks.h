@@ -18,5 +18,8 @@ void addMemory(std::vector<Ratio>& ratios);
 void addArchives(std::vector<Ratio>& ratios);
 void addPreview(std::vector<Ratio>& ratios);
 void addUndo(std::vector<Ratio>& ratios);
+// Beside other libraries.
+void addCompositionLibraries(std::vector<Ratio>& ratios);
+void addPngLibraries(std::vector<Ratio>& ratios);
 
 } // namespace wallgrid::bench

@@ -12,6 +12,8 @@ int main(int argc, char** argv)
     qputenv("QT_QPA_PLATFORM", "offscreen");
     const QApplication application(argc, argv);
     return runRatios(argc, argv,
-                     {addComposition, addTranslucent, addGrids, addRings, addPng, addPsd, addPackedBits, addMemory,
-                      addArchives, addOpening, addPreview, addUndo});
+                     {{"ours : yardstick",
+                       {addComposition, addTranslucent, addGrids, addRings, addPng, addPsd, addPackedBits, addMemory,
+                        addArchives, addOpening, addPreview, addUndo}},
+                      {"ours : other libraries", {addCompositionLibraries, addPngLibraries}}});
 }

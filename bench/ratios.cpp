@@ -2,6 +2,7 @@
 #include "ratios.h"
 
 #include <algorithm>
+#include <array>
 #include <cstdio>
 #include <map>
 #include <ostream>
@@ -48,6 +49,17 @@ private:
     std::map<std::string, double> m_best;
 };
 
+std::string written(double value, bool isTime)
+{
+    std::array<char, 32> text;
+    constexpr double kFiveDigits = 1e5; // sizes have more, and all of them are shown
+    if (isTime)
+        std::snprintf(text.data(), text.size(), "%.5g ms", value * 1e3);
+    else
+        std::snprintf(text.data(), text.size(), value < kFiveDigits ? "%.5g" : "%.0f", value);
+    return text.data();
+}
+
 /// Prints a row and says whether the target is met, or was not measured.
 bool show(const Ratio& ratio, const Recorder& recorder)
 {
@@ -57,16 +69,31 @@ bool show(const Ratio& ratio, const Recorder& recorder)
         return true;
     const bool met = ours / yardstick <= ratio.atMost;
     const bool timed = ratio.counter.empty();
-    const double unit = timed ? 1e-3 : 1;
-    std::printf("%-66s %9.5g %-2s %9.5g %-2s %8.3f %8.3f  %s\n", ratio.title.c_str(), ours / unit, timed ? "ms" : "",
-                yardstick / unit, timed ? "ms" : "", ours / yardstick, ratio.atMost, met ? "yes" : "NO");
+    std::printf("%-66s %12s %12s %8.3f %8.3f  %s\n", ratio.title.c_str(), written(ours, timed).c_str(),
+                written(yardstick, timed).c_str(), ours / yardstick, ratio.atMost, met ? "yes" : "NO");
     std::fflush(stdout);
     return met;
 }
 
+/// Measures a group and shows its rows. Says whether all targets are met.
+bool run(const Group& addGroup)
+{
+    std::vector<Ratio> ratios;
+    addGroup(ratios);
+    std::ostream nowhere(nullptr);
+    Recorder recorder;
+    recorder.SetErrorStream(&nowhere); // it would say where a filter leaves none of a group
+    benchmark::RunSpecifiedBenchmarks(&recorder);
+    benchmark::ClearRegisteredBenchmarks();
+    bool allMet = true;
+    for (const Ratio& ratio : ratios)
+        allMet = show(ratio, recorder) && allMet;
+    return allMet;
+}
+
 } // namespace
 
-int runRatios(int argc, char** argv, const std::vector<Group>& groups)
+int runRatios(int argc, char** argv, const std::vector<Table>& tables)
 {
     // Before the caller's own, which override them.
     std::vector<std::string> options{argv[0], "--benchmark_repetitions=9",
@@ -80,18 +107,13 @@ int runRatios(int argc, char** argv, const std::vector<Group>& groups)
     if (benchmark::ReportUnrecognizedArguments(count, pointers.data()))
         return 2;
 
-    std::ostream nowhere(nullptr);
     bool allMet = true;
-    std::printf("%-66s %12s %12s %8s %8s  %s\n", "ours : yardstick", "ours", "yardstick", "ratio", "at most", "met");
-    for (const Group& addGroup : groups) {
-        std::vector<Ratio> ratios;
-        addGroup(ratios);
-        Recorder recorder;
-        recorder.SetErrorStream(&nowhere); // it would say where a filter leaves none of a group
-        benchmark::RunSpecifiedBenchmarks(&recorder);
-        benchmark::ClearRegisteredBenchmarks();
-        for (const Ratio& ratio : ratios)
-            allMet = show(ratio, recorder) && allMet;
+    for (const Table& table : tables) {
+        std::printf("%-66s %12s %12s %8s %8s  %s\n", table.title.c_str(), "ours", "yardstick", "ratio", "at most",
+                    "met");
+        for (const Group& group : table.groups)
+            allMet = run(group) && allMet;
+        std::printf("\n");
     }
     return allMet ? 0 : 1;
 }

@@ -23,9 +23,14 @@ struct Ratio {
 /// Registers benchmarks that share their documents, and adds what they are to show.
 using Group = std::function<void(std::vector<Ratio>&)>;
 
+struct Table {
+    std::string title;
+    std::vector<Group> groups;
+};
+
 /// Runs one group after the other, each with its benchmarks repeated and in mixed order so that what else the machine
-/// does hits all alike, and then drops it and all that it holds. Prints a table of ratio, target and whether it is met.
+/// does hits all alike, and then drops it and all that it holds. Prints tables of ratio, target and whether it is met.
 /// The result is for main() to return: 0 when all targets that were measured are met.
-int runRatios(int argc, char** argv, const std::vector<Group>& groups);
+int runRatios(int argc, char** argv, const std::vector<Table>& tables);
 
 } // namespace wallgrid::bench

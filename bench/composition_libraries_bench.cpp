@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
-// Compositions over a translucent ground, where each pixel takes the colour of what is drawn and keeps the ground's
-// alpha: the program's beside those of three libraries for 2D pictures.
+// Compositions beside those of three libraries for 2D pictures: over a translucent ground, where each pixel takes the
+// colour of what is drawn and keeps the ground's alpha, and over an opaque one.
 #include "benchmarks.h"
 #include "documents.h"
 
@@ -21,7 +21,19 @@ namespace {
 
 constexpr int kWidth = 3840;
 constexpr int kHeight = 2160;
-const QColor kGround = QColor::fromRgbF(0.1F, 0.1F, 0.12F, 0.5F);
+
+/// What is composed over, and how.
+struct Ground {
+    float alpha;
+    QPainter::CompositionMode qt;
+    cairo_operator_t cairo;
+    agg::comp_op_e agg;
+
+    QColor color() const { return QColor::fromRgbF(0.1F, 0.1F, 0.12F, alpha); }
+};
+
+constexpr Ground kTranslucent{0.5F, QPainter::CompositionMode_SourceAtop, CAIRO_OPERATOR_ATOP, agg::comp_op_src_atop};
+constexpr Ground kOpaque{1, QPainter::CompositionMode_SourceOver, CAIRO_OPERATOR_OVER, agg::comp_op_src_over};
 
 /// A picture in the pixel order that the libraries prefer, premultiplied, and its top-left corner.
 struct Layer {
@@ -49,12 +61,12 @@ std::vector<Layer> layersOf(const GXAppDelegate& delegate)
     return layers;
 }
 
-void composeWithQt(QImage& raster, const std::vector<Layer>& layers)
+void composeWithQt(QImage& raster, const std::vector<Layer>& layers, const Ground& ground)
 {
     QPainter painter(&raster);
     painter.setCompositionMode(QPainter::CompositionMode_Source);
-    painter.fillRect(raster.rect(), kGround);
-    painter.setCompositionMode(QPainter::CompositionMode_SourceAtop);
+    painter.fillRect(raster.rect(), ground.color());
+    painter.setCompositionMode(ground.qt);
     for (const Layer& layer : layers)
         painter.drawImage(layer.place, layer.picture);
 }
@@ -65,14 +77,15 @@ cairo_surface_t* surfaceOf(const QImage& image)
                                                image.width(), image.height(), static_cast<int>(image.bytesPerLine()));
 }
 
-void composeWithCairo(QImage& raster, const std::vector<Layer>& layers)
+void composeWithCairo(QImage& raster, const std::vector<Layer>& layers, const Ground& ground)
 {
     cairo_surface_t* const target = surfaceOf(raster);
     cairo_t* const cairo = cairo_create(target);
     cairo_set_operator(cairo, CAIRO_OPERATOR_SOURCE);
-    cairo_set_source_rgba(cairo, kGround.redF(), kGround.greenF(), kGround.blueF(), kGround.alphaF());
+    const QColor color = ground.color();
+    cairo_set_source_rgba(cairo, color.redF(), color.greenF(), color.blueF(), color.alphaF());
     cairo_paint(cairo);
-    cairo_set_operator(cairo, CAIRO_OPERATOR_ATOP);
+    cairo_set_operator(cairo, ground.cairo);
     for (const Layer& layer : layers) {
         cairo_surface_t* const picture = surfaceOf(layer.picture);
         cairo_set_source_surface(cairo, picture, layer.place.x(), layer.place.y());
@@ -90,37 +103,35 @@ agg::rendering_buffer bufferOf(const QImage& image)
             static_cast<unsigned>(image.height()), static_cast<int>(image.bytesPerLine())};
 }
 
-void composeWithAgg(QImage& raster, const std::vector<Layer>& layers)
+void composeWithAgg(QImage& raster, const std::vector<Layer>& layers, const Ground& ground)
 {
     using Blender = agg::comp_op_adaptor_rgba_pre<agg::rgba8, agg::order_bgra>;
     using Target = agg::pixfmt_custom_blend_rgba<Blender, agg::rendering_buffer>;
     agg::rendering_buffer buffer = bufferOf(raster);
     Target target(buffer);
     agg::renderer_base<Target> renderer(target);
-    const auto pixel = qPremultiply(kGround.rgba());
+    const auto pixel = qPremultiply(ground.color().rgba());
     renderer.clear(agg::rgba8(static_cast<unsigned>(qRed(pixel)), static_cast<unsigned>(qGreen(pixel)),
                               static_cast<unsigned>(qBlue(pixel)), static_cast<unsigned>(qAlpha(pixel))));
-    target.comp_op(agg::comp_op_src_atop);
+    target.comp_op(ground.agg);
     for (const Layer& layer : layers) {
         agg::rendering_buffer from = bufferOf(layer.picture);
         renderer.blend_from(agg::pixfmt_bgra32_pre(from), nullptr, layer.place.x(), layer.place.y());
     }
 }
 
-using Compose = void (*)(QImage&, const std::vector<Layer>&);
+using Compose = void (*)(QImage&, const std::vector<Layer>&, const Ground&);
 
-void measure(benchmark::State& state, const std::vector<Layer>& layers, Compose compose)
+void measure(benchmark::State& state, const std::vector<Layer>& layers, const Ground& ground, Compose compose)
 {
     QImage raster(kWidth, kHeight, QImage::Format_ARGB32_Premultiplied);
     for (auto _ : state) {
-        compose(raster, layers);
+        compose(raster, layers, ground);
         benchmark::ClobberMemory();
     }
 }
 
-} // namespace
-
-void addTranslucent(std::vector<Ratio>& ratios)
+void add(std::vector<Ratio>& ratios, const std::string& name, const Ground& ground)
 {
     // Made when it is first measured.
     const auto document = [made = std::make_shared<std::unique_ptr<Document>>()]() -> Document& {
@@ -128,10 +139,10 @@ void addTranslucent(std::vector<Ratio>& ratios)
             *made = std::make_unique<Document>(kWidth, kHeight, 20);
         return **made;
     };
-    const std::string name = "compose 3840x2160, translucent";
     benchmark::RegisterBenchmark((name + "/ours").c_str(), [=](benchmark::State& state) {
         GXAppDelegate& delegate = document().delegate();
-        static const ColorRef grounds[] = {Color::deviceRGB(0.1, 0.1, 0.12, 0.5), Color::deviceRGB(0.1, 0.1, 0.3, 0.5)};
+        const ColorRef grounds[] = {Color::deviceRGB(0.1, 0.1, 0.12, ground.alpha),
+                                    Color::deviceRGB(0.1, 0.1, 0.3, ground.alpha)};
         for (auto _ : state) {
             delegate.setBgColor(grounds[delegate.bgColor() == grounds[0] ? 1 : 0]);
             document().compose();
@@ -142,10 +153,22 @@ void addTranslucent(std::vector<Ratio>& ratios)
     for (const auto& [library, compose] : libraries) {
         const std::string yardstick = name + "/" + library;
         benchmark::RegisterBenchmark(yardstick.c_str(), [=, compose = compose](benchmark::State& state) {
-            measure(state, layersOf(document().delegate()), compose);
+            measure(state, layersOf(document().delegate()), ground, compose);
         })->MeasureProcessCPUTime(); // Qt paints large pictures with threads of its own
         ratios.push_back({name + ": " + library, name + "/ours", yardstick, 1.0});
     }
+}
+
+} // namespace
+
+void addTranslucent(std::vector<Ratio>& ratios)
+{
+    add(ratios, "compose 3840x2160, translucent", kTranslucent);
+}
+
+void addCompositionLibraries(std::vector<Ratio>& ratios)
+{
+    add(ratios, "compose 3840x2160, opaque", kOpaque);
 }
 
 } // namespace wallgrid::bench
