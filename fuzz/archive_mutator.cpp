@@ -3,7 +3,7 @@
 // Changes property lists object by object and writes a sound container around the result, where libFuzzer's own changes
 // of bytes seldom leave one. Now and then, and for what is no property list, those are made instead.
 #include "platform/property_list.h"
-#include "platform/raw_archive.h"
+#include "platform/raw_plist.h"
 
 #include <algorithm>
 #include <cstring>
@@ -21,7 +21,6 @@ extern "C" std::size_t LLVMFuzzerCustomMutator(std::uint8_t* data, std::size_t s
 
 namespace {
 
-constexpr unsigned kReferenceWidth = 2;
 constexpr std::size_t kMostObjects = 4000;
 
 /// Scalars that stand on the edge of something.
@@ -163,9 +162,9 @@ private:
     std::minstd_rand m_random;
 };
 
-wallgrid::test::Bytes written(const std::vector<Object>& objects, unsigned top)
+std::vector<std::uint8_t> written(const std::vector<Object>& objects, unsigned top)
 {
-    wallgrid::test::RawPlist list(kReferenceWidth, kReferenceWidth);
+    wallgrid::test::RawPlist list;
     for (const Object& object : objects) {
         if (!object.isContainer())
             list.raw(object.scalar);

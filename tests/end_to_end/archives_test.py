@@ -1,0 +1,308 @@
+# SPDX-License-Identifier: MIT
+"""Archives that our code wrote, read with Python's own property-list reader; and archives that no writer makes, read by
+our code."""
+
+import base64
+import itertools
+import json
+import os
+import pathlib
+import plistlib
+import subprocess
+import sys
+import tempfile
+import unittest
+from plistlib import UID
+
+sys.path.insert(0, str(pathlib.Path(__file__).parents[1] / "hostile"))
+import corpus
+from corpus import EITHER, REFUSED, SAME, colour_space, made
+from raw_archive import *
+
+LARGEST, SMALLEST = 2 ** 31 - 1, -2 ** 31
+ARRAY = {"$classname": "NSMutableArray", "$classes": ["NSMutableArray", "NSArray", "NSObject"]}
+INDEX_SET = {"$classname": "NSIndexSet", "$classes": ["NSIndexSet", "NSObject"]}
+DATA = {"$classname": "NSMutableData", "$classes": ["NSMutableData", "NSData", "NSObject"]}
+
+
+def named(name):
+    return {"$classname": name, "$classes": [name, "NSObject"]}
+
+
+def archive(objects):
+    return {"$version": 100000, "$archiver": "NSKeyedArchiver", "$top": {"root": UID(1)}, "$objects": objects}
+
+
+SAMPLE = archive([
+    "$null",
+    {"NS.objects": [UID(2), UID(3), UID(4)], "$class": UID(19)},
+    1080,
+    1920,
+    {"NS.objects": [UID(5), UID(12), UID(5)], "$class": UID(19)},
+    {"col": 300, "bgenable": True, "boarderenable": False, "panelwidth": 40, "panelheight": 100000, "row": 2,
+     "rectcolor": UID(6), "visible": True, "screenheight": 200000, "screenwidth": 12000, "xpoint": -70000, "ypoint": 0,
+     "xyfontsize": -1, "xyenable": False, "fontenable": False, "circleenable": True, "screenfontsize": 0,
+     "circlecolor": UID(8), "boardercolor": UID(9), "label": UID(10), "boarderwidth": 1, "circlebwidth": 4,
+     "$class": UID(11)},
+    {"NSColorSpace": 1, "NSRGB": b"0.1 0.3333333333 1 0.5\0", "$class": UID(7)},
+    named("NSColor"),
+    {"NSColorSpace": 2, "NSRGB": b"7.043773371e-05 -1 1.5\0", "$class": UID(7)},
+    {"NSColorSpace": 3, "NSWhite": b"1\0", "$class": UID(7)},
+    "Wand \u00e4 \U0001F600",
+    named("GXScreen"),
+    {"col": 0, "bgenable": False, "boarderenable": False, "panelwidth": 0, "panelheight": 0, "row": 0,
+     "rectcolor": UID(6), "visible": True, "screenheight": 0, "screenwidth": 0, "xpoint": 0, "ypoint": 0,
+     "xyfontsize": 0, "xyenable": False, "fontenable": False, "circleenable": False, "screenfontsize": 0,
+     "circlecolor": UID(13), "boardercolor": UID(14), "label": UID(10), "boarderwidth": 1, "circlebwidth": 0,
+     "imageURL": UID(15), "$class": UID(18)},
+    {"NSColorSpace": 5, "NSCMYK": b"0 1e+20 0 1\0", "$class": UID(7)},
+    {"NSColorSpace": 4, "NSWhite": b"0.3333333333 0\0", "$class": UID(7)},
+    {"NS.base": UID(0), "NS.relative": UID(16), "$class": UID(17)},
+    "file:///logos/a%20b.png",
+    named("NSURL"),
+    named("GXStill"),
+    ARRAY])
+
+# What an object makes of the output's height: any number, cut to 32 bits.
+HEIGHTS = {
+    "10 FF": 255, "11 FFFF": 65535, "12 FFFFFFFF": -1, "13 FFFFFFFF FFFFFFFF": -1, "13 80000000 00000000": 0,
+    "13 00000001 80000000": SMALLEST, "14 00000000 00000000 FFFFFFFF 00000007": 7, "22 C0200000": -2,
+    "23 C33E0000 00000000": SMALLEST, "23 7FF00000 00000000": LARGEST, "23 7FF80000 00000000": 0, "09": 1, "08": 0}
+
+RGB, DEVICE_RGB, WHITE, DEVICE_WHITE, CMYK = range(5)
+ONES = b"1" * 2 ** 20
+# NSColorSpace, key and data; the space, components and alpha that are read.
+COLOURS = [
+    (1, "NSRGB", b"0 0.01709265294 0.5114030934 0.8\0", RGB, [0, 0.01709265294, 0.5114030934, 0], 0.8),
+    (2, "NSRGB", b"1 7.043773371e-05 0.37640449\0", DEVICE_RGB, [1, 7.043773371e-05, 0.37640449, 0], 1),
+    (3, "NSWhite", b"0.25 0.5\0", WHITE, [0.25, 0, 0, 0], 0.5),
+    (4, "NSWhite", b"0.25\0", DEVICE_WHITE, [0.25, 0, 0, 0], 1),
+    (5, "NSCMYK", b"0 0.25 1 0.5 0.75\0", CMYK, [0, 0.25, 1, 0.5], 0.75),
+    (10, "NSImage", b"\0", WHITE, [0, 0, 0, 0], 1),
+    (99, "NSRGB", b"1 1 1\0", WHITE, [0, 0, 0, 0], 1),
+    # Damaged numbers are read as their default.
+    (1, "NSRGB", b"", RGB, [0, 0, 0, 0], 1),
+    (1, "NSRGB", b"  1  0.5   0.25  0.125  9", RGB, [1, 0.5, 0.25, 0], 0.125),
+    (1, "NSRGB", b"1 1\0 1 1", RGB, [1, 1, 0, 0], 1),
+    (1, "NSRGB", b"nan inf -inf nan", RGB, [0, 0, 0, 0], 1),
+    (1, "NSRGB", b"0,5 1.5x 0x1 0,5", RGB, [0, 0, 0, 0], 1),
+    (1, "NSRGB", b"1e400 -1e-400 1e-5 1e400", RGB, [0, 0, 1e-5, 0], 1),
+    (1, "NSRGB", b"-2 3 1e300 -1", RGB, [-2, 3, 1e300, 0], -1),
+    (1, "NSRGB", ONES + b" 1 1", RGB, [0, 0, 0, 0], 1),
+    (1, "NSRGB", b"1 0." + ONES, RGB, [1, 0, 0, 0], 1),
+    (1, "NSRGB", b"1 " + b"0" * 63 + b" 1 0.5", RGB, [1, 0, 1, 0], 0.5),
+    (1, "NSRGB", b"1 1" + b"0" * 63 + b" 1 0.5", RGB, [1, 0, 1, 0], 0.5),
+]
+
+# What is painted of a colour with components 0.1 0.2 0.3 0.4 of its own, by the number of their space.
+CONVERTED, OWN, OWN_WHITE = [1, 0.5, 0, 1], [0.1, 0.2, 0.3, 0.4], [0.1, 0.1, 0.1, 0.2]
+OWN_SPACES = [("NSID", 1, CONVERTED), ("NSID", 4, OWN), ("NSID", 5, OWN_WHITE), ("NSID", 7, OWN), ("NSID", 8, CONVERTED),
+              ("NSID", 9, OWN_WHITE), ("NSSpaceID", 12, CONVERTED), ("NSSpaceID", 14, OWN), ("NSSpaceID", 15, OWN_WHITE),
+              ("NSSpaceID", 16, CONVERTED), ("NSModel", 0, CONVERTED)]
+
+# Sets of one range and of four, as macOS 10.14 archived them; the first row of each is 0.
+REAL_INDEX_SETS = [base64.b64decode(text) for text in (
+    "YnBsaXN0MDDUAQIDBAUGGBlYJHZlcnNpb25YJG9iamVjdHNZJGFyY2hpdmVyVCR0b3ASAAGGoKMHCBFVJG51bGzUCQoLDA0ODxBaTlNMb2NhdGlv"
+    "blYkY2xhc3NcTlNSYW5nZUNvdW50WE5TTGVuZ3RoEACAAhABEDLSEhMUFVokY2xhc3NuYW1lWCRjbGFzc2VzWk5TSW5kZXhTZXSiFhdaTlNJbmRl"
+    "eFNldFhOU09iamVjdF8QD05TS2V5ZWRBcmNoaXZlctEaG1Ryb290gAEIERojLTI3O0FKVVxpcnR2eHp/ipOeoay1x8rPAAAAAAAAAQEAAAAAAAAA"
+    "HAAAAAAAAAAAAAAAAAAAANE=",
+    "YnBsaXN0MDDUAQIDBAUGHh9YJHZlcnNpb25YJG9iamVjdHNZJGFyY2hpdmVyVCR0b3ASAAGGoKUHCA8TGlUkbnVsbNMJCgsMDQ5cTlNSYW5nZUNv"
+    "dW50ViRjbGFzc1tOU1JhbmdlRGF0YRAEgASAAtIQChESV05TLmRhdGFPEBEAMmQy6Acyzf////////9/MoAD0hQVFhdaJGNsYXNzbmFtZVgkY2xh"
+    "c3Nlc11OU011dGFibGVEYXRhoxYYGVZOU0RhdGFYTlNPYmplY3TSFBUbHFpOU0luZGV4U2V0oh0ZWk5TSW5kZXhTZXRfEA9OU0tleWVkQXJjaGl2"
+    "ZXLRICFUcm9vdIABAAgAEQAaACMALQAyADcAPQBDAEoAVwBeAGoAbABuAHAAdQB9AJEAkwCYAKMArAC6AL4AxQDOANMA3gDhAOwA/gEBAQYAAAAA"
+    "AAACAQAAAAAAAAAiAAAAAAAAAAAAAAAAAAABCA==")]
+
+
+def resolved(objects, value):
+    """What a value stands for, UIDs followed and those out of range nil; only for archives without cycles."""
+    if isinstance(value, UID):
+        return resolved(objects, objects[value.data]) if value.data < len(objects) else "$null"
+    if isinstance(value, dict):
+        return {key: resolved(objects, each) for key, each in value.items()}
+    if isinstance(value, list):
+        return [resolved(objects, each) for each in value]
+    return value
+
+
+class Archives(unittest.TestCase):
+    def setUp(self):
+        folder = tempfile.TemporaryDirectory()
+        self.addCleanup(folder.cleanup)
+        self.folder = pathlib.Path(folder.name)
+
+    def tool(self, *words, check=True):
+        return subprocess.run([os.environ["ARCHIVE_TOOL"], *map(str, words)], check=check, capture_output=True, text=True,
+                              timeout=300)
+
+    def read(self, files):
+        """The project in each file, or {"refused": why}."""
+        paths = [self.folder / str(number) for number in range(len(files))]
+        for path, data in zip(paths, files):
+            path.write_bytes(data)
+        return [json.loads(line) for line in self.tool("read", *paths).stdout.splitlines()]
+
+    def copied(self, data):
+        (self.folder / "from").write_bytes(data)
+        self.tool("copy", self.folder / "from", self.folder / "to")
+        return (self.folder / "to").read_bytes()
+
+    def test_a_written_project_whole(self):
+        self.tool("sample", self.folder / "sample.mpr")
+        data = (self.folder / "sample.mpr").read_bytes()
+        self.assertEqual(plistlib.loads(data), SAMPLE)
+        self.assertEqual(self.copied(data), data, "what is shared stays shared")
+
+    def test_each_case_is_refused_or_read_like_the_plain_project(self):
+        parts = (corpus.property_lists, corpus.hostile_graphs, corpus.frames, corpus.index_sets, corpus.colours,
+                 corpus.variations)
+        cases = [*itertools.chain(*(part() for part in parts)),
+                 *((name, REFUSED, made(fault)) for name, fault in corpus.FAULTS.items()),
+                 *((name, SAME, made(form)) for name, form in corpus.FORMS.items())]
+        found = self.read([data for *_, data in cases])
+        for project in found:
+            for item in project.get("items", []):
+                for key in ("rectcolor", "boardercolor", "circlecolor"):
+                    (item[key] or {}).pop("kept", None)
+        for (name, expected, _), project in zip(cases, found, strict=True):
+            with self.subTest(name):
+                if expected != EITHER:
+                    self.assertEqual("refused" in project, expected == REFUSED, project)
+                if expected == SAME:
+                    self.assertEqual(project, found[0])
+
+    def test_values(self):
+        text = "a\0\ud800\u00e4\udfff\U0001f600"
+
+        def labelled(p):
+            p.entries[LABEL] = p.utf16(text)
+
+        def without(p):
+            p.remove(SCREEN, "col", "visible", "label", "rectcolor")
+            p.remove(STILL, "imageURL")
+
+        projects = self.read([made(lambda p: None), made(labelled), made(without)] + [
+            made(lambda p: p.entries.__setitem__(HEIGHT, p.raw(data))) for data in HEIGHTS])
+        (screen, still), (with_text, _), (bare_screen, bare_still) = (project["items"] for project in projects[:3])
+        keys = "kind", "col", "row", "xpoint", "visible", "circlecolor"
+        self.assertEqual([screen[key] for key in keys], ["screen", 4, 3, -5, True, None])
+        self.assertEqual([still[key] for key in keys], ["still", 4, 3, -5, True, None])
+        self.assertEqual((projects[0]["height"], projects[0]["width"]), (108, 192))
+        self.assertEqual(still["imageFile"], "/w/a b.png")
+        self.assertEqual(screen["label"], list(b"Wall A"))
+        self.assertEqual(with_text["label"], [0x61, 0, 0xd800, 0xe4, 0xdfff, 0xd83d, 0xde00])
+        self.assertEqual([bare_screen[key] for key in ("col", "visible", "label", "rectcolor")], [0, False, None, None])
+        self.assertNotIn("imageFile", bare_still)
+        self.assertEqual(dict(zip(HEIGHTS, (project["height"] for project in projects[3:]), strict=True)), HEIGHTS)
+
+    def test_texts_that_are_no_url_are_none(self):
+        texts = "/with space", "file:///\u00e4", "%zz"
+        files = [made(lambda p: p.entries.__setitem__(LINK_TEXT, p.utf16(text))) for text in texts]
+        files.append(made(lambda p: p.remove(LINK, "NS.relative")))
+        for project in self.read(files):
+            self.assertNotIn("imageFile", project["items"][1])
+
+    def test_the_first_error_is_told(self):
+        def relative_urls(p):
+            base = p.record(LINK_CLASS, NS_relative=p.uid(p.add(p.text("file:///" + "x" * 16000 + "/"))))
+            text = p.uid(p.add(p.text("a")))
+            p.items(*[p.record(STILL_CLASS, imageURL=p.uid(p.record(LINK_CLASS, NS_base=p.uid(base), NS_relative=text)))
+                      for _ in range(5000)])
+        faults = {
+            'GXScreen: the value of "col" is not an integer': lambda p: p.set(SCREEN, col=p.text("4"), label=p.uid(999)),
+            'GXStill: the value of "imageURL" is one of too many relative URLs': relative_urls,
+        }
+        self.assertEqual([project.get("refused") for project in self.read([made(fault) for fault in faults.values()])],
+                         list(faults))
+
+    def test_colours(self):
+        def coloured(p, space, key, data):
+            p.remove(COLOUR, "NSRGB")
+            p.set(COLOUR, NSColorSpace=p.integer(space), **{key: p.data(data)})
+
+        def with_own_space(p, key, number):
+            p.set(COLOUR, NSComponents=p.data(b"0.1 0.2 0.3 0.4"),
+                  NSCustomColorSpace=colour_space(p, **{key: p.integer(number)}))
+
+        files = [made(coloured, *row[:3]) for row in COLOURS] + [made(with_own_space, *row[:2]) for row in OWN_SPACES]
+        found = [project["items"][0]["rectcolor"] for project in self.read(files)]
+        for row, colour in zip(COLOURS + OWN_SPACES, found, strict=True):
+            with self.subTest(row[:2]):
+                if len(row) == 3:
+                    self.assertEqual((colour["rgba"], colour["kept"]), (row[2], True))
+                else:
+                    self.assertEqual((colour["space"], colour["components"], colour["alpha"]), row[3:])
+
+    def test_a_colour_is_copied_with_all_it_came_with(self):
+        def with_profile(p):
+            profile = p.uid(p.add(p.data(b"profile" * 500)))
+            for item in SCREEN, STILL:
+                p.set(item, rectcolor=p.uid(p.record(
+                    COLOUR_CLASS, NSColorSpace=p.integer(1), NSRGB=p.data(b"0.25 0.5 0.75\0"),
+                    NSComponents=p.data(b"0.3 0.55 0.8 1"), NSLinearExposure=p.data(b"1"),
+                    NSCustomColorSpace=colour_space(p, NSID=p.integer(7), NSICC=profile),
+                    future=p.array([p.uid(0), p.uid(1000), p.real(.5), p.text("x")]))))
+        data = made(with_profile)
+        copy = self.copied(data)
+        self.assertEqual(copy.count(b"profile" * 500), 1, "shared by the two colours")
+
+        def colours(data):
+            objects = plistlib.loads(data)["$objects"]
+            items = [entry for entry in objects if isinstance(entry, dict) and "rectcolor" in entry]
+            return [resolved(objects, item["rectcolor"]) for item in items]
+        self.assertEqual(colours(copy), colours(data))
+        self.assertEqual(self.copied(copy), copy)
+
+    def test_hostile_colours_are_copied_in_proportion(self):
+        def everything(p):
+            """The colour leads to everything, through keys and arrays that are shared and hold themselves."""
+            all_of_it = p.array([*(p.uid(uid) for uid in range(ENTRY_COUNT)), p.next() + ENTRY_COUNT])
+            name = p.text("k" * 100000)
+            p.set(COLOUR, names=p.dictionary([(name, all_of_it)] * 1000), **{f"all{i}": all_of_it for i in range(1000)})
+        hostile = made(everything)
+        copy = self.copied(hostile)
+        self.assertLess(len(copy), len(hostile))
+        self.assertEqual(copy.count(b"k" * 100000), 1)
+        for name, _, data in corpus.hostile_graphs():
+            with self.subTest(name):
+                self.assertLess(len(self.copied(data)), len(data) + 1000)
+
+    def assertFirst(self, data, expected):
+        """Without an expected row the set must be refused."""
+        (self.folder / "rows").write_bytes(data)
+        run = self.tool("first", self.folder / "rows", check=False)
+        self.assertEqual((run.stdout, run.returncode, bool(run.stderr)),
+                         ("", 1, True) if expected is None else (f"{expected}\n", 0, False))
+
+    def test_sets_of_rows(self):
+        written = {
+            (): {"NSRangeCount": 0},
+            (0,): {"NSRangeCount": 1, "NSLocation": 0, "NSLength": 1},
+            (200, 201, 202): {"NSRangeCount": 1, "NSLocation": 200, "NSLength": 3},
+            (2, 5): {"NSRangeCount": 2, "NSRangeData": {"NS.data": b"\x02\x01\x05\x01", "$class": DATA}},
+            (127, 128, 300, 70000): {"NSRangeCount": 3, "NSRangeData": {
+                "NS.data": b"\x7f\x02\xac\x02\x01\xf0\xa2\x04\x01", "$class": DATA}},
+        }
+        for rows, expected in written.items():
+            self.tool("rows", self.folder / "rows", *rows)
+            data = (self.folder / "rows").read_bytes()
+            root = plistlib.loads(data)
+            self.assertEqual(resolved(root["$objects"], root["$top"]["root"]), expected | {"$class": INDEX_SET})
+            self.assertFirst(data, rows[0] if rows else None)
+        for data in REAL_INDEX_SETS:
+            self.assertFirst(data, 0)
+        for first, values in [
+                (2, dict(NSRangeCount=2, NSRangeData=UID(2))),
+                (LARGEST, dict(NSRangeCount=1, NSLocation=LARGEST, NSLength=9)),
+                (None, dict(NSRangeCount=1, NSLocation=-1, NSLength=1)),
+                (None, dict(NSRangeCount=1, NSLocation=2 ** 31, NSLength=1)),
+                (None, dict(NSRangeCount=-1, NSRangeData=UID(2))),
+                (None, dict(NSRangeCount=2, NSRangeData=UID(0))),
+                (None, dict(NSRangeCount=2, NSRangeData=UID(3))),
+                (None, dict(NSRangeCount=2, NSRangeData="text"))]:
+            objects = ["$null", values | {"$class": UID(3)}, b"\x02\x01\x05\x01", INDEX_SET]
+            self.assertFirst(plistlib.dumps(archive(objects), fmt=plistlib.FMT_BINARY), first)
+        self.assertFirst(Project().file(), None)
+
+
+if __name__ == "__main__":
+    unittest.main(verbosity=2)
