@@ -72,19 +72,17 @@ TEST_F(ArrayControllerTest, SelectionStaysOnItsObjectsOrFallsToTheNextRow)
 {
     controller.setSelectionIndexes({1, 3});
     controller.removeObjectAtArrangedObjectIndex(0);
-    EXPECT_EQ(state(), "BcDe");
     controller.removeObjectsAtArrangedObjectIndexes({0, 2});
-    EXPECT_EQ(state(), "Ce");
     controller.setSelectionIndex(1);
     controller.removeObjectAtArrangedObjectIndex(1);
-    EXPECT_EQ(state(), "C");
-    controller.setSelectionIndexes({});
-    controller.insertObjectAtArrangedObjectIndex(thing('x'), 0);
     controller.setSelectionIndexes({});
     controller.removeObjectAtArrangedObjectIndex(0);
-    EXPECT_EQ(state(), "c") << "no selection stays none";
-    controller.removeObjectAtArrangedObjectIndex(0);
+    EXPECT_EQ(told, (std::vector<std::string>{"BcDe", "Ce", "C", ""}));
     EXPECT_EQ(controller.selectedObject(), nullptr);
+    controller.addObjects({thing('x'), thing('y')});
+    controller.setSelectionIndexes({});
+    controller.removeObjectAtArrangedObjectIndex(0);
+    EXPECT_EQ(state(), "y") << "no selection stays none";
 }
 
 TEST_F(ArrayControllerTest, RelaysObservedPropertiesOfMembersOnly)

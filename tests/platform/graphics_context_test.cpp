@@ -32,46 +32,6 @@ BitmapRef onWhite(Draw draw)
 
 } // namespace
 
-TEST(GraphicsContext, DrawsTwoFramedPanels)
-{
-    const BitmapRef expected = picture({
-        "WWWWWWWW",
-        "WRRWWRRW",
-        "WWWWWWWW",
-    });
-    const BitmapRef panels = Bitmap::create(8, 3);
-    GraphicsContext context(panels);
-    for (int i = 0; i < 2; ++i) {
-        context.setColor(red);
-        context.fillRect({4 * i, 0, 4, 3});
-        context.setColor(white);
-        context.frameRect({4 * i, 0, 4, 3}, 1);
-    }
-    EXPECT_TRUE(samePicture(panels, expected));
-
-    const BitmapRef tiled = Bitmap::create(8, 3);
-    GraphicsContext other(tiled);
-    other.setColor(red);
-    other.fillRect({0, 0, 4, 3});
-    other.setColor(white);
-    other.frameRect({0, 0, 4, 3}, 1);
-    other.tile(4, 3, 2, 1);
-    EXPECT_TRUE(samePicture(tiled, expected));
-}
-
-TEST(GraphicsContext, StartsOpaqueBlackAndKeepsItsColourWhenGivenNone)
-{
-    const BitmapRef bitmap = Bitmap::create(2, 1);
-    GraphicsContext context(bitmap);
-    context.setColor(nullptr);
-    context.fillRect({0, 0, 1, 1});
-    EXPECT_TRUE(samePicture(bitmap, picture({"K."})));
-    context.setColor(green);
-    context.setColor(nullptr);
-    context.fillRect({0, 0, 1, 1});
-    EXPECT_TRUE(samePicture(bitmap, picture({"G."})));
-}
-
 TEST(GraphicsContext, ClipsFillsWhereverTheyLie)
 {
     const auto filled = [](PixelRect rect) { return onWhite([&](GraphicsContext& c) { c.fillRect(rect); }); };
@@ -81,13 +41,13 @@ TEST(GraphicsContext, ClipsFillsWhereverTheyLie)
     EXPECT_TRUE(samePicture(filled({-2, 2, 3, 9}), picture({"RWWWWW", "RWWWWW", "WWWWWW", "WWWWWW"})));
     EXPECT_TRUE(samePicture(filled({5, -7, 9, 8}), picture({"WWWWWW", "WWWWWW", "WWWWWW", "WWWWWR"})));
     EXPECT_TRUE(samePicture(filled({-kFar, -kFar, 2 * kFar, 2 * kFar}), all));
-    for (const PixelRect& rect : std::vector<PixelRect>{{6, 0, 1, 1},
-                                                        {0, 4, 1, 1},
-                                                        {-1, 0, 1, 4},
-                                                        {0, -1, 6, 1},
-                                                        {2, 2, 0, 2},
-                                                        {2, 2, 2, -1},
-                                                        {kFar, kFar, kFar, kFar}})
+    EXPECT_TRUE(samePicture(onWhite([](GraphicsContext& c) {
+                                c.clearRect({4, 0, 9, 2});
+                            }),
+                            picture({"WWWWWW", "WWWWWW", "WWWW..", "WWWW.."})));
+    const PixelRect outside[] = {{6, 0, 1, 1}, {0, 4, 1, 1},  {-1, 0, 1, 4},           {0, -1, 6, 1},
+                                 {2, 2, 0, 2}, {2, 2, 2, -1}, {kFar, kFar, kFar, kFar}};
+    for (const PixelRect& rect : outside)
         EXPECT_TRUE(samePicture(filled(rect), untouched)) << rect.x << ", " << rect.y;
 }
 
@@ -115,18 +75,6 @@ TEST(GraphicsContext, DrawsTheSamePixelsInsideAClip)
         }
     }
     EXPECT_TRUE(samePicture(pieces, whole));
-}
-
-TEST(GraphicsContext, FillsAndClearsByReplacing)
-{
-    const BitmapRef bitmap = onWhite([](GraphicsContext& context) {
-        context.setColor(Color::deviceRGB(1, 0.5, 0, 0.5));
-        context.fillRect({0, 0, 1, 1});
-        context.clearRect({1, 0, 1, 1});
-    });
-    EXPECT_EQ(bitmap->at(0, 3), (Pixel{128, 128, 64, 0}));
-    EXPECT_EQ(bitmap->at(1, 3), Pixel{});
-    EXPECT_EQ(bitmap->at(2, 3), (Pixel{255, 255, 255, 255}));
 }
 
 TEST(GraphicsContext, FramesAlongTheInside)
@@ -212,10 +160,9 @@ TEST(GraphicsContext, DrawsNowhereWithoutABitmap)
     context.tile(1, 1, 4, 4);
     context.strokeCircle({0, 0, 4, 4}, 1);
     context.drawText("240 x 240", {0, 0}, 13, nullptr);
-    Image image({4, 4});
+    Image image({4, 1});
     image.addRepresentation(picture({"RRRR"}));
-    context.drawImage(image, {0, 0}, {0, 0, 4, 4}, CompositingOperation::SourceOver);
-    SUCCEED();
+    context.drawImage(image, {0, 0}, {0, 0, 4, 1}, CompositingOperation::SourceOver);
 }
 
 namespace {
@@ -227,7 +174,6 @@ public:
     class Line : public TextLine {
     public:
         PixelRect box;
-        mutable std::size_t largest = 0;
         PixelRect inkBounds() const override { return box; }
         void rasterize(const PixelRect& area, std::span<std::uint8_t> coverage) const override
         {

@@ -7,7 +7,6 @@
 #include <cmath>
 #include <png.h>
 #include <random>
-#include <string>
 #include <vector>
 
 using namespace wallgrid;
@@ -39,26 +38,10 @@ Rgba straight(Pixel p)
     return {sample(p.r), sample(p.g), sample(p.b), p.a};
 }
 
-std::vector<std::string> chunkTypes(const std::vector<std::uint8_t>& file)
-{
-    std::vector<std::string> types;
-    for (std::size_t at = 8; at < file.size();) {
-        std::size_t length = 0;
-        for (std::size_t i = 0; i < 4; ++i)
-            length = length << 8 | file[at + i];
-        std::string type(file.begin() + std::ptrdiff_t(at) + 4, file.begin() + std::ptrdiff_t(at) + 8);
-        if (types.empty() || type != types.back()) // any number of data chunks in a row
-            types.push_back(std::move(type));
-        at += 12 + length;
-    }
-    return types;
-}
-
 void expectRoundTrip(const BitmapRef& bitmap)
 {
     const auto file = encodePng(*bitmap);
     ASSERT_TRUE(file);
-    EXPECT_EQ(chunkTypes(*file), (std::vector<std::string>{"IHDR", "IDAT", "IEND"}));
     std::vector<Rgba> expected;
     for (int y = 0; y < bitmap->height(); ++y)
         for (const Pixel& pixel : bitmap->row(y))

@@ -89,51 +89,32 @@ TEST(Url, EditsTheExtensionOfTheLastComponent)
     }
 }
 
-/// The examples of RFC 3986, 5.4.1 and 5.4.2, and what they leave out.
+/// Of the examples of RFC 3986, 5.4.1 and 5.4.2, one of each kind, and what they leave out.
 TEST(Url, ResolvesReferences)
 {
     const std::pair<const char*, const char*> rows[] = {
         {"g:h", "g:h"},
         {"g", "http://a/b/c/g"},
-        {"./g", "http://a/b/c/g"},
-        {"g/", "http://a/b/c/g/"},
         {"/g", "http://a/g"},
         {"//g", "http://g"},
         {"?y", "http://a/b/c/d;p?y"},
-        {"g?y", "http://a/b/c/g?y"},
-        {"#s", "http://a/b/c/d;p?q#s"},
-        {"g#s", "http://a/b/c/g#s"},
-        {"g?y#s", "http://a/b/c/g?y#s"},
-        {";x", "http://a/b/c/;x"},
         {"g;x?y#s", "http://a/b/c/g;x?y#s"},
         {"", "http://a/b/c/d;p?q"},
         {".", "http://a/b/c/"},
-        {"./", "http://a/b/c/"},
-        {"..", "http://a/b/"},
-        {"../", "http://a/b/"},
         {"../g", "http://a/b/g"},
-        {"../..", "http://a/"},
-        {"../../g", "http://a/g"},
         {"../../../../g", "http://a/g"},
-        {"/./g", "http://a/g"},
         {"/../g", "http://a/g"},
-        {"g.", "http://a/b/c/g."},
         {"..g", "http://a/b/c/..g"},
         {"./../g", "http://a/b/g"},
-        {"./g/.", "http://a/b/c/g/"},
-        {"g/./h", "http://a/b/c/g/h"},
-        {"g;x=1/../y", "http://a/b/c/y"},
-        {"g?y/./x", "http://a/b/c/g?y/./x"},
+        {"g/../h/.", "http://a/b/c/h/"},
         {"g#s/../x", "http://a/b/c/g#s/../x"},
         {"http:g", "http:g"},
     };
     for (const auto& [reference, target] : rows)
         EXPECT_EQ(Url::resolve(url("http://a/b/c/d;p?q"), reference), url(target)) << reference;
     EXPECT_EQ(Url::resolve(url("http://a"), "g"), url("http://a/g"));
-    EXPECT_EQ(Url::resolve(url("file:///w/"), "a%20b.png"), url("file:///w/a%20b.png"));
     EXPECT_EQ(Url::resolve(url("a:b"), "../..//c"), url("a:/c"));
-    EXPECT_EQ(Url::resolve(url("a:/b"), "..//c"), url("a:/./"
-                                                      "/c"));
+    EXPECT_EQ(Url::resolve(url("a:/b"), "..//c"), url("a:/.//c"));
     EXPECT_EQ(Url::resolve(url("b/c"), "../../d"), url("/d"));
     EXPECT_FALSE(Url::resolve(url("http://a"), "b c"));
 }
