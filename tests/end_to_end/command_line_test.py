@@ -41,20 +41,6 @@ class CommandLine(ProgramTest):
             none, white, white, white, white, white, white, white,
             none, none, none, none, none, none, none, none])
 
-    def test_composition_of_all_kinds_of_items(self):
-        pixels, path = self.logo(17, 9, 1)
-        items = [
-            Screen(3, 2, 7, 5, -4, -3, fill=(1, 0, 0), frame=(1, 1, 1)),                  # negative, overhanging
-            Screen(2, 2, 10, 10, 10, 4, fill=(0, 1, 0, 0.5), frame=(0, 0.25, 1, 0.3), frame_width=2),
-            Still(17, 9, pixels, path, 20, 10),                                           # translucent, overlapping
-            Screen(1, 1, 60, 40, 0, 0, fill=(1, 1, 1), visible=False),                    # leaves no trace
-            Screen(4, 3, 6, 6, 30, 15, frame=(1, 0.5, 0), frame_width=1),                 # no fill, past the edge
-            Screen(1, 1, 12, 12, 40, 2, fill=(0.2, 0.4, 0.6, 0.9), frame=(1, 1, 1), frame_width=9),
-            Screen(1, 3, 48, 16, 0, -8, fill=(0, 0, 0.4)),
-            Still(17, 9, pixels, path, -5, 28),
-        ]
-        self.assertSamePicture(self.export(48, 32, items), 48, 32, compose(48, 32, items))
-
     def test_composition_of_random_documents(self):
         choose = random.Random(20260)
         pixels, path = self.logo(13, 11, 2)

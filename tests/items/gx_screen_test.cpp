@@ -113,21 +113,6 @@ TEST(GXScreen, SizesFollowTheNextRenderOnly)
     EXPECT_EQ(before->firstRepresentation()->width(), 240);
 }
 
-TEST(GXScreen, SettersTellAndRendersDoNot)
-{
-    const ScreenRef screen = GXScreen::init();
-    std::string told;
-    const auto observation = screen->observe([&](std::string_view key) {
-        told += std::string(key) + ' ';
-        screen->drawInRect();
-    });
-    screen->setXYFontSize(3);
-    screen->setBoarderEnable(false);
-    screen->setLabel4Hidden(true);
-    screen->drawInRect();
-    EXPECT_EQ(told, "XYFontSize BoarderEnable label4Hidden ");
-}
-
 TEST(GXScreen, UnusualSizesCostNothingAndDrawWhatTheyCan)
 {
     struct Case {

@@ -66,12 +66,9 @@ TEST_F(FileTest, RefusesWhatIsNoRegularFile)
     const auto reason = [](const auto& result) { return result ? std::string("none") : result.error().message; };
     EXPECT_EQ(reason(readFile(path("pipe"))), "not a regular file");
     EXPECT_EQ(reason(readFile("/dev/zero")), "not a regular file");
-    EXPECT_EQ(reason(readFile(folder.string())), "not a regular file");
     EXPECT_EQ(reason(readFile(path("big"))), "the file is larger than 1 GiB");
-    EXPECT_EQ(reason(readFile(path("gone"))), "No such file or directory");
     EXPECT_EQ(reason(writeFileAtomically(path("pipe"), fresh)), "not a regular file");
     EXPECT_EQ(reason(writeFileAtomically(folder.string(), fresh)), "not a regular file");
-    EXPECT_EQ(reason(writeFileAtomically(path("gone/a"), fresh)), "No such file or directory");
     EXPECT_EQ(entries(), 2u);
 }
 
