@@ -121,8 +121,8 @@ TEST(GraphicsContext, TilesTheBlockAtTheLowerLeft)
 
 TEST(GraphicsContext, DrawsBitmapsBeyondTheCacheAlike)
 {
-    // 67 MB, with rows and blocks that start at every alignment.
-    constexpr int kBlockWidth = 27, kBlockHeight = 41, kColumns = 303, kRows = 50;
+    // 68 MB, with rows and blocks that start at every alignment.
+    constexpr int kBlockWidth = 27, kBlockHeight = 41, kColumns = 303, kRows = 51;
     const BitmapRef bitmap = Bitmap::create(kBlockWidth * kColumns + 2, kBlockHeight * kRows + 3);
     GraphicsContext context(bitmap);
     context.setColor(green);

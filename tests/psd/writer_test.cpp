@@ -26,7 +26,8 @@ std::string part(const ByteBuffer& file, std::size_t begin, std::size_t length)
 
 std::uint64_t number(const ByteBuffer& file, std::size_t at)
 {
-    return std::accumulate(file.begin() + at, file.begin() + at + 4, std::uint64_t{0},
+    const auto bytes = std::span(file).subspan(at, 4);
+    return std::accumulate(bytes.begin(), bytes.end(), std::uint64_t{0},
                            [](std::uint64_t high, std::uint8_t byte) { return high << 8 | byte; });
 }
 
