@@ -53,6 +53,7 @@ void GXAppDelegate::compose()
     RasterScene scene{m_OutputWidth, m_OutputHeight, m_bgColor, m_edgeColor, {}};
     // Last to first, so that the first row ends up on top.
     const ItemArray& items = m_arraycontroller.arrangedObjects();
+    scene.pictures.reserve(items.size());
     for (auto item = items.rbegin(); item != items.rend(); ++item) {
         const PixelPoint corner = lowerLeftCorner(**item, m_OutputHeight);
         if (ImageRef thumbnail = (*item)->thumbnail(); thumbnail && (*item)->visible())

@@ -92,7 +92,8 @@ void composePart(const BitmapRef& raster, const RasterScene& scene, const PixelR
 {
     Pictures all;
     for (const RasterScene::Picture& picture : scene.pictures)
-        all.push_back(&picture);
+        if (!intersection(picture.frame, part).empty())
+            all.push_back(&picture);
     for (std::int64_t y = part.y; y < part.top(); y += kTileHeight) {
         const PixelRect band = intersection(part, {part.x, y, part.width, kTileHeight});
         const Pictures pictures = picturesOn(band, all);
@@ -117,6 +118,7 @@ BitmapRef RasterComposer::compose(const RasterScene& scene)
     const Pixel fill = scene.ground ? scene.ground->pixel() : Pixel{255, 0, 0, 0};
     const Ground ground{fill, scene.edge ? scene.edge->pixel() : fill};
     std::vector<Composed> pictures;
+    pictures.reserve(scene.pictures.size());
     for (const auto& [image, frame] : scene.pictures)
         pictures.push_back({image->firstRepresentation(), image->size(), frame, intersection(frame, bounds)});
 

@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstring>
 #include <utility>
 #include <vector>
 
@@ -97,12 +98,15 @@ void GraphicsContext::tile(std::int64_t blockWidth, std::int64_t blockHeight, st
     const std::int64_t height = tiled(blockHeight, rows, bounds().height);
     // The lowest band first: its rows in full, and for each the lowest row that looks like it. A panel has few
     // different rows, so what the rest is copied from stays in the nearest cache.
+    const std::int64_t block = std::min(blockWidth, width);
+    const bool more = height > blockHeight;
     std::vector<const Pixel*> rowsOfBand;
     for (std::int64_t y = 0; y < std::min(blockHeight, height); ++y) {
         Pixel* const row = at(0, y);
-        for (std::int64_t done = std::min(blockWidth, width); done < width; done *= 2)
+        for (std::int64_t done = block; done < width; done *= 2)
             copyPixels(row + done, row, static_cast<std::size_t>(std::min(done, width - done)));
-        const bool same = y > 0 && std::equal(row, row + std::min(blockWidth, width), rowsOfBand.back());
+        const bool same =
+            more && y > 0 && std::memcmp(row, rowsOfBand.back(), static_cast<std::size_t>(block) * sizeof(Pixel)) == 0;
         rowsOfBand.push_back(same ? rowsOfBand.back() : row);
     }
     const std::size_t bytes = static_cast<std::size_t>(width * height) * sizeof(Pixel);
