@@ -1,19 +1,15 @@
 // SPDX-License-Identifier: MIT
 //
 // open_files FOLDER: opens each file of a folder, in the order of their names, in one window, exports and saves what
-// opened, and writes a line a file:
-//   refused|opened SECONDS PEAK_KILOBYTES NAME
-// The bitmaps that are alive may take 256 MiB together. Stops with exit code 1 at a file that was refused but changed
-// the document.
+// opened, and prints each name. The bitmaps that are alive may take 256 MiB together. Stops with exit code 1 at a file
+// that was refused but changed the document.
 #include "platform/bitmap_memory.h"
 #include "platform/png_encoder.h"
 #include "ui/program_under_test.h"
 
 #include <QApplication>
-#include <chrono>
 #include <cstdio>
 #include <filesystem>
-#include <fstream>
 
 using namespace wallgrid;
 
@@ -21,17 +17,6 @@ namespace {
 
 /// What is larger is for the program, without sanitizers.
 constexpr std::size_t kBitmapMemory = std::size_t{256} << 20;
-
-/// The most memory that the program has had at once since it was asked last.
-long takePeakKilobytes()
-{
-    long peak = 0;
-    std::ifstream status("/proc/self/status");
-    for (std::string line; std::getline(status, line);)
-        std::sscanf(line.c_str(), "VmHWM: %ld", &peak); // NOLINT(cert-err34-c): the kernel writes a number
-    std::ofstream("/proc/self/clear_refs") << 5;
-    return peak;
-}
 
 /// False when the file was refused but something changed.
 bool open(ProgramUnderTest& program, const std::filesystem::path& path)
@@ -42,8 +27,6 @@ bool open(ProgramUnderTest& program, const std::filesystem::path& path)
     program.settle();
     std::printf("%s\n", path.filename().c_str()); // first, so that the last line names the file of a crash
     std::fflush(stdout);
-    takePeakKilobytes();
-    const auto start = std::chrono::steady_clock::now();
     program.application.openFile(path.string());
     program.settle();
     const Project after = delegate.project();
@@ -55,8 +38,6 @@ bool open(ProgramUnderTest& program, const std::filesystem::path& path)
         delegate.createPSDData(&error);
         writeProject(after);
     }
-    const std::chrono::duration<double> taken = std::chrono::steady_clock::now() - start;
-    std::printf("%s %.2f %ld\n", opened ? "opened" : "refused", taken.count(), takePeakKilobytes());
     return opened || (after.outputHeight == before.outputHeight && after.outputWidth == before.outputWidth);
 }
 

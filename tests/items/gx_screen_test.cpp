@@ -100,19 +100,6 @@ TEST(GXScreen, CircleTouchesTheShorterSides)
     EXPECT_EQ(pixelsOf(*screen)->at(480, 270), Pixel{}) << "no circle of a negative size";
 }
 
-TEST(GXScreen, SizesFollowTheNextRenderOnly)
-{
-    const ScreenRef screen = GXScreen::init();
-    const ImageRef before = screen->thumbnail();
-    screen->setCol(6);
-    EXPECT_EQ(screen->screenSizeWidth(), 240);
-    EXPECT_EQ(screen->thumbnail(), before);
-    screen->drawInRect();
-    EXPECT_EQ(screen->screenSizeWidth(), 288);
-    EXPECT_EQ(screen->thumbnail()->firstRepresentation()->width(), 288);
-    EXPECT_EQ(before->firstRepresentation()->width(), 240);
-}
-
 TEST(GXScreen, UnusualSizesCostNothingAndDrawWhatTheyCan)
 {
     struct Case {

