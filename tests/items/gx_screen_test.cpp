@@ -63,6 +63,11 @@ TEST(GXScreen, DrawsPanelsAndFrames)
     screen->setBoarderEnable(false);
     screen->drawInRect();
     EXPECT_TRUE(test::samePicture(pixelsOf(*screen), test::picture({"........", "........", "........"})));
+
+    const ScreenRef large = makeScreen(1, 1, 600, 600);
+    large->setBgEnable(false);
+    large->drawInRect(); // in the memory of the filled picture
+    EXPECT_EQ(pixelsOf(*large)->at(300, 300), Pixel{});
 }
 
 TEST(GXScreen, TranslucentColoursReplaceAndEmptyOnesLeaveTheColourInForce)

@@ -65,6 +65,7 @@ TEST_F(ArrayControllerTest, IgnoresWhatLiesOutsideTheList)
     controller.removeObjects({thing('a')});
     controller.setSelectionIndexes({1, 7});
     EXPECT_EQ(state(), "aBcde");
+    EXPECT_EQ(controller.selectionIndexes(), Controller::Indexes{1});
     EXPECT_TRUE(told.empty());
 }
 
