@@ -2,8 +2,8 @@
 //
 // Changes property lists object by object and writes a sound container around the result, where libFuzzer's own changes
 // of bytes seldom leave one. Now and then, and for what is no property list, those are made instead.
+#include "fuzz/raw_plist.h"
 #include "platform/property_list.h"
-#include "platform/raw_plist.h"
 
 #include <algorithm>
 #include <cstring>
@@ -97,7 +97,7 @@ public:
     {
         Object& object = m_objects[below(m_objects.size())];
         if (const auto choice = below(4); choice == 0)
-            object = Object{0, wallgrid::test::fromHex(kEdges[below(std::size(kEdges))]), {}};
+            object = Object{0, wallgrid::fuzz::fromHex(kEdges[below(std::size(kEdges))]), {}};
         else if (choice == 1)
             object = Object(m_objects[below(m_objects.size())]);
         else if (object.isContainer())
@@ -164,7 +164,7 @@ private:
 
 std::vector<std::uint8_t> written(const std::vector<Object>& objects, unsigned top)
 {
-    wallgrid::test::RawPlist list;
+    wallgrid::fuzz::RawPlist list;
     for (const Object& object : objects) {
         if (!object.isContainer())
             list.raw(object.scalar);

@@ -266,6 +266,10 @@ FORMS = {
     "a key twice": twice,
     "label as UTF-16": lambda p: p.entries.__setitem__(LABEL, p.utf16("Wall A")),
     "label as a mutable string": lambda p: p.set(SCREEN, label=mutable_string(p, p.text("Wall A"))),
+    "counts of 1, 2 and 8 bytes": lambda p: (
+        p.entries.__setitem__(LABEL, p.raw("5F 1006" + b"Wall A".hex())), p.set(
+            COLOUR, NSRGB=p.raw("4F 13 0000000000000008" + b"1 0.5 0\0".hex())), p.set(
+            STILL, label=p.raw("5F 110006" + b"Wall A".hex()))),
     "label inline": lambda p: p.set(SCREEN, label=p.text("Wall A")),
     "colour of sRGB": lambda p: p.set(COLOUR, NSRGB=p.data(b"0.9 0.4 0.1\0"), NSComponents=p.data(b"1 0.5 0 1"),
                                       NSCustomColorSpace=colour_space(p, NSID=p.integer(7))),

@@ -1,25 +1,21 @@
 // SPDX-License-Identifier: MIT
 #include "platform/keyed_archiver.h"
 
-#include "platform/raw_plist.h"
+#include "hex.h"
 
 #include <gtest/gtest.h>
-#include <vector>
 
 using namespace wallgrid;
-using namespace wallgrid::test;
 
 TEST(KeyedArchiver, WritesAColourAsTheRealArchiveHasIt)
 {
     // A calibrated white 1, as macOS archived it.
-    const std::string real = fromHex("62706c6973743030 d40102030405061516 582476657273696f6e 58246f626a65637473"
-                                     "592461726368697665725424746f70 12000186a0 a307080f 55246e756c6c"
-                                     "d3090a0b0c0d0e 574e535768697465 5c4e53436f6c6f725370616365 5624636c617373"
-                                     "423100 1003 8002 d210111213 5a24636c6173736e616d65 5824636c6173736573"
-                                     "574e53436f6c6f72 a21214 584e534f626a656374 5f100f4e534b65796564417263686976"
-                                     "6572 d11718 54726f6f74 8001 08111a232d32373b4148505d6467696b707b848c8f98aaad"
-                                     "b2 000000000000 01 01 0000000000000019 0000000000000000 00000000000000b4");
-    ASSERT_EQ(real.size(), 237U);
-    EXPECT_EQ(KeyedArchiver::archivedDataWithRootObject(Color::whiteColor()),
-              std::vector<std::uint8_t>(real.begin(), real.end()));
+    EXPECT_EQ(test::hex(KeyedArchiver::archivedDataWithRootObject(Color::whiteColor())),
+              "62 70 6C 69 73 74 30 30 D4 01 02 03 04 05 06 15 16 58 24 76 65 72 73 69 6F 6E 58 24 6F 62 6A 65 63 74 "
+              "73 59 24 61 72 63 68 69 76 65 72 54 24 74 6F 70 12 00 01 86 A0 A3 07 08 0F 55 24 6E 75 6C 6C D3 09 0A "
+              "0B 0C 0D 0E 57 4E 53 57 68 69 74 65 5C 4E 53 43 6F 6C 6F 72 53 70 61 63 65 56 24 63 6C 61 73 73 42 31 "
+              "00 10 03 80 02 D2 10 11 12 13 5A 24 63 6C 61 73 73 6E 61 6D 65 58 24 63 6C 61 73 73 65 73 57 4E 53 43 "
+              "6F 6C 6F 72 A2 12 14 58 4E 53 4F 62 6A 65 63 74 5F 10 0F 4E 53 4B 65 79 65 64 41 72 63 68 69 76 65 72 "
+              "D1 17 18 54 72 6F 6F 74 80 01 08 11 1A 23 2D 32 37 3B 41 48 50 5D 64 67 69 6B 70 7B 84 8C 8F 98 AA AD "
+              "B2 00 00 00 00 00 00 01 01 00 00 00 00 00 00 00 19 00 00 00 00 00 00 00 00 00 00 00 00 00 00 00 B4");
 }

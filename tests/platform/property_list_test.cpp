@@ -3,24 +3,12 @@
 
 #include "platform/dictionary_lookup.h"
 #include "platform/property_list_writer.h"
-#include "platform/raw_plist.h"
 
 #include <gtest/gtest.h>
-#include <limits>
 
 using namespace wallgrid;
-using namespace wallgrid::test;
-using Kind = PlistObject::Kind;
 
 namespace {
-
-/// A list whose top object has these bytes.
-std::shared_ptr<const PropertyList> opened(std::string_view hex)
-{
-    RawPlist list;
-    list.raw(fromHex(hex));
-    return PropertyList::open(list.file(0)).value();
-}
 
 std::span<const std::uint8_t> bytesOf(std::string_view text)
 {
@@ -28,46 +16,6 @@ std::span<const std::uint8_t> bytesOf(std::string_view text)
 }
 
 } // namespace
-
-TEST(PropertyList, ReadsScalarsOfEveryWidth)
-{
-    const std::pair<const char*, std::pair<std::int64_t, bool>> integers[] = {
-        {"10 FF", {255, true}},
-        {"11 012C", {300, true}},
-        {"12 FFFFFFFF", {4294967295, true}},
-        {"13 FFFFFFFF FFFFFFFF", {-1, true}},
-        {"14 FFFFFFFFFFFFFFFF FFFFFFFFFFFFFFFF", {-1, true}},
-        {"14 0000000000000000 7FFFFFFFFFFFFFFF", {std::numeric_limits<std::int64_t>::max(), true}},
-        {"14 0000000000000000 8000000000000000", {std::numeric_limits<std::int64_t>::min(), false}},
-        {"14 FFFFFFFFFFFFFFFF 7FFFFFFFFFFFFFFF", {std::numeric_limits<std::int64_t>::max(), false}},
-    };
-    for (const auto& [hex, value] : integers) {
-        const auto list = opened(hex);
-        ASSERT_EQ(list->top().kind(), Kind::Integer);
-        EXPECT_EQ(list->top().integer().value, value.first) << hex;
-        EXPECT_EQ(list->top().integer().isExact, value.second) << hex;
-    }
-    const std::pair<const char*, std::uint64_t> uids[] = {
-        {"80 FF", 255},
-        {"82 010000", 65536},
-        {"87 FFFFFFFFFFFFFFFE", std::numeric_limits<std::uint64_t>::max() - 1},
-        {"8F 0000000000000000 0000000000000007", 7},
-        {"88 01 0000000000000007", std::numeric_limits<std::uint64_t>::max()},
-    };
-    for (const auto& [hex, value] : uids)
-        EXPECT_EQ(opened(hex)->top().uid(), value) << hex;
-
-    EXPECT_EQ(opened("22 3FC00000")->top().real(), 1.5);
-    EXPECT_EQ(opened("23 C000000000000000")->top().real(), -2);
-    EXPECT_EQ(opened("33 41C0000000000000")->top().kind(), Kind::Date);
-    EXPECT_EQ(opened("00")->top().kind(), Kind::Null);
-    EXPECT_TRUE(opened("09")->top().boolean());
-    EXPECT_FALSE(opened("08")->top().boolean());
-    EXPECT_EQ(opened("53 410042")->top().text(), std::u16string({u'A', 0, u'B'}));
-    EXPECT_EQ(opened("63 0041 D800 00E4")->top().text(), std::u16string({u'A', 0xD800, 0xE4}));
-    EXPECT_EQ(opened("5F 11 0001 41")->top().text(), u"A");
-    EXPECT_EQ(opened("4F 13 0000000000000002 0102")->top().data()[1], 2);
-}
 
 TEST(DictionaryLookup, FindsTheFirstOfEqualKeysInSmallAndLargeDictionaries)
 {

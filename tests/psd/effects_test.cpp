@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "psd/hex.h"
+#include "hex.h"
 #include "psd/layers/layer_effects.h"
 
 #include <gtest/gtest.h>

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
+#include "hex.h"
 #include "psd/append_value.h"
-#include "psd/hex.h"
 #include "psd/packed_bits.h"
 #include "psd/pascal_string.h"
 

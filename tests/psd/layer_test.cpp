@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
+#include "hex.h"
 #include "picture.h"
 #include "psd/group_layers.h"
-#include "psd/hex.h"
 #include "psd/layers/kp_psd_layer.h"
 
 #include <array>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
+#include "hex.h"
 #include "picture.h"
 #include "platform/byte_sink.h"
-#include "psd/hex.h"
 #include "psd/kp_psd_writer.h"
 
 #include <bit>

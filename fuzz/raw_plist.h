@@ -8,7 +8,7 @@
 #include <string_view>
 #include <vector>
 
-namespace wallgrid::test {
+namespace wallgrid::fuzz {
 
 /// "62 70" and "6270" are both the bytes "bp".
 inline std::string fromHex(std::string_view digits)
@@ -29,7 +29,7 @@ inline std::string bigEndian(std::uint64_t number, unsigned width)
     return bytes;
 }
 
-/// A binary property list put together object by object and without any check, to make what no writer makes.
+/// A binary property list put together object by object and without any check.
 /// References and offsets take 2 bytes.
 class RawPlist {
 public:
@@ -64,4 +64,4 @@ private:
     std::vector<std::string> m_objects;
 };
 
-} // namespace wallgrid::test
+} // namespace wallgrid::fuzz
