@@ -6,6 +6,7 @@
 
 #include <array>
 #include <random>
+#include <utility>
 
 namespace wallgrid::bench {
 
@@ -71,9 +72,7 @@ ImageRef noise(Random& random, int width, int height)
     return imageOf(bitmap);
 }
 
-} // namespace
-
-Document::Document(std::int32_t width, std::int32_t height, int screens)
+GXAppDelegate::ItemArrayRef itemsOfAllSorts(std::int32_t width, std::int32_t height, int screens)
 {
     Random random;
     auto items = std::make_shared<ItemArray>();
@@ -93,6 +92,18 @@ Document::Document(std::int32_t width, std::int32_t height, int screens)
         still->setYpoint(random(0, height / 2));
         items->push_back(still);
     }
+    return items;
+}
+
+} // namespace
+
+Document::Document(std::int32_t width, std::int32_t height, int screens)
+    : Document(width, height, itemsOfAllSorts(width, height, screens))
+{
+}
+
+Document::Document(std::int32_t width, std::int32_t height, GXAppDelegate::ItemArrayRef items)
+{
     m_program.delegate().setOutputWidth(width);
     m_program.delegate().setOutputHeight(height);
     m_program.delegate().setBgColor(kGrounds[0]);

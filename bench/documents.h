@@ -23,11 +23,12 @@ private:
     GXAppDelegate m_delegate{m_desktop.desktop()};
 };
 
-/// A document of the program without a window: screens of all sorts, some without fill, some hanging over the edge,
-/// and two stills, a gradient and noise, on an opaque background. Made from a fixed seed, so that every run measures
-/// the same pixels.
+/// A document of the program without a window, on an opaque background.
 class Document {
 public:
+    Document(std::int32_t width, std::int32_t height, GXAppDelegate::ItemArrayRef items);
+    /// Screens of all sorts, some without fill, some hanging over the edge, and two stills, a gradient and noise. Made
+    /// from a fixed seed, so that every run measures the same pixels.
     Document(std::int32_t width, std::int32_t height, int screens);
 
     GXAppDelegate& delegate() { return m_program.delegate(); }
