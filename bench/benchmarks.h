@@ -15,6 +15,7 @@ void addPsd(std::vector<Ratio>& ratios);
 void addOpening(std::vector<Ratio>& ratios);
 void addPackedBits(std::vector<Ratio>& ratios);
 void addMemory(std::vector<Ratio>& ratios);
+void addStart(std::vector<Ratio>& ratios);
 void addArchives(std::vector<Ratio>& ratios);
 void addPreview(std::vector<Ratio>& ratios);
 void addUndo(std::vector<Ratio>& ratios);

@@ -14,6 +14,6 @@ int main(int argc, char** argv)
     return runRatios(argc, argv,
                      {{"ours : yardstick",
                        {addComposition, addTranslucent, addGrids, addRings, addPng, addPsd, addPackedBits, addMemory,
-                        addArchives, addOpening, addPreview, addUndo}},
+                        addStart, addArchives, addOpening, addPreview, addUndo}},
                       {"ours : other libraries", {addCompositionLibraries, addPngLibraries}}});
 }
