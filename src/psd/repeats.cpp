@@ -1,11 +1,15 @@
 // SPDX-License-Identifier: MIT
 //
 // Highway (github.com/google/highway) compiles what stands in HWY_NAMESPACE once for each kind of processor, by
-// including this file again and again, and chooses when the program runs.
+// including this file again and again. Its library would choose when the program runs; it would also measure the
+// processor's clock when it is loaded, which took 5 ms of every start.
 #include "psd/repeats.h"
 
 #include <type_traits>
+#include <utility>
+#include <vector>
 
+#define HWY_DISABLED_TARGETS HWY_SSE4 // as fast as SSSE3 here
 #undef HWY_TARGET_INCLUDE
 #define HWY_TARGET_INCLUDE "psd/repeats.cpp"
 #include <hwy/foreach_target.h> // before highway.h
@@ -66,23 +70,68 @@ std::size_t markPixels(std::span<const Pixel> values, std::uint64_t* words)
     return mark(values, words);
 }
 
+constexpr std::pair kMark(&markBytes, &markPixels);
+
 } // namespace wallgrid::HWY_NAMESPACE
 HWY_AFTER_NAMESPACE();
 
 #if HWY_ONCE
 namespace wallgrid {
 
-HWY_EXPORT(markBytes);
-HWY_EXPORT(markPixels);
+namespace {
+
+using Marks = std::remove_const_t<decltype(HWY_STATIC_DISPATCH(kMark))>;
+
+/// The functions for each kind of vectors that this processor has, the widest first.
+const std::vector<Marks>& kinds()
+{
+    static const std::vector<Marks> kKinds = [] {
+        std::vector<Marks> found;
+#if HWY_TARGETS & HWY_AVX3
+        if (__builtin_cpu_supports("avx512bw") && __builtin_cpu_supports("avx512dq") &&
+            __builtin_cpu_supports("avx512vl"))
+            found.push_back(N_AVX3::kMark);
+#endif
+#if HWY_TARGETS & HWY_AVX2
+        if (__builtin_cpu_supports("avx2") && __builtin_cpu_supports("bmi2") && __builtin_cpu_supports("fma"))
+            found.push_back(N_AVX2::kMark);
+#endif
+#if HWY_TARGETS & HWY_SSSE3
+        if (__builtin_cpu_supports("ssse3"))
+            found.push_back(N_SSSE3::kMark);
+#endif
+        found.push_back(HWY_STATIC_DISPATCH(kMark));
+        return found;
+    }();
+    return kKinds;
+}
+
+Marks& chosen()
+{
+    static Marks marks = kinds().front();
+    return marks;
+}
+
+} // namespace
+
+std::size_t vectorKinds()
+{
+    return kinds().size();
+}
+
+void useVectors(std::size_t kind)
+{
+    chosen() = kinds()[kind];
+}
 
 std::size_t markRepeats(std::span<const std::uint8_t> values, std::uint64_t* words)
 {
-    return HWY_DYNAMIC_DISPATCH(markBytes)(values, words);
+    return chosen().first(values, words);
 }
 
 std::size_t markRepeats(std::span<const Pixel> values, std::uint64_t* words)
 {
-    return HWY_DYNAMIC_DISPATCH(markPixels)(values, words);
+    return chosen().second(values, words);
 }
 
 } // namespace wallgrid

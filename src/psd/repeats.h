@@ -24,6 +24,10 @@ constexpr std::size_t repeatWords(std::size_t values)
 std::size_t markRepeats(std::span<const std::uint8_t> values, std::uint64_t* words);
 std::size_t markRepeats(std::span<const Pixel> values, std::uint64_t* words);
 
+/// How many kinds of vectors this processor has, and which of them the search uses, 0 for the widest: for tests.
+std::size_t vectorKinds();
+void useVectors(std::size_t kind);
+
 /// One word of what these find, a value at a time, for values that are not enough for vectors and for tests.
 template <class Value>
 std::uint64_t repeatWord(std::span<const Value> values, std::size_t begin)

@@ -3,9 +3,9 @@
 #include "psd/growing_file.h"
 #include "psd/packed_bits.h"
 #include "psd/packed_rows.h"
+#include "psd/repeats.h"
 
 #include <gtest/gtest.h>
-#include <hwy/targets.h>
 
 #include <array>
 #include <random>
@@ -45,21 +45,13 @@ std::vector<std::uint8_t> samplesWithRuns(Random& random, std::size_t count)
 }
 
 // The kinds of vectors, one after the other, that this processor has.
-class Vectors : public testing::TestWithParam<std::int64_t> {
+class Vectors : public testing::TestWithParam<std::size_t> {
 protected:
-    void SetUp() override { choose(GetParam()); }
-    void TearDown() override { choose(0); }
-
-private:
-    static void choose(std::int64_t targets)
-    {
-        hwy::SetSupportedTargetsForTest(targets);
-        hwy::GetChosenTarget().Update(hwy::SupportedTargets());
-    }
+    void SetUp() override { useVectors(GetParam()); }
+    void TearDown() override { useVectors(0); }
 };
 
-INSTANTIATE_TEST_SUITE_P(PackedRows, Vectors, testing::ValuesIn(hwy::SupportedAndGeneratedTargets()),
-                         [](const auto& vectors) { return std::string(hwy::TargetName(vectors.param)); });
+INSTANTIATE_TEST_SUITE_P(PackedRows, Vectors, testing::Range(std::size_t{0}, vectorKinds()));
 
 // The bytes end where their memory ends, so that the address sanitizer sees a read past the last sample.
 TEST_P(Vectors, PackRangesAsThePlainEncoderDoes)
