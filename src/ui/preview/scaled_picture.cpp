@@ -8,6 +8,7 @@
 #include <bit>
 #include <cmath>
 #include <cstdint>
+#include <cstring>
 #include <vector>
 
 namespace wallgrid {
@@ -76,9 +77,22 @@ QImage sampledPicture(const Bitmap& bitmap, QSize target, const QRect& part)
                                       [](auto k) { return k; });
 
     std::array<const Pixel*, kSamples> sampledRows;
+    // Large parts of pixel maps have rows that are all alike, and so lines that are. Of a picture that is reduced by
+    // more than 16 there are too few samples to compare all rows for them.
+    bool alike = side < 8;
+    const std::size_t rowBytes = static_cast<std::size_t>(columns.back() - columns.front() + 1) * sizeof(Pixel);
+    const auto rowFrom = [&](int y) { return bitmap.row(y).data() + columns.front(); };
+    std::int32_t compared = rows.front();
     for (int y = 0; y < part.height(); ++y) {
+        const std::int32_t* const row = rows.data() + static_cast<std::size_t>(y) * kSamples;
+        for (; alike && compared < row[kSamples - 1]; ++compared)
+            alike = std::memcmp(rowFrom(compared), rowFrom(compared + 1), rowBytes) == 0;
+        if (alike && y > 0) {
+            std::copy_n(picture.constScanLine(y - 1), picture.bytesPerLine(), picture.scanLine(y));
+            continue;
+        }
         for (std::size_t k = 0; k < kSamples; ++k)
-            sampledRows[k] = bitmap.row(rows[static_cast<std::size_t>(y) * kSamples + k]).data();
+            sampledRows[k] = bitmap.row(row[k]).data();
         auto* line = reinterpret_cast<QRgb*>(picture.scanLine(y));
         const std::int32_t* column = columns.data();
         for (int x = 0; x < part.width(); ++x, column += kSamples) {

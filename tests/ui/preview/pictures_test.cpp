@@ -86,6 +86,26 @@ private slots:
         }
     }
 
+    /// Lines of the picture that are taken from the one above are as they would be alone, whatever band they end in.
+    void rowsThatAreAlikeAreEachAsTheyAre()
+    {
+        const auto bands = paint(97, 193, [](int x, int y) {
+            const int band = y < 60 ? y / 12 : y < 90 ? y : 40;
+            return Pixel{std::uint8_t(band * 70), std::uint8_t(x * 5), std::uint8_t(band),
+                         std::uint8_t(y == 150 ? x : 0)};
+        });
+        for (const QSize size : {QSize(291, 400), QSize(96, 190), QSize(60, 120), QSize(20, 30), QSize(7, 13)}) {
+            for (const Coverage coverage : {Coverage::Mean, Coverage::Strongest}) {
+                const QRect part(size.width() / 3, size.height() / 4, size.width() / 2, size.height() / 2);
+                const QImage picture = scaledPart(*bands, size, part, coverage);
+                for (int y = 0; y < part.height(); ++y) {
+                    const QRect line(part.left(), part.top() + y, part.width(), 1);
+                    QCOMPARE(picture.copy(0, y, part.width(), 1), scaledPart(*bands, size, line, coverage));
+                }
+            }
+        }
+    }
+
     void hugeRastersCostNoMoreThanTheirPicture()
     {
         // Would take minutes in this build if every pixel of it were looked at, and fail without the memory of one
