@@ -332,6 +332,12 @@ void MainWindow::makeHelpMenu()
     menuBar()->addMenu(tr("&Help"))->addAction(tr("&About Wallgrid"), this, [this] { m_delegate.openAbout(); });
 }
 
+void MainWindow::showEvent(QShowEvent* event)
+{
+    m_status.finish(); // or its texts would first be seen cut off, where there was room for none
+    QMainWindow::showEvent(event);
+}
+
 void MainWindow::closeEvent(QCloseEvent* event)
 {
     if (m_delegate.applicationShouldTerminate() != GXAppDelegate::TerminateReply::TerminateNow) {

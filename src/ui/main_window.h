@@ -53,6 +53,7 @@ signals:
     void panelAhead(const wallgrid::PanelPurpose& purpose);
 
 protected:
+    void showEvent(QShowEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
 
 private:
