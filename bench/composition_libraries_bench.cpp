@@ -11,6 +11,7 @@
 #include <agg_pixfmt_rgba.h>
 #include <agg_renderer_base.h>
 #include <agg_rendering_buffer.h>
+#include <array>
 #include <cairo.h>
 #include <memory>
 #include <vector>
@@ -139,10 +140,10 @@ void add(std::vector<Ratio>& ratios, const std::string& name, const Ground& grou
             *made = std::make_unique<Document>(kWidth, kHeight, 20);
         return **made;
     };
+    const std::array grounds{Color::deviceRGB(0.1, 0.1, 0.12, ground.alpha),
+                             Color::deviceRGB(0.1, 0.1, 0.3, ground.alpha)};
     benchmark::RegisterBenchmark((name + "/ours").c_str(), [=](benchmark::State& state) {
         GXAppDelegate& delegate = document().delegate();
-        const ColorRef grounds[] = {Color::deviceRGB(0.1, 0.1, 0.12, ground.alpha),
-                                    Color::deviceRGB(0.1, 0.1, 0.3, ground.alpha)};
         for (auto _ : state) {
             delegate.setBgColor(grounds[delegate.bgColor() == grounds[0] ? 1 : 0]);
             document().compose();
