@@ -2,7 +2,7 @@
 #
 # What makes a memory fault in the program as it is shipped hard to exploit. Sanitizers bring their own checks, and
 # fortified functions need optimisation, so only release builds have these; tools/check-hardening looks for each in the
-# built program.
+# built program. The standard library's assertions are not among them: they took a PNG 14 % longer and an undo step 18 %.
 
 include(CheckPIESupported)
 check_pie_supported()
