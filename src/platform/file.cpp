@@ -2,6 +2,7 @@
 #include "platform/file.h"
 
 #include <algorithm>
+#include <array>
 #include <cerrno>
 #include <cstring>
 #include <fcntl.h>
@@ -9,6 +10,7 @@
 #include <sys/stat.h>
 #include <system_error>
 #include <unistd.h>
+#include <utility>
 
 namespace wallgrid {
 
@@ -78,12 +80,48 @@ Expected<void> appendInSteps(ByteSink& sink, std::span<const std::uint8_t> bytes
     return {};
 }
 
-/// The mode that a file made by open(2) would have; umask(2) can only be read by setting it.
-mode_t defaultMode()
+/// A file that goes when this object does, also when an exception passes, unless it is kept.
+class UnfinishedFile {
+public:
+    /// The path must outlive the object.
+    explicit UnfinishedFile(const std::string& path)
+        : m_path(path)
+    {
+    }
+    UnfinishedFile(const UnfinishedFile&) = delete;
+    UnfinishedFile& operator=(const UnfinishedFile&) = delete;
+    ~UnfinishedFile()
+    {
+        if (!m_kept)
+            ::unlink(m_path.c_str());
+    }
+
+    void keep() { m_kept = true; }
+
+private:
+    const std::string& m_path;
+    bool m_kept = false;
+};
+
+/// Makes a file of a name that nobody has yet, and puts its path in `path`. Unlike mkostemp(3) it lets the system take
+/// the umask off the mode: a process can read its umask only by setting it, for all its threads.
+int makeTemporaryFile(const std::filesystem::path& folder, mode_t mode, std::string& path)
 {
-    const mode_t mask = ::umask(0);
-    ::umask(mask);
-    return 0666 & ~mask;
+    constexpr std::string_view kLetters = "abcdefghijklmnopqrstuvwxyz234567";
+    constexpr int kMostTries = 100;
+    path = (folder / ".wallgrid-").string();
+    const std::size_t start = path.size();
+    int fd = -1;
+    for (int i = 0; i < kMostTries && fd < 0 && (i == 0 || errno == EEXIST); ++i) {
+        std::array<std::uint8_t, 6> letters{};
+        if (::getentropy(letters.data(), letters.size()) != 0)
+            return -1;
+        path.resize(start);
+        for (const std::uint8_t letter : letters)
+            path += kLetters[letter % kLetters.size()];
+        fd = ::open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, mode);
+    }
+    return fd;
 }
 
 } // namespace
@@ -142,27 +180,23 @@ Expected<void> produceFileAtomically(const std::string& path, const std::functio
     if (error)
         return failure(error.message());
 
-    mode_t mode = defaultMode();
     struct stat info {};
-    if (::stat(resolved.c_str(), &info) == 0) {
-        if (!S_ISREG(info.st_mode))
-            return failure(kNotRegular);
-        mode = info.st_mode & 07777;
-    }
+    const bool replaces = ::stat(resolved.c_str(), &info) == 0;
+    if (replaces && !S_ISREG(info.st_mode))
+        return failure(kNotRegular);
 
-    std::string temporary = (resolved.parent_path() / ".wallgrid-XXXXXX").string();
-    FileDescriptor file(::mkostemp(temporary.data(), O_CLOEXEC));
+    std::string temporary;
+    FileDescriptor file(makeTemporaryFile(resolved.parent_path(), replaces ? 0600 : 0666, temporary));
     if (file.get() < 0)
         return failure(systemMessage(errno));
+    UnfinishedFile unfinished(temporary);
     DescriptorSink sink(file.get());
-    Expected<void> written = produce(sink);
-    if (written && (::fchmod(file.get(), mode) != 0 || ::fsync(file.get()) != 0 || !file.close() ||
-                    ::rename(temporary.c_str(), resolved.c_str()) != 0))
-        written = failure(systemMessage(errno));
-    if (!written) {
-        ::unlink(temporary.c_str());
+    if (auto written = produce(sink); !written)
         return written;
-    }
+    if ((replaces && ::fchmod(file.get(), info.st_mode & 07777) != 0) || ::fsync(file.get()) != 0 || !file.close() ||
+        ::rename(temporary.c_str(), resolved.c_str()) != 0)
+        return failure(systemMessage(errno));
+    unfinished.keep();
     // The new name is on the disk only when the folder is; a file system that cannot flush folders still has the file.
     const FileDescriptor folder(::open(resolved.parent_path().c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
     if (folder.get() >= 0)
@@ -181,17 +215,16 @@ Expected<void> writeFile(const std::string& path, std::span<const std::uint8_t> 
         return failure(systemMessage(errno));
     if (!S_ISREG(info.st_mode))
         return failure(kNotRegular);
+    UnfinishedFile unfinished(path);
     DescriptorSink sink(file.get());
-    Expected<void> written;
-    if (::ftruncate(file.get(), 0) == 0)
-        written = appendInSteps(sink, bytes, report);
-    else
-        written = failure(systemMessage(errno));
-    if (written && !file.close())
-        written = failure(systemMessage(errno));
-    if (!written)
-        ::unlink(path.c_str());
-    return written;
+    if (::ftruncate(file.get(), 0) != 0)
+        return failure(systemMessage(errno));
+    if (auto written = appendInSteps(sink, bytes, report); !written)
+        return written;
+    if (!file.close())
+        return failure(systemMessage(errno));
+    unfinished.keep();
+    return {};
 }
 
 } // namespace wallgrid

@@ -25,11 +25,11 @@ Expected<Bytes> readFile(const std::string& path);
 Expected<void> writeFileAtomically(const std::string& path, std::span<const std::uint8_t> bytes,
                                    const Report& report = {});
 
-/// The same for bytes that are made on the way. When `produce` fails, the file is left as it was.
+/// The same for bytes that are made on the way. When `produce` fails or throws, the file is left as it was.
 Expected<void> produceFileAtomically(const std::string& path, const std::function<Expected<void>(ByteSink&)>& produce);
 
-/// Writes over the file in place. When that fails the file is removed, because half of it is no file; nothing is opened
-/// that is not a regular file.
+/// Writes over the file in place. When that fails or throws the file is removed, because half of it is no file; nothing
+/// is opened that is not a regular file.
 Expected<void> writeFile(const std::string& path, std::span<const std::uint8_t> bytes, const Report& report = {});
 
 /// The end of an open file, which stays the caller's.

@@ -6,12 +6,27 @@
 #include <filesystem>
 #include <fstream>
 #include <gtest/gtest.h>
+#include <new>
 #include <sys/resource.h>
 #include <sys/stat.h>
+#include <sys/syscall.h>
 #include <unistd.h>
 
 using namespace wallgrid;
 namespace fs = std::filesystem;
+
+namespace {
+
+int umaskCalls = 0;
+
+} // namespace
+
+/// Stands in for the C library's.
+extern "C" mode_t umask(mode_t mask) noexcept
+{
+    ++umaskCalls;
+    return static_cast<mode_t>(::syscall(SYS_umask, mask));
+}
 
 namespace {
 
@@ -45,6 +60,26 @@ TEST_F(FileTest, WritesWholeFilesAndReadsThemBack)
     ASSERT_TRUE(writeFileAtomically(path("empty"), {}));
     EXPECT_EQ(readFile(path("empty")).value_or(old), Bytes());
     EXPECT_EQ(entries(), 2u) << "nothing else is left in the folder";
+}
+
+TEST_F(FileTest, LeavesNothingBehindWhenTheWorkThrows)
+{
+    ASSERT_TRUE(writeFileAtomically(path("a"), old));
+    const Report thrower = [](double) -> bool { throw std::bad_alloc(); };
+    EXPECT_THROW(static_cast<void>(writeFileAtomically(path("a"), fresh, thrower)), std::bad_alloc);
+    EXPECT_EQ(readFile(path("a")).value_or(Bytes()), old);
+    EXPECT_THROW(static_cast<void>(writeFile(path("direct"), fresh, thrower)), std::bad_alloc);
+    EXPECT_EQ(entries(), 1u);
+}
+
+TEST_F(FileTest, TakesTheUmaskOffWithoutSettingIt)
+{
+    const mode_t mask = ::umask(027);
+    const int calls = umaskCalls;
+    ASSERT_TRUE(writeFileAtomically(path("a"), old));
+    EXPECT_EQ(umaskCalls, calls) << "another thread may make a file just now";
+    EXPECT_EQ(fs::status(path("a")).permissions(), fs::perms(0640));
+    ::umask(mask);
 }
 
 TEST_F(FileTest, KeepsPermissionsAndFollowsLinks)
