@@ -92,14 +92,15 @@ std::string kpPackedBitsDescription(std::span<const std::uint8_t> packed)
     for (std::size_t i = 0; i < packed.size();) {
         const int header = packed[i] < 128 ? packed[i] : packed[i] - 256; // a signed byte
         const std::size_t decoded = static_cast<std::size_t>(header >= 0 ? header + 1 : 1 - header);
-        const std::size_t size = header >= 0 ? 1 + decoded : 2;
-        if (size > packed.size() - i)
-            throw std::out_of_range("kpPackedBitsDescription: the stream ends within a packet");
-        if (header >= 0)
+        if (header >= 0) {
             text += "Printing " + std::to_string(decoded) + " literal bytes. ";
-        else
+            i += 1 + decoded;
+        } else if (i + 1 < packed.size()) {
             text += "Printing " + std::to_string(packed[i + 1]) + " " + std::to_string(decoded) + " times. ";
-        i += size;
+            i += 2;
+        } else {
+            throw std::out_of_range("kpPackedBitsDescription: the stream ends before the byte of a run");
+        }
         total += decoded;
     }
     return text + "Total: " + std::to_string(total) + " bytes decoded.";

@@ -25,7 +25,8 @@ struct ByteRange {
 /// std::out_of_range for a sample outside the bytes.
 ByteBuffer kpPackedBitsForRange(std::span<const std::uint8_t> bytes, ByteRange range, std::int32_t skip);
 
-/// A packed stream in words, for logs. Throws std::out_of_range when it ends within a packet.
+/// A packed stream in words, for logs. Only headers and the bytes of runs are read: literal bytes may be missing at the
+/// end. Throws std::out_of_range when the byte of a run is missing.
 std::string kpPackedBitsDescription(std::span<const std::uint8_t> packed);
 
 /// The most bytes that so many samples can be packed into.

@@ -80,5 +80,6 @@ TEST(Encoding, PackedStreamsAreDescribed)
     EXPECT_EQ(kpPackedBitsDescription(test::bytes("80 01")), "Printing 1 129 times. Total: 129 bytes decoded.");
     EXPECT_EQ(kpPackedBitsDescription({}), "Total: 0 bytes decoded.");
     EXPECT_THROW(kpPackedBitsDescription(test::bytes("FE")), std::out_of_range);
-    EXPECT_THROW(kpPackedBitsDescription(test::bytes("02 01 02")), std::out_of_range);
+    EXPECT_EQ(kpPackedBitsDescription(test::bytes("FE 07 02 01")),
+              "Printing 7 3 times. Printing 3 literal bytes. Total: 6 bytes decoded.");
 }
