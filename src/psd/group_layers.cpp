@@ -41,21 +41,6 @@ KPPSDLayer::SizeBounds KPPSDGroupLayer::layerChannelsSize() const
     return {size, size};
 }
 
-std::shared_ptr<KPPSDGroupOpeningLayer> KPPSDGroupOpeningLayer::initWithName(StringRef name)
-{
-    return initWithName(std::move(name), 1, false);
-}
-
-std::shared_ptr<KPPSDGroupOpeningLayer> KPPSDGroupOpeningLayer::initWithName(StringRef name, float opacity,
-                                                                             bool isOpened)
-{
-    auto layer = std::make_shared<KPPSDGroupOpeningLayer>();
-    layer->setName(std::move(name));
-    layer->setIsOpened(isOpened);
-    layer->setOpacity(opacity);
-    return layer;
-}
-
 const std::u16string& KPPSDGroupOpeningLayer::writtenName() const
 {
     static const std::u16string name = u"</Layer group>";
@@ -70,11 +55,6 @@ ByteBuffer KPPSDGroupOpeningLayer::extraLayerInformation() const
     kpAppendValue(extra, kBoundingDivider, 4);
     writeUnicodeNameOn(extra);
     return extra;
-}
-
-std::shared_ptr<KPPSDGroupClosingLayer> KPPSDGroupClosingLayer::init()
-{
-    return std::make_shared<KPPSDGroupClosingLayer>();
 }
 
 void KPPSDGroupClosingLayer::writeLayerInformationOn(ByteBuffer& buffer, const ChannelLengths& lengths)

@@ -8,9 +8,27 @@
 
 namespace wallgrid {
 
+/// The initialisers of a kind of group marker. They hide those of plain layers, which would make no marker.
+template <class Marker, class Base>
+class GroupInitialisers : public Base {
+public:
+    static std::shared_ptr<Marker> init() { return std::make_shared<Marker>(); }
+    static std::shared_ptr<Marker> initWithName(StringRef name) { return initWithName(std::move(name), 1, false); }
+    static std::shared_ptr<Marker> initWithName(StringRef name, float opacity, bool isOpened)
+    {
+        auto marker = init();
+        marker->setName(std::move(name));
+        marker->setIsOpened(isOpened);
+        marker->setOpacity(opacity);
+        return marker;
+    }
+    /// A marker always has 4 channels.
+    static void initWithNumberOfChannels() = delete;
+};
+
 /// The two markers between which the layers of a group lie, the opening one below them (Adobe, "Photoshop File
 /// Formats", section divider setting). Markers have no pixels and are always written.
-class KPPSDGroupLayer : public KPPSDLayer {
+class KPPSDGroupLayer : public GroupInitialisers<KPPSDGroupLayer, KPPSDLayer> {
 public:
     /// Whether the group is shown expanded.
     bool isOpened() const { return m_isOpened; }
@@ -29,12 +47,8 @@ private:
     bool m_isOpened = false;
 };
 
-class KPPSDGroupOpeningLayer final : public KPPSDGroupLayer {
+class KPPSDGroupOpeningLayer final : public GroupInitialisers<KPPSDGroupOpeningLayer, KPPSDGroupLayer> {
 public:
-    /// Opacity 1, shown closed.
-    static std::shared_ptr<KPPSDGroupOpeningLayer> initWithName(StringRef name);
-    static std::shared_ptr<KPPSDGroupOpeningLayer> initWithName(StringRef name, float opacity, bool isOpened);
-
     ByteBuffer extraLayerInformation() const override;
 
 protected:
@@ -42,10 +56,8 @@ protected:
 };
 
 /// Carries the group's name, opacity, open state and effects: those of its opening marker when the record is written.
-class KPPSDGroupClosingLayer final : public KPPSDGroupLayer {
+class KPPSDGroupClosingLayer final : public GroupInitialisers<KPPSDGroupClosingLayer, KPPSDGroupLayer> {
 public:
-    static std::shared_ptr<KPPSDGroupClosingLayer> init();
-
     const std::shared_ptr<KPPSDGroupOpeningLayer>& groupOpeningLayer() const { return m_groupOpeningLayer; }
     void setGroupOpeningLayer(std::shared_ptr<KPPSDGroupOpeningLayer> layer) { m_groupOpeningLayer = std::move(layer); }
 

@@ -149,6 +149,18 @@ TEST(Layer, LegacyNamesHold255UnitsAtMostAndNeverHalfAPair)
     EXPECT_EQ(legacy.substr(3 * 253), "78 78 20");
 }
 
+TEST(GroupLayers, EachKindIsMadeByItsOwnInitialisers)
+{
+    const std::shared_ptr<KPPSDGroupLayer> made[] = {KPPSDGroupLayer::initWithName(makeString(u"G")),
+                                                     KPPSDGroupOpeningLayer::initWithName(makeString(u"G"), 0.5F, true),
+                                                     KPPSDGroupOpeningLayer::init(), KPPSDGroupClosingLayer::init()};
+    EXPECT_EQ(made[0]->opacity(), 1);
+    EXPECT_FALSE(made[0]->isOpened());
+    EXPECT_EQ(textOf(made[1]->name()), u"G");
+    EXPECT_EQ(made[1]->opacity(), 0.5F);
+    EXPECT_TRUE(made[1]->isOpened());
+}
+
 TEST(GroupLayers, ClosingMarkerTakesOverWhatItsOpeningMarkerSaysEachTimeItIsWritten)
 {
     const auto opening = KPPSDGroupOpeningLayer::initWithName(makeString(u"abc"));
