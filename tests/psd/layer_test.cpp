@@ -113,7 +113,8 @@ TEST(Layer, PixelsAreCorrectedOnce)
     image->row(2)[0] = {255, 200, 100, 50};
     const auto layer = makeLayer({1, 3}, image, {});
     layer->setShouldUnpremultiplyLayerData(true);
-    layer->setShouldFlipLayerData(true);
+    ASSERT_TRUE(layer->preparePixels());
+    layer->setShouldFlipLayerData(true); // later, and made as well
     for (int time = 0; time < 2; ++time) {
         ASSERT_TRUE(layer->preparePixels());
         EXPECT_EQ(layer->visibleImageData()->at(0, 0), (Pixel{255, 200, 100, 50}));

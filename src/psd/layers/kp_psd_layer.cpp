@@ -51,7 +51,8 @@ void KPPSDLayer::setNumberOfChannels(std::int64_t numberOfChannels)
 void KPPSDLayer::setVisibleImageData(BitmapRef pixels)
 {
     m_visibleImageData = std::move(pixels);
-    m_isCorrected = false;
+    m_isFlipped = false;
+    m_isUnpremultiplied = false;
 }
 
 std::uint8_t KPPSDLayer::opacity255() const

@@ -98,8 +98,8 @@ public:
     /// and takes no memory for this.
     BitmapRef visibleImageData();
     void setVisibleImageData(BitmapRef pixels);
-    /// Makes the corrections that the layer asks for, once to each `visibleImageData`. False when the pixels cannot be
-    /// had, or are not as many as the crop region has; the layer cannot be written then.
+    /// Makes the corrections that the layer asks for, each once to a `visibleImageData`. False when the pixels cannot
+    /// be had, or are not as many as the crop region has; the layer cannot be written then.
     virtual bool preparePixels();
 
     // Its bytes ----------------------------------------------------------------------------------------------------
@@ -143,7 +143,7 @@ protected:
 
 private:
     BitmapPart visiblePart() const;
-    BitmapRef correctedPixels() const;
+    BitmapRef correctedPixels(bool flips, bool unpremultiplies) const;
 
     StringRef m_name;
     BitmapRef m_image;
@@ -155,7 +155,8 @@ private:
     bool m_shouldFlipLayerData = false;
     bool m_shouldUnpremultiplyLayerData = false;
     BitmapRef m_visibleImageData;
-    bool m_isCorrected = false;
+    bool m_isFlipped = false; ///< the visible pixels are
+    bool m_isUnpremultiplied = false;
 };
 
 } // namespace wallgrid

@@ -132,14 +132,14 @@ BitmapRef KPPSDLayer::visibleImageData()
     return m_visibleImageData;
 }
 
-BitmapRef KPPSDLayer::correctedPixels() const
+BitmapRef KPPSDLayer::correctedPixels(bool flips, bool unpremultiplies) const
 {
     const BitmapPart part = visiblePart();
     const BitmapRef corrected =
         part.bitmap ? Bitmap::create(part.width, part.height, Bitmap::Contents::Undefined) : nullptr;
     for (int y = 0; corrected && y < part.height; ++y) {
-        const auto from = part.row(m_shouldFlipLayerData ? part.height - 1 - y : y);
-        if (m_shouldUnpremultiplyLayerData)
+        const auto from = part.row(flips ? part.height - 1 - y : y);
+        if (unpremultiplies)
             std::ranges::transform(from, corrected->row(y).begin(), unpremultiplied);
         else
             copyPixels(corrected->row(y).data(), from.data(), from.size());
@@ -152,12 +152,15 @@ bool KPPSDLayer::preparePixels()
     const Size size = imageCropRegion().size;
     if (!(size.width >= 1 && size.height >= 1))
         return true; // there is no whole pixel
-    if ((m_shouldFlipLayerData || m_shouldUnpremultiplyLayerData) && !m_isCorrected) {
-        BitmapRef corrected = correctedPixels();
+    const bool flips = m_shouldFlipLayerData && !m_isFlipped;
+    const bool unpremultiplies = m_shouldUnpremultiplyLayerData && !m_isUnpremultiplied;
+    if (flips || unpremultiplies) {
+        BitmapRef corrected = correctedPixels(flips, unpremultiplies);
         if (!corrected)
             return false;
         m_visibleImageData = std::move(corrected);
-        m_isCorrected = true;
+        m_isFlipped |= flips;
+        m_isUnpremultiplied |= unpremultiplies;
     }
     const BitmapPart part = visiblePart();
     return part.bitmap && part.width == whole(size.width) && part.height == whole(size.height);
