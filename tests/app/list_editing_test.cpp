@@ -1,10 +1,9 @@
 // SPDX-License-Identifier: MIT
+#include "app/gx_presets.h"
+#include "app/preset_file.h"
 #include "app/row_drag.h"
-#include "list_fixture.h"
-
 #include "items/gx_still.h"
-
-#include <fstream>
+#include "list_fixture.h"
 
 using namespace wallgrid;
 
@@ -31,32 +30,27 @@ TEST_F(ListEditing, DropsMoveInsideATableAndCopyIntoTheOther)
         {table, {1}, table, 1, "ABCD", "PQ"},
         {table, {1}, table, 2, "ABCD", "PQ"},
         {table, {0}, table, 4, "BCDA", "PQ"},
-        {table, {3}, table, 4, "ABCD", "PQ"},
         {table, {1, 3}, table, 0, "BACD", "PQ"}, // the first row only
         {ptable, {0}, ptable, 2, "ABCD", "QP"},
-        {ptable, {1}, ptable, 0, "ABCD", "QP"},
         {ptable, {1}, table, 0, "QABCD", "PQ"},
-        {ptable, {0}, table, 4, "ABCDP", "PQ"},
-        {table, {3}, ptable, 0, "ABCD", "DPQ"},
         {table, {0, 1}, ptable, 2, "ABCD", "PQA"},
         // Nothing to take, or nowhere to put it.
         {table, {}, table, 0, "ABCD", "PQ"},
         {table, {4}, table, 0, "ABCD", "PQ"},
         {ptable, {2}, table, 0, "ABCD", "PQ"},
-        {table, {4}, ptable, 0, "ABCD", "PQ"},
         {table, {0}, table, 5, "ABCD", "PQ"},
         {table, {0}, table, -1, "ABCD", "PQ"},
-        {ptable, {0}, table, 5, "ABCD", "PQ"},
         {table, {0}, ptable, 3, "ABCD", "PQ"},
     };
     for (const Case& each : cases) {
         put("ABCD", "PQ");
-        const auto before = allItems();
+        const ItemArray before = allItems();
         drag(each.from, each.rows, each.to, each.row);
         EXPECT_EQ(layers(), each.layers) << each.from.name << " to " << each.to.name << " row " << each.row;
         EXPECT_EQ(presets(), each.presets) << each.from.name << " to " << each.to.name << " row " << each.row;
-        EXPECT_EQ(strangersAmong(before), std::ssize(allItems()) - std::ssize(before))
-            << "a move keeps the object, a copy is another one";
+        const ItemArray after = allItems();
+        EXPECT_EQ(std::set(after.begin(), after.end()).size(), after.size()) << "a copy is another object";
+        EXPECT_TRUE(std::ranges::all_of(before, [&](auto& item) { return std::ranges::count(after, item) == 1; }));
     }
 }
 
@@ -64,27 +58,20 @@ TEST_F(ListEditing, TheSourceIsWhereTheLastDragOfOneOfBothTablesBegan)
 {
     put("AB", "PQ");
     Pasteboard pasteboard;
-    EXPECT_EQ(delegate.draggedTV(), 0);
     writeDraggedRows({1}, pasteboard);
     delegate.tableViewAcceptDrop(table, pasteboard, 0,
                                  DropOperation::Above); // not from the layers, so from the presets
     EXPECT_EQ(layers(), "QAB");
     delegate.tableViewWriteRowsWithIndexes(table, {0}, pasteboard);
-    EXPECT_EQ(delegate.draggedTV(), 1);
     ScriptedTable other("otherTView");
     delegate.tableViewWriteRowsWithIndexes(other, {1}, pasteboard);
     EXPECT_EQ(delegate.draggedTV(), 1);
     delegate.tableViewAcceptDrop(ptable, pasteboard, 0, DropOperation::On);
     EXPECT_EQ(presets(), "APQ");
-    EXPECT_TRUE(delegate.tableViewAcceptDrop(other, pasteboard, 0, DropOperation::Above));
-    EXPECT_EQ(layers() + presets(), "QABAPQ");
-
-    for (const char* type : {"text/plain", "BasicTableViewDragAndDropDataType"}) {
-        pasteboard.declareType(type);
-        pasteboard.setData({'b', 'p', 'l', 'i', 's', 't'}, type);
-        EXPECT_TRUE(delegate.tableViewAcceptDrop(table, pasteboard, 0, DropOperation::Above)) << type;
-        EXPECT_EQ(delegate.tableViewValidateDrop(table, pasteboard, 7, DropOperation::On), ~std::uint64_t{0});
-    }
+    delegate.tableViewAcceptDrop(other, pasteboard, 0, DropOperation::Above);
+    pasteboard.setData({'b', 'p', 'l', 'i', 's', 't'}, kRowDragType);
+    EXPECT_TRUE(delegate.tableViewAcceptDrop(table, pasteboard, 0, DropOperation::Above));
+    EXPECT_EQ(delegate.tableViewValidateDrop(table, pasteboard, 7, DropOperation::On), kDragOperationEvery);
     EXPECT_EQ(layers() + presets(), "QABAPQ");
 }
 
@@ -96,105 +83,133 @@ TEST_F(ListEditing, AMoveRunsTheChangeHandlerTwiceAndFollowsTheItem)
     drag(table, {0}, table, 2); // the throttle holds
     EXPECT_EQ(table.events, "reload reload ");
     EXPECT_EQ(delegate.arraycontroller().selectedObject(), moved);
-}
-
-TEST_F(ListEditing, CopiesAreTheirOwnItems)
-{
-    put("A", "P");
-    const ItemRef preset = delegate.presetScreensArray()->at(0);
-    drag(ptable, {0}, table, 0);
-    const ItemRef copy = delegate.allScreensArray()->at(0);
-    const ImageRef picture = preset->thumbnail();
-    copy->setCol(copy->col() + 1);
-    EXPECT_EQ(preset->thumbnail(), picture);
-    EXPECT_NE(copy->thumbnail(), picture);
-    EXPECT_EQ(preset->col() + 1, copy->col());
-
-    const StillRef still = GXStill::initWithimage(nullptr);
-    still->setImageURL(location("logo.png"));
-    delegate.arraycontroller().insertObjectAtArrangedObjectIndex(still, 0);
-    drag(table, {0}, ptable, 1);
-    const auto stillPreset = std::dynamic_pointer_cast<GXStill>(delegate.presetScreensArray()->at(1));
-    ASSERT_TRUE(stillPreset && stillPreset != still);
-    EXPECT_EQ(stillPreset->ImageURL(), still->ImageURL());
+    table.selected = 2;
+    delegate.tableViewSelectionDidChange();
+    table.selected.reset();
+    delegate.tableViewSelectionDidChange();
+    EXPECT_EQ(delegate.arraycontroller().selectionIndexes(), std::set<std::size_t>{2}) << "the table's is taken over";
 }
 
 TEST_F(ListEditing, TheAddSheetAddsBelowTheFirstRow)
 {
     put("ABC", "P");
     delegate.arraycontroller().setSelectionIndex(2);
-    table.type.clear();
     delegate.add();
     EXPECT_EQ(table.type, kRowDragType) << "each sheet wakes its owner";
-    delegate.AddMask();
     delegate.CancelAddWindow();
     EXPECT_EQ(layers(), "ABC");
     delegate.AddScreen();
-    EXPECT_EQ(sheets.log,
-              (std::vector<std::string>{"load AddWindow", "begin AddWindow", "end AddWindow", "end AddWindow"}));
+    EXPECT_EQ(events, "begin AddWindow|end AddWindow|end AddWindow|");
     EXPECT_EQ(names(*delegate.allScreensArray()), "A|Layer 1|B|C|");
     const GXItem& added = *delegate.allScreensArray()->at(1);
     EXPECT_EQ(added.screenSizeWidth(), 312);
-    EXPECT_EQ(added.screenSizeHeight(), 312);
     EXPECT_EQ(added.XYFontSize(), 50);
     EXPECT_EQ(delegate.arraycontroller().selectionIndexes(), std::set<std::size_t>{1});
 
+    events.clear();
     cancel();
-    delegate.add();
-    sheets.log.clear();
     delegate.AddImage();
-    EXPECT_TRUE(sheets.log.empty()) << "the sheet stays";
-    std::ofstream(path("no picture")) << "text";
+    EXPECT_EQ(events, "") << "the sheet stays";
+    write("no picture", {'t'});
     choose("no picture");
     delegate.AddImage();
     EXPECT_EQ(names(*delegate.allScreensArray()), "A||Layer 1|B|C|");
-    const auto still = std::dynamic_pointer_cast<GXStill>(delegate.allScreensArray()->at(1));
-    ASSERT_TRUE(still);
-    EXPECT_EQ(*still->ImageURL(), *location("no picture"));
-    EXPECT_EQ(still->screenSizeWidth(), 0);
-    EXPECT_EQ(sheets.log, std::vector<std::string>{"end AddWindow"});
+    EXPECT_EQ(delegate.allScreensArray()->at(1)->screenSizeWidth(), 0);
     ASSERT_EQ(logged.size(), 1u);
     EXPECT_TRUE(logged[0].starts_with(path("no picture") + ": ")) << logged[0];
+    drag(table, {1}, ptable, 1);
+    const auto copy = std::dynamic_pointer_cast<GXStill>(delegate.presetScreensArray()->at(1));
+    ASSERT_TRUE(copy);
+    EXPECT_EQ(*copy->ImageURL(), *location("no picture"));
 
     delegate.openPvw();
-    EXPECT_EQ(windows.log, "Output Preview shown");
     delegate.openAbout();
     delegate.closeAbout();
-    sheets.log.erase(sheets.log.begin());
-    EXPECT_EQ(sheets.log, (std::vector<std::string>{"load About", "begin About", "end About"}));
+    EXPECT_EQ(events, "end AddWindow|show Output Preview|begin About|end About|");
 }
 
 TEST_F(ListEditing, RemovalKeepsOneItemUnlessAllAreSelected)
 {
-    put("ABC", "P");
-    delegate.removeSelectedScreen();
+    put("ABC", "PQR");
     delegate.arraycontroller().setSelectionIndexes({0, 2});
-    delegate.remove();
-    EXPECT_EQ(layers(), "B");
-    delegate.remove();
-    EXPECT_EQ(layers(), "B");
-    EXPECT_EQ(alerts, std::vector<std::string>{kRefusal});
-
+    delegate.presetarraycontroller().setSelectionIndexes({0, 1});
+    for (int i = 0; i < 2; ++i) {
+        delegate.remove();
+        delegate.removePreset();
+        EXPECT_EQ(layers() + presets(), "BR");
+        EXPECT_EQ(alerts, std::vector<std::string>(static_cast<std::size_t>(2 * i), kRefusal));
+    }
     put("AB", "P");
     delegate.arraycontroller().setSelectionIndexes({0, 1});
     delegate.remove();
     EXPECT_EQ(layers(), "");
     delegate.remove();
-    EXPECT_EQ(alerts, std::vector<std::string>(2, kRefusal));
-    drag(ptable, {0}, table, 0);
-    EXPECT_EQ(layers(), "P");
-    delegate.arraycontroller().removeObjectAtArrangedObjectIndex(0);
+    EXPECT_EQ(alerts.size(), 3u);
     delegate.AddScreen();
     EXPECT_EQ(names(*delegate.allScreensArray()), "Layer 1|");
 }
 
-TEST_F(ListEditing, TheMainTablesSelectionIsTakenOver)
+TEST_F(ListEditing, PresetsAreSavedAndComeBackAsNewObjects)
 {
-    put("ABC", "PQ");
-    table.selected = 2;
-    delegate.tableViewSelectionDidChange();
-    EXPECT_EQ(delegate.arraycontroller().selectionIndexes(), std::set<std::size_t>{2});
-    table.selected.reset();
-    delegate.tableViewSelectionDidChange();
-    EXPECT_EQ(delegate.arraycontroller().selectionIndexes(), std::set<std::size_t>{2});
+    delegate.presetScreensArray()->push_back(GXStill::initWithimage(nullptr));
+    choose("my presets");
+    delegate.savePresets();
+    put("AB", "XYZ");
+    const ItemRef selected = delegate.arraycontroller().selectedObject();
+    const ImageRef rendered = selected->thumbnail();
+    delegate.openPresets();
+    EXPECT_NE(selected->thumbnail(), rendered) << "every change of the list renders the selected layer";
+    EXPECT_EQ(names(*delegate.presetScreensArray()), "GRID|LINES|CROSS|CIRCLE||");
+    EXPECT_EQ(delegate.presetScreensArray()->at(1)->ypoint(), -270);
+    EXPECT_TRUE(std::dynamic_pointer_cast<GXStill>(delegate.presetScreensArray()->at(4)));
+    EXPECT_EQ(delegate.presetarraycontroller().selectionIndexes(), std::set<std::size_t>{0});
+    EXPECT_EQ(layers(), "AB");
+    write("none", writePresets({}));
+    choose("none");
+    delegate.openPresets();
+    EXPECT_EQ(presets(), "");
+    EXPECT_TRUE(recent.empty() && logged.empty());
+
+    put("A", "PQ");
+    write("project", writeProject(delegate.project()));
+    for (const char* name : {"project", "gone"}) {
+        choose(name);
+        delegate.openPresets();
+    }
+    choose("no/such/folder");
+    delegate.savePresets();
+    EXPECT_EQ(logged.size(), 3u);
+    cancel();
+    delegate.openPresets();
+    delegate.savePresets();
+    EXPECT_EQ(presets(), "PQ");
+    EXPECT_TRUE(alerts.empty());
+}
+
+TEST_F(ListEditing, GXPresetsReordersItsOwnList)
+{
+    const auto controller = GXPresets::init();
+    EXPECT_EQ(controller->presetScreensArray()->at(0)->col(), 5);
+    ScriptedTable own("any");
+    controller->setTable(&own);
+    controller->awakeFromNib();
+    EXPECT_EQ(own.type, kRowDragType);
+    struct Case {
+        std::set<std::size_t> rows;
+        std::ptrdiff_t row;
+        const char* expected;
+    };
+    const Case cases[] = {{{0}, 2, "QPR"},    {{2}, 0, "RPQ"}, {{1}, 1, "PQR"}, {{1}, 2, "PQR"}, {{0}, 3, "QRP"},
+                          {{1, 2}, 0, "QPR"}, {{3}, 0, ""},    {{}, 0, ""},     {{0}, 4, ""},    {{2}, -1, ""}};
+    for (const auto& [rows, row, expected] : cases) {
+        controller->setPresetScreensArray(std::make_shared<ItemArray>(screens("PQR")));
+        own.events.clear();
+        Pasteboard pasteboard;
+        EXPECT_TRUE(controller->tableViewWriteRowsWithIndexes(table, rows, pasteboard));
+        EXPECT_TRUE(controller->tableViewAcceptDrop(own, pasteboard, row, DropOperation::Above));
+        const bool taken = *expected != '\0';
+        EXPECT_EQ(letters(*controller->presetScreensArray()), taken ? expected : "PQR") << "row " << row;
+        EXPECT_EQ(own.events, taken ? "count reload " : "") << "row " << row;
+    }
+    EXPECT_EQ(delegate.draggedTV(), 0);
 }

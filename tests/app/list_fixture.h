@@ -1,32 +1,47 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "items/gx_screen.h"
-#include "platform/unicode.h"
 #include "scripted_desktop.h"
-#include "scripted_views.h"
 
 #include <algorithm>
 #include <set>
 
 namespace wallgrid {
 
-/// The launched program with both tables, its lists filled with screens that have one letter for a name.
-class ListFixture : public ScriptedDesktop {
+struct ScriptedTable : TableView {
+    explicit ScriptedTable(std::string tableName)
+        : name(std::move(tableName))
+    {
+    }
+    std::string identifier() const override { return name; }
+    void setDelegate(TableDelegate* newDelegate) override { delegate = newDelegate; }
+    void registerForDraggedType(std::string_view newType) override { type = newType; }
+    std::optional<std::size_t> selectedRow() override { return selected; }
+    void noteNumberOfRowsChanged() override { events += "count "; }
+    void reloadData() override { events += "reload "; }
+
+    std::string name;
+    TableDelegate* delegate = nullptr;
+    std::string type;
+    std::optional<std::size_t> selected;
+    std::string events;
+};
+
+/// The launched program with both tables, its lists filled with screens that have one letter for a name. Which sheets
+/// and windows are loaded, begun and ended is written down.
+class ListFixture : public ScriptedDesktop, SheetLoader, WindowLoader {
 protected:
     ListFixture()
     {
-        delegate.connect({nullptr, &table, &ptable, nullptr, &sheets, &windows});
+        delegate.connect({nullptr, &table, &ptable, nullptr, this, this});
         delegate.applicationDidFinishLaunching();
     }
 
     static ItemArray screens(std::string_view letters)
     {
         ItemArray items;
-        for (const char letter : letters) {
-            items.push_back(GXScreen::init());
-            items.back()->setLabel(makeString(std::u16string(1, static_cast<char16_t>(letter))));
-        }
+        for (const char letter : letters)
+            items.push_back(screen(std::u16string(1, static_cast<char16_t>(letter))));
         return items;
     }
     void put(std::string_view layerLetters, std::string_view presetLetters)
@@ -34,32 +49,20 @@ protected:
         delegate.setAllScreensArray(std::make_shared<ItemArray>(screens(layerLetters)));
         delegate.setPresetScreensArray(std::make_shared<ItemArray>(screens(presetLetters)));
     }
-
-    static std::string names(const ItemArray& items, const char* end = "|")
+    static std::string letters(const ItemArray& items)
     {
-        std::string text;
-        for (const ItemRef& item : items)
-            text += toUtf8(textOf(item->label())) + end;
+        std::string text = names(items);
+        std::erase(text, '|');
         return text;
     }
-    std::string layers() const { return names(*delegate.allScreensArray(), ""); }
-    std::string presets() const { return names(*delegate.presetScreensArray(), ""); }
-
+    std::string layers() const { return letters(*delegate.allScreensArray()); }
+    std::string presets() const { return letters(*delegate.presetScreensArray()); }
     ItemArray allItems() const
     {
         ItemArray items = *delegate.allScreensArray();
         items.insert(items.end(), delegate.presetScreensArray()->begin(), delegate.presetScreensArray()->end());
         return items;
     }
-    /// How many items are now in the lists that were not.
-    std::ptrdiff_t strangersAmong(const ItemArray& before) const
-    {
-        const ItemArray now = allItems();
-        return std::count_if(now.begin(), now.end(), [&](const ItemRef& item) {
-            return std::find(before.begin(), before.end(), item) == before.end();
-        });
-    }
-
     void drag(ScriptedTable& from, const std::set<std::size_t>& rows, ScriptedTable& to, std::ptrdiff_t row)
     {
         Pasteboard pasteboard;
@@ -67,10 +70,30 @@ protected:
         EXPECT_TRUE(delegate.tableViewAcceptDrop(to, pasteboard, row, DropOperation::Above));
     }
 
+    struct Loaded : Sheet, WindowController {
+        Loaded(std::string& log, std::string_view loadedName)
+            : events(log)
+            , name(loadedName)
+        {
+        }
+        void begin() override { events += "begin " + name + "|"; }
+        void end() override { events += "end " + name + "|"; }
+        void showWindow() override { events += "show " + name + "|"; }
+        std::string& events;
+        std::string name;
+    };
+    std::shared_ptr<Sheet> loadNibNamed(std::string_view name) override
+    {
+        return std::make_shared<Loaded>(events, name);
+    }
+    std::shared_ptr<WindowController> windowControllerWithNibName(std::string_view name) override
+    {
+        return std::make_shared<Loaded>(events, name);
+    }
+
     ScriptedTable table{"mainTView"};
     ScriptedTable ptable{"presetTView"};
-    ScriptedSheets sheets;
-    ScriptedWindows windows;
+    std::string events; ///< of sheets and windows
 };
 
 } // namespace wallgrid

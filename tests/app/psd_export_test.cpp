@@ -1,5 +1,4 @@
 // SPDX-License-Identifier: MIT
-#include "items/gx_screen.h"
 #include "items/gx_still.h"
 #include "picture.h"
 #include "platform/file.h"
@@ -16,24 +15,18 @@ class PsdExport : public ScriptedDesktop {
 protected:
     PsdExport() { delegate.applicationDidFinishLaunching(); }
 
-    static ScreenRef screen(std::u16string label)
+    void putScreens(const std::vector<std::u16string>& labels)
     {
-        const ScreenRef screen = GXScreen::init();
-        screen->setLabel(makeString(std::move(label)));
-        return screen;
+        ItemArray items;
+        for (const std::u16string& label : labels)
+            items.push_back(screen(label));
+        put(std::move(items));
     }
-    void put(ItemArray items) { delegate.setAllScreensArray(std::make_shared<ItemArray>(std::move(items))); }
-    std::u16string labels() const
+    std::string labels() const { return names(*delegate.allScreensArray()); }
+    ByteBuffer bytes(bool numbersEqualNames)
     {
-        std::u16string text;
-        for (const ItemRef& item : *delegate.allScreensArray())
-            text += textOf(item->label()) + u'|';
-        return text;
-    }
-    void compose()
-    {
-        delegate.setShouldUpdate(true);
-        delegate.update();
+        delegate.setNumbersEqualLayerNames(numbersEqualNames);
+        return delegate.createPSDData(nullptr);
     }
 };
 
@@ -44,12 +37,12 @@ TEST_F(PsdExport, EveryItemTakesANumberAndTheUnnamedUseIt)
     choose("wall");
     delegate.savePSD();
     EXPECT_EQ(delegate.screenNumber(), 1);
-    EXPECT_EQ(labels(), u"Layer 0|");
+    EXPECT_EQ(labels(), "Layer 0|");
     cancel(); // names are given all the same
-    put({screen(u""), screen(u"wall"), screen(u"")});
+    putScreens({u"", u"wall", u""});
     delegate.savePSD();
     EXPECT_EQ(delegate.screenNumber(), 4);
-    EXPECT_EQ(labels(), u"Untitled 4|wall|Untitled 2|");
+    EXPECT_EQ(labels(), "Untitled 4|wall|Untitled 2|");
     EXPECT_TRUE(logged.empty());
 }
 
@@ -64,12 +57,9 @@ TEST_F(PsdExport, ItemsBecomeLayersFromTheLastRowUp)
     const auto writer = KPPSDWriter::initWithDocumentSize({1920, 1080});
     writer->addLayerWithCGImage(hidden->thumbnail()->unscaled(), hidden->label(), 0, {-20, 0});
     writer->addLayerWithCGImage(top->thumbnail()->unscaled(), top->label(), 1, {100, 50});
-    const ByteBuffer expected = writer->createPSDData();
     choose("wall.psd");
     delegate.savePSD();
-    const auto file = readFile(path("wall.psd.psd"));
-    ASSERT_TRUE(file);
-    EXPECT_TRUE(std::ranges::equal(*file, expected));
+    EXPECT_TRUE(std::ranges::equal(readFile(path("wall.psd.psd")).value_or(Bytes()), writer->createPSDData()));
 }
 
 TEST_F(PsdExport, StillsAreScaledAsTheCompositionScalesThem)
@@ -88,8 +78,7 @@ TEST_F(PsdExport, StillsAreScaledAsTheCompositionScalesThem)
     for (const auto& [x, y] : {std::pair{1, 0}, std::pair{-2, 3}, std::pair{6, -1}, std::pair{20, 0}}) {
         still->setXpoint(x);
         still->setYpoint(y);
-        put({screen(u"under"), still});
-        (*delegate.allScreensArray())[0]->setXpoint(100);
+        put({still});
         compose();
         // The part of the raster that the still covers, all opaque, as a layer of its own.
         const int left = std::max(x, 0), above = std::max(y, 0);
@@ -109,48 +98,35 @@ TEST_F(PsdExport, StillsAreScaledAsTheCompositionScalesThem)
 
 TEST_F(PsdExport, EqualNamesAreNumberedInTheFileOnly)
 {
-    const auto put = [&](const std::vector<std::u16string>& names) {
-        ItemArray items;
-        for (const std::u16string& name : names)
-            items.push_back(screen(name));
-        PsdExport::put(items);
-    };
-    const auto bytes = [&](bool numbers) {
-        delegate.setNumbersEqualLayerNames(numbers);
-        KPPSDError error;
-        return delegate.createPSDData(&error);
-    };
-    put({u"Wall", u"logo", u"Wall 2"});
+    putScreens({u"Wall", u"logo", u"Wall 2"});
     EXPECT_FALSE(delegate.hasEqualLayerNames());
-    const ByteBuffer different = bytes(false);
-    EXPECT_EQ(bytes(true), different);
+    EXPECT_EQ(bytes(true), bytes(false));
 
-    const std::vector<std::u16string> equal{u"Wall", u"Wall", u"logo", u"Wall 2", u"Wall", u"logo"};
-    put(equal);
+    const std::u16string pair = u"\U0001F600", longest = std::u16string(239, u'x') + pair;
+    putScreens({u"Wall", u"Wall", u"logo", u"Wall 2", u"Wall", u"logo", longest, longest});
     EXPECT_TRUE(delegate.hasEqualLayerNames());
     const ByteBuffer asNamed = bytes(false);
     const ByteBuffer numbered = bytes(true);
-    EXPECT_EQ(labels(), u"Wall|Wall|logo|Wall 2|Wall|logo|");
-    EXPECT_EQ(bytes(false), asNamed);
-    put({u"Wall", u"Wall 3", u"logo", u"Wall 2", u"Wall 4", u"logo 2"});
+    EXPECT_EQ(bytes(false), asNamed) << "the document keeps its names";
+    putScreens({u"Wall", u"Wall 3", u"logo", u"Wall 2", u"Wall 4", u"logo 2", longest, longest.substr(0, 239) + u" 2"});
     EXPECT_EQ(bytes(false), numbered);
-    put({u"", u""}); // will be told apart by "Untitled"
+    putScreens({u"", u""}); // will be told apart by "Untitled"
     EXPECT_FALSE(delegate.hasEqualLayerNames());
 }
 
 TEST_F(PsdExport, FailuresAreLoggedAndLeaveNoFile)
 {
     choose("wall");
-    delegate.setOutputWidth(0);
-    delegate.savePSD();
-    delegate.setOutputWidth(30001);
-    delegate.savePSD();
+    for (const std::int32_t width : {0, 30001}) {
+        delegate.setOutputWidth(width);
+        delegate.savePSD();
+    }
     delegate.setOutputWidth(1920);
-    choose("no/such/folder");
-    delegate.savePSD();
     ASSERT_EQ(::mkfifo(path("pipe.psd").c_str(), 0600), 0);
-    choose("pipe");
-    delegate.savePSD();
+    for (const char* name : {"no/such/folder", "pipe"}) {
+        choose(name);
+        delegate.savePSD();
+    }
     EXPECT_EQ(logged, (std::vector<std::string>{
                           "There was an error writing the PSD: No visible layers in the document",
                           "There was an error writing the PSD: The document is too large for a PSD file",

@@ -2,9 +2,12 @@
 #pragma once
 
 #include "app/gx_app_delegate.h"
+#include "items/gx_screen.h"
 #include "platform/desktop.h"
+#include "platform/unicode.h"
 
 #include <filesystem>
+#include <fstream>
 #include <gtest/gtest.h>
 #include <limits>
 #include <stdlib.h>
@@ -28,9 +31,35 @@ protected:
     {
         return std::make_shared<const Url>(Url::fromFilePath(path(name)));
     }
+    void write(const std::string& name, const Bytes& bytes) const
+    {
+        std::ofstream(path(name))
+            .write(reinterpret_cast<const char*>(bytes.data()), static_cast<std::streamsize>(bytes.size()));
+    }
     /// The next panel answers with this file of the test's folder.
     void choose(const std::string& name) { answer = location(name); }
     void cancel() { answer = nullptr; }
+
+    static ScreenRef screen(std::u16string label)
+    {
+        const ScreenRef screen = GXScreen::init();
+        screen->setLabel(makeString(std::move(label)));
+        return screen;
+    }
+    void put(ItemArray items) { delegate.setAllScreensArray(std::make_shared<ItemArray>(std::move(items))); }
+    static std::string names(const ItemArray& items)
+    {
+        std::string text;
+        for (const ItemRef& item : items)
+            text += toUtf8(textOf(item->label())) + "|";
+        return text;
+    }
+    /// A pass that the throttle does not hold.
+    void compose()
+    {
+        delegate.setShouldUpdate(true);
+        delegate.update();
+    }
 
     UrlRef runSavePanel() override { return answer; }
     UrlRef runOpenPanel() override { return answer; }

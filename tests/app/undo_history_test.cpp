@@ -11,10 +11,13 @@ using namespace wallgrid;
 
 namespace {
 
-using What = DocumentChange::What;
-
 class UndoHistoryTest : public ListFixture {
 protected:
+    struct Step {
+        std::string name;
+        std::function<void()> act;
+    };
+
     UndoHistoryTest()
     {
         put("ABC", "XYZ");
@@ -28,95 +31,96 @@ protected:
 
     GXItem& layer(std::size_t row) { return *(*delegate.allScreensArray())[row]; }
 
+    /// One of each kind. Layers and presets are at least three.
+    std::vector<Step> steps()
+    {
+        write("some presets", writePresets(screens("UVW")));
+        write("a.mpr", writeProject({300, 400, screens("PQ")}));
+        const auto open = [this](const char* name, void (GXAppDelegate::*action)()) {
+            return [this, name, action] {
+                choose(name);
+                (delegate.*action)();
+            };
+        };
+        return {
+            {"added", [&] { delegate.AddScreen(); }},
+            {"removed",
+             [&] {
+                 delegate.arraycontroller().setSelectionIndexes({0, 2});
+                 delegate.remove();
+             }},
+            {"reordered", [&] { drag(table, {2}, table, 0); }},
+            {"added", [&] { drag(ptable, {1}, table, 3); }},
+            {"presets added", [&] { drag(table, {1}, ptable, 0); }},
+            {"presets reordered", [&] { drag(ptable, {0}, ptable, 3); }},
+            {"presets removed", [&] { delegate.removePreset(); }},
+            {"presets replaced", open("some presets", &GXAppDelegate::openPresets)},
+            {"replaced", open("a.mpr", &GXAppDelegate::openProject)},
+            {"added", open("none.png", &GXAppDelegate::AddImage)},
+            {"property label", [&] { layer(0).setLabel(makeString(u"new")); }},
+            {"property label",
+             [&] {
+                 layer(0).setLabel(nullptr);
+                 history.commit();
+                 delegate.createPSDData(nullptr);
+             }},
+            {"property visible", [&] { layer(2).setVisible(false); }},
+            {"property position",
+             [&] {
+                 layer(1).setXpoint(-7);
+                 layer(1).setYpoint(9);
+             }},
+            {"property col", [&] { layer(1).setCol(9); }},
+            {"property ",
+             [&] {
+                 layer(1).setRow(9);
+                 layer(1).setRectColor(Color::greenColor());
+             }},
+            {"property outputSize", [&] { delegate.setOutputWidth(640); }},
+            {"property bgColor", [&] { delegate.setBgColor(Color::greenColor()); }},
+            {"property edgeColor", [&] { delegate.setEdgeColor(Color::redColor()); }},
+        };
+    }
+
     /// All that a user could save, with what no file holds.
     std::vector<Bytes> document() const
     {
-        const auto hex = [](const ColorRef& color) {
+        const auto bytes = [](const ColorRef& color) {
             const Pixel pixel = color ? color->pixel() : Pixel{};
             return Bytes{pixel.a, pixel.r, pixel.g, pixel.b};
         };
-        return {writeProject(delegate.project()), writePresets(*delegate.presetScreensArray()), hex(delegate.bgColor()),
-                hex(delegate.edgeColor())};
+        return {writeProject(delegate.project()), writePresets(*delegate.presetScreensArray()),
+                bytes(delegate.bgColor()), bytes(delegate.edgeColor())};
     }
     std::vector<Pixel> raster() const
     {
         const Bitmap& bitmap = *delegate.offscreenRep();
         std::vector<Pixel> pixels;
         for (int y = 0; y < bitmap.height(); ++y)
-            for (int x = 0; x < bitmap.width(); ++x)
-                pixels.push_back(bitmap.at(x, y));
+            pixels.insert(pixels.end(), bitmap.row(y).begin(), bitmap.row(y).end());
         return pixels;
     }
-    std::string undoName() const { return history.undoable() ? nameOf(*history.undoable()) : "-"; }
-    std::string redoName() const { return history.redoable() ? nameOf(*history.redoable()) : "-"; }
-    static std::string nameOf(const DocumentChange& change)
+    auto everything()
+    {
+        compose();
+        return std::tuple(document(), raster(), allItems());
+    }
+    static std::string nameOf(const DocumentChange* change)
     {
         static const std::string names[] = {"nothing", "added", "removed", "reordered", "replaced", "property "};
-        return (change.presets ? "presets " : "") + names[static_cast<int>(change.what)] + std::string(change.property);
+        return !change ? "-"
+                       : (change->presets ? "presets " : "") + names[static_cast<int>(change->what)] +
+                             std::string(change->property);
     }
+    std::string undoName() const { return nameOf(history.undoable()); }
+    std::string redoName() const { return nameOf(history.redoable()); }
 
     UndoHistory history{delegate, runLoop};
 };
 
 TEST_F(UndoHistoryTest, EveryKindOfChangeIsOneStepThatGoesBackAndForth)
 {
-    Project project{300, 400, screens("PQ")};
-    const struct {
-        std::string name;
-        std::function<void()> act;
-    } cases[] = {
-        {"added", [&] { delegate.AddScreen(); }},
-        {"removed",
-         [&] {
-             delegate.arraycontroller().setSelectionIndexes({0, 2});
-             delegate.remove();
-         }},
-        {"reordered", [&] { drag(table, {2}, table, 0); }},
-        {"added", [&] { drag(ptable, {1}, table, 3); }},
-        {"presets added", [&] { drag(table, {1}, ptable, 0); }},
-        {"presets reordered", [&] { drag(ptable, {0}, ptable, 3); }},
-        {"presets removed", [&] { delegate.removePreset(); }},
-        {"presets replaced",
-         [&] {
-             choose("some presets");
-             ASSERT_TRUE(files.write(*answer, writePresets(screens("UVW"))));
-             delegate.openPresets();
-         }},
-        {"replaced",
-         [&] {
-             choose("a.mpr");
-             ASSERT_TRUE(files.write(*answer, writeProject(project)));
-             delegate.openProject();
-         }},
-        {"added",
-         [&] {
-             choose("none.png");
-             delegate.AddImage();
-         }},
-        {"property label", [&] { layer(0).setLabel(makeString(u"new")); }},
-        {"property label",
-         [&] {
-             layer(0).setLabel(nullptr);
-             history.commit();
-             delegate.createPSDData(nullptr);
-         }},
-        {"property visible", [&] { layer(2).setVisible(false); }},
-        {"property position",
-         [&] {
-             layer(1).setXpoint(-7);
-             layer(1).setYpoint(9);
-         }},
-        {"property col", [&] { layer(1).setCol(9); }},
-        {"property ",
-         [&] {
-             layer(1).setRow(9);
-             layer(1).setRectColor(Color::greenColor());
-         }},
-        {"property outputSize", [&] { delegate.setOutputWidth(640); }},
-        {"property bgColor", [&] { delegate.setBgColor(Color::greenColor()); }},
-        {"property edgeColor", [&] { delegate.setEdgeColor(Color::redColor()); }},
-    };
-    for (const auto& step : cases) {
+    for (const Step& step : steps()) {
         SCOPED_TRACE(step.name);
         const ItemArray sideBySide = screens("ABCD");
         for (std::size_t i = 0; i < sideBySide.size(); ++i) {
@@ -124,42 +128,28 @@ TEST_F(UndoHistoryTest, EveryKindOfChangeIsOneStepThatGoesBackAndForth)
             sideBySide[i]->setXpoint(static_cast<std::int32_t>(35 * i));
             sideBySide[i]->drawInRect();
         }
-        delegate.setAllScreensArray(std::make_shared<ItemArray>(sideBySide));
+        ScriptedDesktop::put(sideBySide);
         delegate.setPresetScreensArray(std::make_shared<ItemArray>(screens("XYZ")));
         delegate.arraycontroller().setSelectionIndex(1);
         endTurn(2);
         history.start();
-        delegate.update();
-        const ItemArray itemsBefore = allItems();
-        const auto before = document();
-        const auto rasterBefore = raster();
+        const auto before = everything();
 
         step.act();
         endTurn(2);
-        delegate.update();
-        const ItemArray itemsAfter = allItems();
-        const auto after = document();
-        const auto rasterAfter = raster();
+        const auto after = everything();
         const auto selectedAfter = delegate.arraycontroller().selectionIndexes();
-        EXPECT_NE(after, before);
+        EXPECT_NE(std::get<0>(after), std::get<0>(before));
         EXPECT_EQ(undoName(), step.name);
-
         for (int round = 0; round < 2; ++round) {
             while (history.undoable())
                 history.undo();
-            EXPECT_EQ(document(), before);
-            EXPECT_EQ(raster(), rasterBefore);
-            EXPECT_EQ(allItems(), itemsBefore);
-            EXPECT_NE(redoName(), "-");
-            endTurn(2);
+            EXPECT_TRUE(everything() == before);
             while (history.redoable())
                 history.redo();
             EXPECT_EQ(undoName(), step.name);
-            EXPECT_EQ(document(), after);
-            EXPECT_EQ(raster(), rasterAfter);
-            EXPECT_EQ(allItems(), itemsAfter);
+            EXPECT_TRUE(everything() == after);
             EXPECT_EQ(delegate.arraycontroller().selectionIndexes(), selectedAfter);
-            endTurn(2);
         }
     }
 }
@@ -168,40 +158,11 @@ TEST_F(UndoHistoryTest, RandomEditsGoBackToTheBytesOfTheStartAndForthToThoseOfTh
 {
     std::mt19937 random(4);
     const auto below = [&](std::size_t count) { return static_cast<std::size_t>(random() % count); };
-    choose("picture that is missing");
-    delegate.AddImage();
-    const auto still = [&] {
-        for (const ItemRef& item : *delegate.allScreensArray()) {
-            if (auto found = std::dynamic_pointer_cast<GXStill>(item))
-                return found;
-        }
-        return std::shared_ptr<GXStill>();
-    };
-    const ItemArray opened = screens("MN");
-    endTurn(2);
-    history.start();
-
-    const std::vector<std::function<void()>> edits{
-        [&] { delegate.AddScreen(); },
-        [&] { delegate.remove(); },
-        [&] { delegate.removePreset(); },
-        [&] { drag(table, {below(5)}, table, static_cast<std::ptrdiff_t>(below(5))); },
-        [&] { drag(ptable, {below(4)}, table, static_cast<std::ptrdiff_t>(below(5))); },
-        [&] { drag(table, {below(5)}, ptable, static_cast<std::ptrdiff_t>(below(5))); },
-        [&] {
-            delegate.loadProject({static_cast<std::int32_t>(below(900)), 800, {opened[0], GXScreen::init()}});
-        },
-        [&] { delegate.createPSDData(nullptr); },
-        [&] { delegate.setOutputHeight(static_cast<std::int32_t>(below(1000))); },
-        [&] { delegate.setEdgeColor(below(2) ? Color::redColor() : nullptr); },
-        [&] {
-            delegate.arraycontroller().setSelectionIndexes({below(4), below(4)});
-        },
-        [&] {
-            if (const auto item = still())
-                item->setImageURL(location(std::to_string(below(9))));
-        },
-    };
+    std::vector<Step> edits = steps();
+    std::erase_if(edits, [](const Step& step) { return step.name.starts_with("property "); });
+    edits.push_back({"", [&] { drag(table, {below(5)}, ptable, static_cast<std::ptrdiff_t>(below(5))); }});
+    edits.push_back({"", [&] { delegate.setEdgeColor(below(2) ? Color::redColor() : nullptr); }});
+    edits.push_back({"", [&] { delegate.arraycontroller().setSelectionIndexes({below(4), below(4)}); }});
     const auto editField = [&](GXItem& item) {
         const auto field = GXItem::fields()[below(GXItem::fields().size())];
         const GXItem::FieldValue old = item.value(field);
@@ -213,38 +174,35 @@ TEST_F(UndoHistoryTest, RandomEditsGoBackToTheBytesOfTheStartAndForthToThoseOfTh
             item.setValue(field, Color::calibratedRGB(0, 0, 0.125 * static_cast<double>(below(8))));
         else
             item.setValue(field, makeString(std::u16string(below(3), u'n')));
+        if (auto* still = dynamic_cast<GXStill*>(&item))
+            still->setImageURL(location(std::to_string(below(9))));
     };
 
     std::vector<std::vector<Bytes>> states{document()};
-    for (int i = 0; i < 150; ++i) {
-        const std::size_t count = delegate.allScreensArray()->size();
-        for (std::size_t several = 0; several <= below(3); ++several) {
-            if (below(2) && count > 0)
-                editField(layer(below(delegate.allScreensArray()->size())));
-            else
-                edits[below(edits.size())]();
-        }
+    for (int i = 0; i < 100; ++i) {
         const auto* last = history.state().get();
+        for (std::size_t several = 0; several <= below(3); ++several) {
+            if (const std::size_t count = delegate.allScreensArray()->size(); below(2) && count > 0)
+                editField(layer(below(count)));
+            else
+                edits[below(edits.size())].act();
+        }
         endTurn(below(2) ? 2 : 0.05);
         if (history.state().get() != last)
             states.push_back(document());
     }
-    const auto end = document();
-    const auto start = states.front();
-    ASSERT_GT(states.size(), 80U);
-
-    for (int round = 0; round < 2; ++round) {
-        while (history.undoable()) {
-            history.undo();
-            EXPECT_NE(std::find(states.begin(), states.end(), document()), states.end());
-            if (below(3) == 0)
-                endTurn(0.2);
-        }
-        EXPECT_EQ(document(), start);
-        while (history.redoable())
-            history.redo();
-        EXPECT_EQ(document(), end);
+    ASSERT_GT(states.size(), 60U);
+    const auto start = states.front(), end = document();
+    while (history.undoable()) {
+        history.undo();
+        EXPECT_NE(std::find(states.begin(), states.end(), document()), states.end());
+        if (below(3) == 0)
+            endTurn(0.2);
     }
+    EXPECT_EQ(document(), start);
+    while (history.redoable())
+        history.redo();
+    EXPECT_EQ(document(), end);
 }
 
 TEST_F(UndoHistoryTest, TypingAndDraggingAreOneStep)
@@ -292,6 +250,8 @@ TEST_F(UndoHistoryTest, TypingAndDraggingAreOneStep)
     history.endInteraction();
     EXPECT_EQ(undoName(), "property ");
     layer(0).setXpoint(4);
+    endTurn();
+    layer(0).setXpoint(5);
     EXPECT_EQ(steps(), 3);
 }
 
@@ -307,7 +267,6 @@ TEST_F(UndoHistoryTest, ANewStepEndsWhatCouldBeDoneAgain)
     EXPECT_EQ(undoName() + "|" + redoName(), "property col|reordered");
     history.undo();
     EXPECT_EQ(history.state(), start);
-    EXPECT_EQ(told, 4);
     history.undo();
     EXPECT_EQ(told, 4);
     layer(0).setVisible(false);
@@ -325,7 +284,6 @@ TEST_F(UndoHistoryTest, SelectionComesBackWithTheStep)
     endTurn();
     delegate.remove();
     endTurn();
-    EXPECT_EQ(layers(), "A");
     list.setSelectionIndexes({});
     endTurn();
     history.undo();
