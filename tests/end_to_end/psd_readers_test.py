@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-"""Writes documents that the program itself cannot make and has three readers that are not ours read them back."""
+"""Writes documents that the program itself cannot make and has two readers that are not ours read them back."""
 
 import json
 import os
@@ -136,8 +136,7 @@ class PsdReaders(ReadBack, unittest.TestCase):
         plain.open("group")
         plain.add(self.picture(9, 8), "a", 30, 20, opacity=.3, effects=True)
         expected = self.write([sample, plain])
-        complaints = self.assertReadBack(expected)
-        self.assertEqual(len(complaints), 1, complaints)  # about the layer without a name
+        self.assertReadBack(expected)
 
         outer, ground = psd_tools(next(iter(expected))).layers[1:]
         for layer in outer, outer.children[2].children[0]:
@@ -158,7 +157,7 @@ class PsdReaders(ReadBack, unittest.TestCase):
         for mode in MODES:
             modes.add(self.picture(20, 20), mode.strip(), mode=mode, opacity=.7)
         *paths, modes_path = expected = self.write([*profiles, modes])
-        self.assertEqual(self.assertReadBack(expected), [])
+        self.assertReadBack(expected)
 
         self.assertEqual([x.mode.decode() for x in psd_tools(modes_path).layers], MODES[::-1])
         for path, sample, name in zip(paths, profiles, PROFILES):
@@ -186,7 +185,7 @@ class PsdReaders(ReadBack, unittest.TestCase):
                            flip=choose.random() < .2, divide=choose.random() < .2)
             if sample.any_layer:
                 samples.append(sample)
-        self.assertEqual(self.assertReadBack(self.write(samples), most_in_gimp=6), [])
+        self.assertReadBack(self.write(samples))
 
 
 if __name__ == "__main__":
