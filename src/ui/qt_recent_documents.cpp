@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "ui/qt_recent_documents.h"
 
+#include <QFile>
+
 namespace wallgrid {
 
 namespace {
@@ -16,6 +18,10 @@ QtRecentDocuments::QtRecentDocuments(const QString& settingsFile)
 
 void QtRecentDocuments::noteNewRecentDocument(const UrlRef& location)
 {
+    // The controller does not look at the result of a write before it names the file.
+    const auto path = location->filePath();
+    if (!path || !QFile::exists(QFile::decodeName(path->c_str())))
+        return;
     QStringList list = locations();
     const QString text = QString::fromStdString(location->absoluteString());
     list.removeAll(text);

@@ -18,6 +18,7 @@ public:
 
     explicit QtRecentDocuments(const QString& settingsFile);
 
+    /// A location without a file is not noted: its saving has failed.
     void noteNewRecentDocument(const UrlRef& location) override;
     /// URL strings, newest first.
     QStringList locations() const;

@@ -395,15 +395,18 @@ private slots:
     {
         const QTemporaryDir folder;
         const QString file = folder.filePath("state/recent.ini");
+        const auto url = [&](int i) { return Url::fromFilePath(folder.filePath(QString::number(i)).toStdString()); };
         {
             QtRecentDocuments recent(file);
-            for (int i = 0; i < 12; ++i)
-                recent.noteNewRecentDocument(std::make_shared<const Url>(Url::fromFilePath("/" + std::to_string(i))));
-            recent.noteNewRecentDocument(std::make_shared<const Url>(Url::fromFilePath("/5")));
+            for (const int i : {0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 5}) {
+                QVERIFY(QFile(folder.filePath(QString::number(i))).open(QFile::WriteOnly));
+                recent.noteNewRecentDocument(std::make_shared<const Url>(url(i)));
+            }
+            recent.noteNewRecentDocument(std::make_shared<const Url>(url(12))); // its saving has failed
         }
         QStringList expected;
         for (const int i : {5, 11, 10, 9, 8, 7, 6, 4, 3, 2})
-            expected.append("file:///" + QString::number(i));
+            expected.append(QString::fromStdString(url(i).absoluteString()));
         QCOMPARE(QtRecentDocuments(file).locations(), expected);
     }
 
