@@ -129,6 +129,8 @@ public:
     void savePresets();
     /// Puts the items of a preset file in the place of the preset list. A file that is none changes nothing.
     void openPresets();
+    /// Puts these items in the place of the preset list.
+    void loadPresets(const ItemArray& presets);
     /// Removes the selected presets; an alert refuses it while there are fewer than two.
     void removePreset();
 

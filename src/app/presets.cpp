@@ -25,9 +25,14 @@ void GXAppDelegate::openPresets()
         m_desktop.files.report(*location, presets.error());
         return;
     }
+    loadPresets(*presets);
+}
+
+void GXAppDelegate::loadPresets(const ItemArray& presets)
+{
     const ItemArray old = m_presetarraycontroller.arrangedObjects();
     m_presetarraycontroller.removeObjects(old);
-    m_presetarraycontroller.addObjects(*presets);
+    m_presetarraycontroller.addObjects(presets);
     m_presetarraycontroller.setSelectionIndex(0);
 }
 

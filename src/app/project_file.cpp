@@ -59,11 +59,11 @@ Expected<Project> readProject(Bytes bytes, const Report& report)
     return project;
 }
 
-Bytes writeProject(const Project& project)
+Bytes writeProject(const Project& project, const NamedValues& beside)
 {
     ArchiveArray items(project.items.begin(), project.items.end());
     return KeyedArchiver::archivedDataWithRootObject(
-        ArchiveArray{std::int64_t{project.outputHeight}, std::int64_t{project.outputWidth}, std::move(items)});
+        ArchiveArray{std::int64_t{project.outputHeight}, std::int64_t{project.outputWidth}, std::move(items)}, beside);
 }
 
 } // namespace wallgrid

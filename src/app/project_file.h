@@ -4,6 +4,7 @@
 #include "items/gx_item.h"
 #include "platform/error.h"
 #include "platform/file.h"
+#include "platform/keyed_coding.h"
 #include "platform/progress.h"
 
 #include <cstdint>
@@ -22,6 +23,7 @@ struct Project {
 /// has another shape, or an item cannot be read.
 Expected<Project> readProject(Bytes bytes, const Report& report = {});
 
-Bytes writeProject(const Project& project);
+/// The file may name more objects, which whoever opens it as a project never sees.
+Bytes writeProject(const Project& project, const NamedValues& beside = {});
 
 } // namespace wallgrid

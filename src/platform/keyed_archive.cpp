@@ -9,9 +9,11 @@ namespace wallgrid {
 
 using Kind = PlistObject::Kind;
 
-KeyedArchive::KeyedArchive(std::shared_ptr<const PropertyList> list, const PlistObject& objects)
+KeyedArchive::KeyedArchive(std::shared_ptr<const PropertyList> list, const PlistObject& objects,
+                           const PlistObject& names)
     : m_list(std::move(list))
     , m_objects(objects)
+    , m_names(names)
 {
 }
 
@@ -42,7 +44,7 @@ Expected<std::shared_ptr<const KeyedArchive>> KeyedArchive::open(std::vector<std
     if (!root)
         return failure("the archive has no root object");
 
-    std::shared_ptr<KeyedArchive> archive(new KeyedArchive(std::move(*list), *objects));
+    std::shared_ptr<KeyedArchive> archive(new KeyedArchive(std::move(*list), *objects, *roots));
     const auto uid = archive->uidOf(*root);
     if (!uid)
         return failure("the root of the archive is no object of it");

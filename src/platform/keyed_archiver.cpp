@@ -14,22 +14,23 @@ KeyedArchiver::KeyedArchiver()
     m_objects.push_back(m_writer.string("$null"));
 }
 
-std::vector<std::uint8_t> KeyedArchiver::archivedDataWithRootObject(const ArchiveValue& root)
+std::vector<std::uint8_t> KeyedArchiver::archivedDataWithRootObject(const ArchiveValue& root, const NamedValues& beside)
 {
     KeyedArchiver archiver;
-    const Uid uid = archiver.add(root);
-    return archiver.finish(uid);
+    Record names;
+    archiver.set(names, "root", archiver.m_writer.uid(archiver.add(root)));
+    for (const auto& [name, value] : beside)
+        archiver.set(names, name, archiver.m_writer.uid(archiver.add(value)));
+    return archiver.finish(std::move(names));
 }
 
-std::vector<std::uint8_t> KeyedArchiver::finish(Uid root)
+std::vector<std::uint8_t> KeyedArchiver::finish(Record names)
 {
     Record top;
-    Record roots;
-    set(roots, "root", m_writer.uid(root));
     set(top, "$version", m_writer.integer(100000));
     set(top, "$objects", m_writer.array(m_objects));
     set(top, "$archiver", m_writer.string("NSKeyedArchiver"));
-    set(top, "$top", m_writer.dictionary(std::move(roots.keys), roots.values));
+    set(top, "$top", m_writer.dictionary(std::move(names.keys), names.values));
     return m_writer.write(m_writer.dictionary(std::move(top.keys), top.values));
 }
 

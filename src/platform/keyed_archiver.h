@@ -15,7 +15,8 @@ namespace wallgrid {
 class KeyedArchiver {
 public:
     /// The same values give the same bytes.
-    static std::vector<std::uint8_t> archivedDataWithRootObject(const ArchiveValue& root);
+    static std::vector<std::uint8_t> archivedDataWithRootObject(const ArchiveValue& root,
+                                                                const NamedValues& beside = {});
 
     // For encodeWithCoder() of the object being written. Keys are ASCII, differ, and do not start with '$'.
     void encodeInt(std::int32_t value, std::string_view key);
@@ -51,7 +52,7 @@ private:
     void set(Record& record, std::string_view key, Ref value);
     /// Puts a finished record in its entry; `classes` from its class up to NSObject.
     void finish(Uid uid, Record& record, std::initializer_list<std::string_view> classes);
-    std::vector<std::uint8_t> finish(Uid root);
+    std::vector<std::uint8_t> finish(Record names);
 
     PropertyListWriter m_writer;
     std::vector<Ref> m_objects;

@@ -40,4 +40,7 @@ struct ArchiveValue
     }
 };
 
+/// Objects that an archive names beside its root, under other names than "root".
+using NamedValues = std::vector<std::pair<std::string_view, ArchiveValue>>;
+
 } // namespace wallgrid

@@ -48,6 +48,17 @@ Expected<std::vector<ArchivedObject>> ArchivedObject::elements() const
     return elements;
 }
 
+std::optional<ArchivedObject> ArchivedObject::named(std::string_view name) const
+{
+    const auto uid = m_reader->reference(m_reader->archive()->names(), name);
+    return uid && *uid != 0 ? std::optional(ArchivedObject(m_reader, *uid)) : std::nullopt;
+}
+
+ColorRef ArchivedObject::namedColor(std::string_view name) const
+{
+    return m_reader->color(m_reader->archive()->names(), name).value_or(nullptr);
+}
+
 Expected<std::int32_t> ArchivedObject::intValue() const
 {
     const PlistObject entry = m_reader->archive()->entry(m_uid);

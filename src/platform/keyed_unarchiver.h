@@ -1,11 +1,13 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "platform/color.h"
 #include "platform/error.h"
 
 #include <cstdint>
 #include <initializer_list>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -31,6 +33,10 @@ public:
 
     /// The elements of an array, one level. Fails on anything else, and on an array with nil in it.
     Expected<std::vector<ArchivedObject>> elements() const;
+    /// What else the archive of this object names beside its root; nothing when it names no such object.
+    std::optional<ArchivedObject> named(std::string_view name) const;
+    /// The same of a colour; empty also when it cannot be read.
+    ColorRef namedColor(std::string_view name) const;
     /// A number of any width, cut to its low 32 bits; a real is cut to its whole part and held within 32 bits. Fails
     /// on what is not a number.
     Expected<std::int32_t> intValue() const;
@@ -44,7 +50,7 @@ private:
     std::uint32_t m_uid;
 };
 
-/// Opens keyed archives (NSKeyedArchiver, binary property list) of one root object.
+/// Opens keyed archives (NSKeyedArchiver, binary property list) that have a root object.
 class KeyedUnarchiver {
 public:
     /// Checks the container as a whole; the objects in it are checked when they are read.

@@ -42,6 +42,8 @@ Application::Application(RunLoop& runLoop, Panels& panels, QtRecentDocuments& re
 Application::~Application()
 {
     m_runLoop.watch(nullptr);
+    if (m_recovery)
+        m_recovery->end();
 }
 
 void Application::launch()

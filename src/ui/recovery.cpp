@@ -1,24 +1,57 @@
 // SPDX-License-Identifier: MIT
 #include "ui/recovery.h"
 
-#include "app/project_file.h"
+#include "app/recovery_file.h"
 #include "platform/file.h"
 
 #include <QFile>
 #include <QFileInfo>
+#include <QScopedValueRollback>
 #include <algorithm>
+#include <new>
 #include <utility>
 
 namespace wallgrid {
 
 namespace {
 
+using States = std::vector<std::weak_ptr<const DocumentState>>;
+
+bool same(const DocumentState::Entries& a, const DocumentState::Entries& b)
+{
+    return std::equal(a.begin(), a.end(), b.begin(), b.end(), [](const auto& one, const auto& other) {
+        return one.item == other.item && one.values == other.values;
+    });
+}
+
 bool sameProject(const DocumentState& a, const DocumentState& b)
 {
-    return a.outputWidth == b.outputWidth && a.outputHeight == b.outputHeight &&
-           std::equal(
-               a.layers.begin(), a.layers.end(), b.layers.begin(), b.layers.end(),
-               [](const auto& one, const auto& other) { return one.item == other.item && one.values == other.values; });
+    return a.outputWidth == b.outputWidth && a.outputHeight == b.outputHeight && same(a.layers, b.layers);
+}
+
+bool samePresets(const DocumentState& a, const DocumentState& b)
+{
+    return same(a.presets, b.presets);
+}
+
+bool sameColors(const DocumentState& a, const DocumentState& b)
+{
+    return a.bgColor == b.bgColor && a.edgeColor == b.edgeColor;
+}
+
+template <class Matches>
+bool anyOf(const States& states, const Matches& matches)
+{
+    return std::any_of(states.begin(), states.end(), [&](const auto& entry) {
+        const DocumentStateRef state = entry.lock();
+        return state && matches(*state);
+    });
+}
+
+void add(States& states, const DocumentStateRef& state)
+{
+    std::erase_if(states, [](const auto& entry) { return entry.expired(); });
+    states.push_back(state);
 }
 
 std::string encoded(const QString& path)
@@ -45,13 +78,30 @@ Recovery::Recovery(GXAppDelegate& delegate, UndoHistory& history, RunLoop& runLo
         report(encoded(folder) + ": no copy for recovery can be kept here");
 }
 
-Recovery::~Recovery()
+void Recovery::end()
 {
-    finish();
-    if (m_copy)
-        m_copy->remove();
+    try {
+        leaveChanges();
+    } catch (const std::bad_alloc&) {
+        m_log.log("There was not enough memory for the last changes."); // those before are in the copy
+    }
+    m_copy.reset();
     if (!m_abandoned.empty())
         m_abandoned.front()->setAside(); // no answer is one, too
+}
+
+void Recovery::leaveChanges()
+{
+    m_history.commit();
+    finish();
+    if (!m_copy)
+        return;
+    if (isKept())
+        return m_copy->remove();
+    // Whatever the copy holds: the last writing may have failed.
+    const std::string path = encoded(m_copy->file());
+    if (const auto written = writeFileAtomically(path, writeRecoveryFile(m_delegate)); !written)
+        m_log.log(path + ": " + written.error().message);
 }
 
 std::optional<QDateTime> Recovery::offer() const
@@ -65,15 +115,15 @@ void Recovery::restore()
 {
     const RecoveryCopy& offered = *m_abandoned.front();
     const std::string path = encoded(offered.file());
-    auto bytes = readFile(path);
-    const auto project = bytes ? readProject(std::move(*bytes)) : tl::unexpected(bytes.error());
-    if (!project)
-        return m_log.log(path + ": " + project.error().message);
     m_history.commit();
-    m_restoring = true;
-    m_delegate.loadProject(*project);
-    m_history.commit();
-    m_restoring = false;
+    {
+        const QScopedValueRollback<bool> restoring(m_restoring, true);
+        auto bytes = readFile(path);
+        const auto loaded = bytes ? loadRecoveryFile(m_delegate, std::move(*bytes)) : tl::unexpected(bytes.error());
+        if (!loaded)
+            return m_log.log(path + ": " + loaded.error().message);
+        m_history.commit();
+    }
     m_restored = m_history.state();
     // At no moment is there neither the old copy nor a new one.
     finish();
@@ -103,23 +153,27 @@ void Recovery::noteFile(const std::string& path)
 
 bool Recovery::isClean() const
 {
-    return std::any_of(m_saved.begin(), m_saved.end(), [&](const auto& entry) {
-        const DocumentStateRef saved = entry.lock();
-        return saved && sameProject(*saved, *m_history.state());
+    return anyOf(m_saved, [now = m_history.state()](const auto& saved) { return sameProject(saved, *now); });
+}
+
+bool Recovery::isKept() const
+{
+    const DocumentState& now = *m_history.state();
+    const bool hasPresetsOfAFile = anyOf(m_presets, [&](const auto& opened) { return samePresets(opened, now); });
+    return anyOf(m_saved, [&](const auto& saved) {
+        return sameProject(saved, now) && sameColors(saved, now) && (hasPresetsOfAFile || samePresets(saved, now));
     });
 }
 
 void Recovery::documentChanged()
 {
+    const DocumentChange* last = m_history.undoable();
+    const bool opened = last && last->what == DocumentChange::What::Replaced;
+    if (opened && !m_restoring && m_history.state() != m_restored.lock())
+        add(last->presets ? m_presets : m_saved, m_history.state());
     if (!m_copy)
         return;
-    const DocumentChange* last = m_history.undoable();
-    const bool opened = last && last->what == DocumentChange::What::Replaced && !last->presets;
-    if (opened && !m_restoring && m_history.state() != m_restored.lock()) {
-        std::erase_if(m_saved, [](const auto& saved) { return saved.expired(); });
-        m_saved.push_back(m_history.state());
-    }
-    if (!isClean())
+    if (!isKept())
         scheduleWriting();
     else if (std::exchange(m_written, nullptr))
         m_writer.start([path = m_copy->file()] { QFile::remove(path); });
@@ -140,10 +194,12 @@ void Recovery::scheduleWriting()
 
 void Recovery::write()
 {
-    if (isClean() || (m_written && sameProject(*m_written, *m_history.state())))
+    const DocumentState& now = *m_history.state();
+    if (!m_copy || isKept() ||
+        (m_written && sameProject(*m_written, now) && sameColors(*m_written, now) && samePresets(*m_written, now)))
         return;
     // Making the bytes takes little; the disk may take long.
-    m_writer.start([this, path = encoded(m_copy->file()), bytes = writeProject(m_delegate.project())] {
+    m_writer.start([this, path = encoded(m_copy->file()), bytes = writeRecoveryFile(m_delegate)] {
         const auto written = writeFileAtomically(path, bytes);
         if (!written)
             QMetaObject::invokeMethod(this, [this, line = path + ": " + written.error().message] { report(line); });

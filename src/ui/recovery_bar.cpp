@@ -39,7 +39,7 @@ void RecoveryBar::refresh()
     const auto offer = m_recovery.offer();
     setVisible(offer.has_value());
     if (offer)
-        m_text->setText(tr("Wallgrid did not end properly. There is a copy of the project from %1.")
+        m_text->setText(tr("The last changes were not saved. There is a copy of the document from %1.")
                             .arg(QLocale().toString(*offer, QLocale::ShortFormat)));
 }
 

@@ -9,7 +9,7 @@ namespace wallgrid {
 
 class Recovery;
 
-/// The line above the window's content that offers to restore a project after the program has not ended properly. It
+/// The line above the window's content that offers to restore changes that the last run has left unsaved. It
 /// goes away when every copy has been restored or discarded.
 class RecoveryBar final : public QToolBar {
     Q_OBJECT

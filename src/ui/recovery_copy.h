@@ -16,7 +16,7 @@ public:
 
     /// A new place without a file. Null when there can be none, say on a disk that is read-only.
     static std::unique_ptr<RecoveryCopy> create(const QString& folder);
-    /// The copies of runs that were not ended properly, the newest first. While they live, nobody else gets them. What
+    /// The copies of runs that have ended, the newest first. While they live, nobody else gets them. What
     /// was set aside too long ago is removed.
     static std::vector<std::unique_ptr<RecoveryCopy>> abandoned(const QString& folder);
 

@@ -172,20 +172,62 @@ private slots:
         QCOMPARE(aside.size(), 25);
     }
 
-    void aProgramThatQuitsLeavesNothingButItsWindowsPlace()
+    void aProgramThatQuitsLeavesUnsavedChangesAndItsWindowsPlace()
     {
         const QTemporaryDir state;
+        const QString folder = state.filePath("wallgrid/recovery");
         Run run(state.path());
         QVERIFY(run.ready());
         run.write("\n");
         QVERIFY(run.waitForFinished());
         QCOMPARE(run.exitCode(), 0);
-        QVERIFY(QDir(state.filePath("wallgrid/recovery")).isEmpty());
+        {
+            Program next(folder);
+            next.click("Restore");
+            QCOMPARE(next.item().col(), 7);
+            next.item().setCol(8); // so late that no copy holds it
+        }
+        {
+            Program next(folder);
+            QVERIFY(next.bar()->isVisible());
+            next.click("Restore");
+            QCOMPARE(next.item().col(), 8);
+            next.panels.answer = next.location("stage.mpr");
+            next.delegate().saveProject();
+        }
+        QVERIFY(QDir(folder).isEmpty());
 
         QSettings memory(state.filePath("wallgrid/window.ini"), QSettings::IniFormat);
         QWidget window;
         QVERIFY(window.restoreGeometry(memory.value("geometry").toByteArray()));
         QCOMPARE(window.size(), QSize(900, 700));
+    }
+
+    void aCopyKeepsTheColoursAndPresetsThatNoProjectHolds()
+    {
+        const QTemporaryDir state;
+        const QString folder = state.filePath("recovery");
+        {
+            Program program(folder);
+            program.delegate().setBgColor(Color::deviceRGB(1, 0, 0, 0.5));
+            program.delegate().setEdgeColor(Color::greenColor());
+            program.delegate().presetarraycontroller().removeObjectsAtArrangedObjectIndexes({0, 2});
+            QCOMPARE(program.copies(folder), 1);
+            QVERIFY(readProject(*readFile(copiesIn(folder).constFirst().toStdString())));
+        }
+        Program next(folder);
+        next.click("Restore");
+        QCOMPARE(next.delegate().bgColor()->rgba(), (Color::RGBA{1, 0, 0, 0.5}));
+        QCOMPARE(next.delegate().edgeColor()->rgba(), Color::greenColor()->rgba());
+        QCOMPARE(next.delegate().presetarraycontroller().arrangedObjects().size(), std::size_t{2});
+        QCOMPARE(next.output(960, 1070), QString("80800000"));
+        next.application.history().undo();
+        QVERIFY(!next.delegate().bgColor());
+        QCOMPARE(next.copies(folder), 0);
+        next.panels.answer = next.location("presets");
+        next.delegate().savePresets();
+        next.delegate().openPresets();
+        QCOMPARE(next.copies(folder), 0); // a file of the user has them
     }
 
     void thereIsACopyWhileTheProjectHoldsChanges()
@@ -219,8 +261,6 @@ private slots:
         program.settle();
         QCOMPARE(program.copies(folder), 0);
         QCOMPARE(program.item().xpoint(), 7);
-        program.delegate().setBgColor(Color::redColor()); // no project holds it
-        QCOMPARE(program.copies(folder), 0);
         QCOMPARE(changed(9), 1);
     }
 
