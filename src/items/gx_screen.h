@@ -54,7 +54,7 @@ private:
 
     Look look() const;
     BitmapRef drawn() const;
-    void drawPanels(GraphicsContext& context) const;
+    void drawPanels(GraphicsContext& context, std::int64_t columns, std::int64_t rows) const;
     void drawTexts(GraphicsContext& context) const;
     void drawCircle(GraphicsContext& context) const;
 

@@ -15,7 +15,8 @@ std::int32_t wrappedProduct(std::int32_t a, std::int32_t b)
     return static_cast<std::int32_t>(static_cast<std::uint32_t>(a) * static_cast<std::uint32_t>(b));
 }
 
-/// How many of `count` panels begin inside `length` pixels; fewer than `count` only when the product wrapped.
+/// How many of `count` panels begin inside `length` pixels; fewer than `count` only when the product wrapped. Unless
+/// there are none, they cover the length.
 std::int64_t panelsWithin(std::int64_t length, std::int64_t panel, std::int64_t count)
 {
     return panel <= 0 ? 0 : std::min(count, (length + panel - 1) / panel);
@@ -54,26 +55,23 @@ GXScreen::Look GXScreen::look() const
 /// Empty when there is nothing to draw, or no memory.
 BitmapRef GXScreen::drawn() const
 {
-    // Panels paint every pixel, unless their number and their size are both negative.
-    const bool painted = m_row > 0 && m_col > 0;
+    const std::int64_t columns = panelsWithin(m_screenSizeWidth, m_panelWidth, m_col);
+    const std::int64_t rows = panelsWithin(m_screenSizeHeight, m_panelHeight, m_row);
+    const bool hasPanels = columns > 0 && rows > 0; // and they paint every pixel
     BitmapRef bitmap = Bitmap::create(m_screenSizeWidth, m_screenSizeHeight,
-                                      painted ? Bitmap::Contents::Undefined : Bitmap::Contents::Cleared);
+                                      hasPanels ? Bitmap::Contents::Undefined : Bitmap::Contents::Cleared);
     if (bitmap) {
         GraphicsContext context(bitmap);
-        drawPanels(context);
+        if (hasPanels)
+            drawPanels(context, columns, rows);
         drawTexts(context);
         drawCircle(context);
     }
     return bitmap;
 }
 
-void GXScreen::drawPanels(GraphicsContext& context) const
+void GXScreen::drawPanels(GraphicsContext& context, std::int64_t columns, std::int64_t rows) const
 {
-    const std::int64_t columns = panelsWithin(m_screenSizeWidth, m_panelWidth, m_col);
-    const std::int64_t rows = panelsWithin(m_screenSizeHeight, m_panelHeight, m_row);
-    if (columns <= 0 || rows <= 0)
-        return;
-
     const PixelRect panel{0, 0, m_panelWidth, m_panelHeight};
     if (m_bgEnable) {
         context.setColor(m_rectColor);

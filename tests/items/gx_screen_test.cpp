@@ -117,6 +117,7 @@ TEST(GXScreen, UnusualSizesCostNothingAndDrawWhatTheyCan)
         {3, -1, 4, 4, 12, -4, nullptr},
         {kMax, kMax, 0, 0, 0, 0, nullptr},
         {-2, -1, -2, -2, 4, 2, test::picture({"....", "...."})},
+        {4, 1, (1 - kMax) / 2, 2, 4, 2, test::picture({"....", "...."})}, // wraps, and no panel has a size
         {2, 1, 2, 2, 4, 2, test::picture({"WWWW", "WWWW"})},
         // The product wraps to one panel.
         {1 << 30 | 1, 1 << 30 | 1, 4, 4, 4, 4, test::picture({"WWWW", "WRRW", "WRRW", "WWWW"})},

@@ -66,6 +66,8 @@ Expected<ImageRef> decodeImage(std::span<const std::uint8_t> bytes)
     const int screenResolution = QImage(1, 1, QImage::Format_RGB32).dotsPerMeterX();
     image.setDotsPerMeterX(kNotRecorded);
     image.setDotsPerMeterY(kNotRecorded);
+    // What a file that is cut off leaves out is transparent, or black.
+    image.fill(0);
     const uchar* const marked = image.constBits();
     if (!reader.read(&image))
         return failure(reader.errorString().toLower().toStdString());
