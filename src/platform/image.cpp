@@ -11,10 +11,11 @@ namespace wallgrid {
 
 namespace {
 
-/// Points as they are drawn: from 0 to a length that no bitmap reaches and that leaves room for sums.
+/// Points as they are drawn: to a length that no bitmap reaches and that leaves room for sums. What is too short for
+/// its quotients is nothing.
 double drawn(double points)
 {
-    return points > 0 ? std::min(points, 0x1p40) : 0;
+    return points > 0x1p-40 ? std::min(points, 0x1p40) : 0;
 }
 
 bool opaque(const Bitmap& bitmap)

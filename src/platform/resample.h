@@ -7,10 +7,10 @@
 namespace wallgrid {
 
 /// A part of a bitmap scaled to `size` pixels: the part that `region` names (origin at the scaled picture's bottom-left
-/// corner; it may not be empty and lies inside the size, a last broken pixel included). Each direction for itself
-/// takes the mean of the area under a pixel where it shrinks, and interpolates linearly between pixel centres where it
-/// enlarges. Neither leaves the range of the samples it mixes, so an opaque picture stays opaque up to its edges and
-/// no colour passes its alpha.
+/// corner; it may not be empty and lies inside the size, a broken last pixel at the right and at the top included).
+/// Each direction for itself takes the mean of the area under a pixel where it shrinks, and interpolates linearly
+/// between pixel centres where it enlarges. Neither leaves the range of the samples it mixes, so an opaque picture
+/// stays opaque up to its edges and no colour passes its alpha.
 ///
 /// `hidden` is how far the picture is moved to the left and up before the region is taken, in pixels.
 ///

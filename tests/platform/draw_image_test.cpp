@@ -134,8 +134,10 @@ TEST(Resample, TakesMeansWhenShrinkingAndInterpolatesWhenEnlarging)
     EXPECT_TRUE(samePicture(scaled(gray(1, 2, {0, 200}), 1, 4), gray(1, 4, {0, 50, 150, 200})));
     EXPECT_TRUE(samePicture(scaled(gray(4, 1, {0, 100, 40, 60}), 2, 2), gray(2, 2, {50, 50, 50, 50})));
     EXPECT_TRUE(samePicture(scaled(gray(1, 1, {77}), 3, 2), gray(3, 2, {77, 77, 77, 77, 77, 77})));
-    // A broken size: two and a half pixels become three, the last one from what is left.
+    // A broken size: two and a half pixels become three, the one at the right or the top from what is left.
     EXPECT_TRUE(samePicture(scaled(gray(5, 1, {10, 20, 30, 40, 90}), 2.5, 1), gray(3, 1, {15, 35, 90})));
+    EXPECT_TRUE(samePicture(scaled(gray(1, 5, {90, 40, 30, 20, 10}), 1, 2.5), gray(1, 3, {90, 35, 15})));
+    EXPECT_TRUE(samePicture(scaled(gray(1, 2, {0, 200}), 1, 1e-300), nullptr)) << "a size that has no pixel";
 }
 
 TEST(Resample, KeepsOpaquePicturesOpaqueAndColoursBelowTheirAlpha)
@@ -151,6 +153,15 @@ TEST(Resample, KeepsOpaquePicturesOpaqueAndColoursBelowTheirAlpha)
                 ASSERT_LE(std::max({p.r, p.g, p.b}), p.a) << size.width << " x " << size.height;
             }
         }
+    }
+}
+
+TEST(Resample, AddsUpMillionsOfPixels)
+{
+    for (const int length : {131'072, 200'000, 1 << 20}) {
+        const std::vector<int> levels(std::size_t(length), 200);
+        EXPECT_TRUE(samePicture(scaled(gray(length, 1, levels), 1, 1), gray(1, 1, {200}))) << length << " columns";
+        EXPECT_TRUE(samePicture(scaled(gray(1, length, levels), 1, 1), gray(1, 1, {200}))) << length << " rows";
     }
 }
 

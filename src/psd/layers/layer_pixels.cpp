@@ -110,11 +110,10 @@ KPPSDLayer::BitmapPart KPPSDLayer::croppedPart() const
     part.x = part.y = 0;
     if (part.width == 0 || part.height == 0)
         return part;
-    // The picture of the broken size is put against the right edge and, for its height, as far above the top edge.
-    const Point hidden{size.width - part.width, 2 * (size.height - part.height)};
-    const auto top = static_cast<std::int64_t>(std::ceil(size.height));
+    // The picture of the broken size is put against the right edge and as far above the lower edge.
+    const Point hidden{size.width - part.width, size.height - part.height};
     if (const BitmapRef image = croppedImage())
-        part.bitmap = resample(*image, size, {0, top - part.height, part.width, part.height}, hidden);
+        part.bitmap = resample(*image, size, {0, 0, part.width, part.height}, hidden);
     return part;
 }
 
