@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "platform/qt/text_line.h"
 
+#include "platform/qt/outline_clip.h"
+
 #include <QCache>
 #include <QFont>
 #include <QFontDatabase>
@@ -17,6 +19,9 @@ namespace {
 
 /// Outlines are taken once at this size and scaled: fonts refuse very large sizes, outlines do not.
 constexpr int kReferenceSize = 1000;
+/// Filling an outline costs what it measures, also where nothing of it shows. A longer one, in pixels, is clipped
+/// first.
+constexpr std::int64_t kLongestWholeOutline = 1 << 16;
 
 QFont makeSystemFont()
 {
@@ -77,12 +82,23 @@ void QtTextLine::rasterize(const PixelRect& area, std::span<std::uint8_t> covera
 {
     // Not a mask of 8 bits: on those Qt hands every short run of pixels to other threads, which takes twice as long.
     QImage ink(static_cast<int>(area.width), static_cast<int>(area.height), QImage::Format_ARGB32_Premultiplied);
+    if (ink.isNull()) { // there is no memory
+        std::ranges::fill(coverage, std::uint8_t{0});
+        return;
+    }
     ink.fill(0);
+    const PixelRect bounds = inkBounds();
+    QTransform onInk;
+    onInk.translate(static_cast<double>(-area.x), static_cast<double>(area.top()) - m_descent);
+    onInk.scale(m_scale, m_scale);
     QPainter painter(&ink);
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.translate(static_cast<double>(-area.x), static_cast<double>(area.top()) - m_descent);
-    painter.scale(m_scale, m_scale);
-    painter.fillPath(m_outline, Qt::white);
+    if (std::max(bounds.width, bounds.height) > kLongestWholeOutline) {
+        painter.fillPath(clippedOutline(onInk.map(m_outline), ink.rect()), Qt::white);
+    } else {
+        painter.setTransform(onInk);
+        painter.fillPath(m_outline, Qt::white);
+    }
     painter.end();
     auto* out = coverage.data();
     for (int y = 0; y < ink.height(); ++y) {

@@ -2,6 +2,7 @@
 #include "platform/qt/text_line.h"
 
 #include <QFontDatabase>
+#include <algorithm>
 #include <gtest/gtest.h>
 #include <numeric>
 #include <vector>
@@ -65,10 +66,24 @@ TEST(TextLine, DrawsAtEverySize)
         const double area = static_cast<double>(ink(rasterized(line, line.inkBounds())));
         EXPECT_NEAR(area / reference, size * size / 1e4, 0.15 * size * size / 1e4) << size;
     }
-    // A piece from the inside of a glyph that is larger than any raster: all ink, all empty, and never a crash.
-    const QtTextLine monster("1", 2147483647);
-    const PixelRect box = monster.inkBounds();
-    EXPECT_GT(box.height, 1'000'000'000);
-    rasterized(monster, {box.x + box.width / 2, box.y + box.height / 2, 64, 64});
-    rasterized(monster, {0, 0, 64, 64});
+}
+
+TEST(TextLine, LooksAlikeInLettersBeyondAnyRaster)
+{
+    const QtTextLine line("6 x 8", 128);
+    const PixelRect box = line.inkBounds();
+    const auto ink = rasterized(line, box);
+    for (const std::int64_t scale : {1 << 10, 1 << 23}) {
+        const QtTextLine monster("6 x 8", 128.0 * static_cast<double>(scale));
+        for (std::int64_t i = box.width; i < (box.height - 1) * box.width; i += 11) {
+            // The baselines lie half a pixel apart at most, so the edges are not compared.
+            const auto at = ink.begin() + i;
+            const auto alike = {at[-1], at[1], at[-box.width], at[box.width]};
+            const PixelPoint point{box.x + i % box.width, box.top() - 1 - i / box.width};
+            if (std::ranges::count(alike, *at) == 4) {
+                ASSERT_EQ(rasterized(monster, {point.x * scale + scale / 2, point.y * scale + scale / 2, 3, 2}),
+                          std::vector<std::uint8_t>(6, *at));
+            }
+        }
+    }
 }
