@@ -1,12 +1,16 @@
 // SPDX-License-Identifier: MIT
 #include "platform/qt/image_decoding.h"
 
+#include "platform/qt/exif_resolution.h"
+
 #include <QBuffer>
 #include <QImage>
 #include <QImageReader>
+#include <QTransform>
 #include <QtEndian>
 #include <cmath>
 #include <cstring>
+#include <utility>
 
 namespace wallgrid {
 
@@ -18,14 +22,14 @@ constexpr double kMetersPerInch = 0.0254;
 
 /// Files record whole dots per metre; a whole number of dots per inch behind such a number is taken exactly, so that
 /// 2835 is 72 and not 72.009.
-double dotsPerInch(int dotsPerMeter)
+double dotsPerInch(double dotsPerMeter)
 {
     const double recorded = dotsPerMeter * kMetersPerInch;
     const double whole = std::round(recorded);
     return std::abs(whole / kMetersPerInch - dotsPerMeter) < 1 ? whole : recorded;
 }
 
-double points(int pixels, int dotsPerMeter)
+double points(int pixels, double dotsPerMeter)
 {
     return pixels * 72.0 / dotsPerInch(dotsPerMeter);
 }
@@ -53,7 +57,6 @@ Expected<ImageRef> decodeImage(std::span<const std::uint8_t> bytes)
     buffer.open(QIODevice::ReadOnly);
     QImageReader::setAllocationLimit(static_cast<int>(kMaximumDecodedBytes >> 20));
     QImageReader reader(&buffer);
-    reader.setAutoTransform(true);
     const QSize declared = reader.size();
     const auto decodedBytes = [](QSize size) { return qint64{4} * size.width() * size.height(); };
     if (declared.isValid() && decodedBytes(declared) > kMaximumDecodedBytes)
@@ -73,18 +76,29 @@ Expected<ImageRef> decodeImage(std::span<const std::uint8_t> bytes)
         return failure(reader.errorString().toLower().toStdString());
     if (decodedBytes(image.size()) > kMaximumDecodedBytes)
         return failure("the image is larger than 1 GiB when decoded");
-    const int dpmX = image.dotsPerMeterX();
-    const int dpmY = image.dotsPerMeterY();
     const bool filledInPlace = marked && image.constBits() == marked;
-    const bool recorded = dpmX > kNotRecorded && dpmY > kNotRecorded && (filledInPlace || dpmX != screenResolution);
+    const auto recorded = [&](Size dots) { return dots.width > kNotRecorded && dots.height > kNotRecorded; };
+    Size dots{static_cast<double>(image.dotsPerMeterX()), static_cast<double>(image.dotsPerMeterY())};
+    if (!recorded(dots) || (!filledInPlace && image.dotsPerMeterX() == screenResolution))
+        dots = exifResolution(bytes).value_or(Size{}); // which Qt does not read
 
     image.convertTo(QImage::Format_ARGB32_Premultiplied);
+    // Turned here: the reader would lose the mark and leave the resolution as it was.
+    const QImageIOHandler::Transformations turn = reader.transformation();
+    if (turn)
+        image =
+            image.mirrored(turn & QImageIOHandler::TransformationMirror, turn & QImageIOHandler::TransformationFlip);
+    if (turn & QImageIOHandler::TransformationRotate90) {
+        image = image.transformed(QTransform().rotate(90));
+        std::swap(dots.width, dots.height);
+    }
     const BitmapRef bitmap = toBitmap(image);
     if (!bitmap)
         return failure("there is not enough memory for the image");
-    auto result = std::make_shared<Image>(
-        recorded ? Size{points(image.width(), dpmX), points(image.height(), dpmY)}
-                 : Size{static_cast<double>(image.width()), static_cast<double>(image.height())});
+    Size size{static_cast<double>(image.width()), static_cast<double>(image.height())};
+    if (recorded(dots))
+        size = {points(image.width(), dots.width), points(image.height(), dots.height)};
+    auto result = std::make_shared<Image>(size);
     result->addRepresentation(bitmap);
     return result;
 }

@@ -1,12 +1,15 @@
 // SPDX-License-Identifier: MIT
+#include "platform/qt/exif_resolution.h"
 #include "platform/qt/image_decoding.h"
 
 #include <QBuffer>
+#include <QDataStream>
 #include <QImage>
 #include <QImageWriter>
 #include <QtEndian>
 #include <gtest/gtest.h>
 #include <string>
+#include <vector>
 
 using namespace wallgrid;
 
@@ -44,6 +47,21 @@ QByteArray withoutChunk(QByteArray png, const char* name)
     const qsizetype at = chunk(png, name) - 4;
     const auto length = qFromBigEndian<quint32>(png.constData() + at);
     return png.remove(at, static_cast<qsizetype>(length) + 12);
+}
+
+/// The start of a JPEG file with an Exif segment.
+QByteArray exifSegment(QDataStream::ByteOrder order, quint32 x, quint32 y, quint32 divisor, quint16 unit, quint16 turn)
+{
+    QByteArray tiff;
+    QDataStream out(&tiff, QIODevice::WriteOnly);
+    out.setByteOrder(order);
+    out.writeRawData(order == QDataStream::BigEndian ? "MM" : "II", 2);
+    out << quint16{42} << quint32{8} << quint16{4};
+    out << quint16{274} << quint16{3} << quint32{1} << turn << quint16{0};
+    out << quint16{282} << quint16{5} << quint32{1} << quint32{62} << quint16{283} << quint16{5} << quint32{1}
+        << quint32{70};
+    out << quint16{296} << quint16{3} << quint32{1} << unit << quint16{0} << quint32{0} << x << divisor << y << divisor;
+    return QByteArray::fromHex("FFD8FFE100") + char(8 + tiff.size()) + QByteArray("Exif\0\0", 6) + tiff;
 }
 
 } // namespace
@@ -105,6 +123,37 @@ TEST(ImageDecoding, SizeInPointsFollowsTheRecordedResolution)
         EXPECT_NEAR(size.width, c.size.width, 1e-9) << c.dotsPerMeter;
         EXPECT_NEAR(size.height, c.size.height, 1e-9) << c.dotsPerMeter;
         EXPECT_EQ(decode(withoutChunk(png, "pHYs")).value()->size(), (Size{801, 603}));
+    }
+}
+
+TEST(ImageDecoding, SizeInPointsFollowsTheResolutionInExif)
+{
+    QImage image(600, 300, QImage::Format_RGB32);
+    image.fill(Qt::red);
+    const QByteArray jpeg = encoded(image, "jpg");
+    const auto sizeWith = [&](const QByteArray& start) { return decode(start + jpeg.mid(20)).value()->size(); };
+    for (const auto order : {QDataStream::BigEndian, QDataStream::LittleEndian}) {
+        EXPECT_EQ(sizeWith(exifSegment(order, 300, 96, 1, 2, 1)), (Size{144, 225}));
+        EXPECT_EQ(sizeWith(exifSegment(order, 5669, 5669, 100, 3, 1)), (Size{300, 150})) << "in dots per centimetre";
+        EXPECT_EQ(sizeWith(exifSegment(order, 144, 72, 1, 2, 6)), (Size{300, 300})) << "of a turned picture";
+        EXPECT_EQ(sizeWith(exifSegment(order, 300, 300, 1, 1, 1)), (Size{600, 300})) << "without a unit";
+        EXPECT_EQ(sizeWith(exifSegment(order, 300, 300, 0, 2, 1)), (Size{600, 300})) << "that is no number";
+    }
+    const QByteArray whole = exifSegment(QDataStream::BigEndian, 300, 96, 1, 2, 1);
+    QByteArray jfif = jpeg.left(20);
+    jfif.replace(13, 5, QByteArray::fromHex("01006000C0")); // 96 and 192 dots per inch
+    EXPECT_EQ(sizeWith(jfif + whole.mid(2)), (Size{450, 112.5})) << "JFIF comes first";
+    EXPECT_EQ(sizeWith(jfif + exifSegment(QDataStream::BigEndian, 9, 9, 1, 2, 6).mid(2)), (Size{112.5, 450}));
+    jfif.replace(16, 2, QByteArray::fromHex("0060")); // both are what Qt gives an image without a resolution
+    EXPECT_EQ(sizeWith(jfif + exifSegment(QDataStream::BigEndian, 9, 9, 1, 2, 6).mid(2)), (Size{225, 450}));
+    for (int i = 0; i < whole.size(); ++i) {
+        const std::vector<std::uint8_t> cut(whole.begin(), whole.begin() + i); // so that reads behind its end are found
+        EXPECT_FALSE(exifResolution(cut)) << i;
+        for (const int wrong : {0, 1, 255}) {
+            std::vector<std::uint8_t> changed(whole.begin(), whole.end());
+            changed[std::size_t(i)] = std::uint8_t(wrong);
+            exifResolution(changed);
+        }
     }
 }
 
