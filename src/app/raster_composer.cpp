@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "app/raster_composer.h"
 
+#include "platform/bitmap_memory.h"
 #include "platform/graphics_context.h"
 
 #include <algorithm>
@@ -63,8 +64,9 @@ bool hides(const RasterScene::Picture& picture, const PixelRect& part)
     return intersection(shown, part) == part && image->isOpaque();
 }
 
-/// The pictures are those that reach into the tile, the lowest first.
-void composeTile(const BitmapRef& raster, const RasterScene& scene, const PixelRect& tile, const Pictures& pictures)
+/// The pictures are those that reach into the tile, the lowest first. Adds those that there is no memory to scale.
+void composeTile(const BitmapRef& raster, const RasterScene& scene, const PixelRect& tile, const Pictures& pictures,
+                 Pictures& refused)
 {
     // Pictures never change the raster's alpha, so over an opaque ground "atop" stays "over", which need not read it.
     const bool opaqueGround = isOpaque(scene.ground) && isOpaque(scene.edge);
@@ -84,11 +86,14 @@ void composeTile(const BitmapRef& raster, const RasterScene& scene, const PixelR
     }
     for (auto picture = hidden ? hiding.base() - 1 : pictures.begin(); picture != pictures.end(); ++picture) {
         const auto& [image, frame] = **picture;
+        const std::size_t refusedBefore = BitmapMemory::refused();
         context.drawImage(*image, {frame.x, frame.y}, {0, 0, frame.width, frame.height}, operation);
+        if (BitmapMemory::refused() != refusedBefore)
+            refused.push_back(*picture);
     }
 }
 
-void composePart(const BitmapRef& raster, const RasterScene& scene, const PixelRect& part)
+void composePart(const BitmapRef& raster, const RasterScene& scene, const PixelRect& part, Pictures& refused)
 {
     Pictures all;
     for (const RasterScene::Picture& picture : scene.pictures)
@@ -99,7 +104,7 @@ void composePart(const BitmapRef& raster, const RasterScene& scene, const PixelR
         const Pictures pictures = picturesOn(band, all);
         for (std::int64_t x = part.x; x < part.right(); x += kTileWidth) {
             const PixelRect tile = intersection(band, {x, y, kTileWidth, kTileHeight});
-            composeTile(raster, scene, tile, picturesOn(tile, pictures));
+            composeTile(raster, scene, tile, picturesOn(tile, pictures), refused);
         }
     }
 }
@@ -134,8 +139,12 @@ BitmapRef RasterComposer::compose(const RasterScene& scene)
     }
     if (!raster)
         return nullptr;
+    Pictures refused;
     for (const PixelRect& part : parts)
-        composePart(raster, scene, part);
+        composePart(raster, scene, part, refused);
+    // Composed again the next time, when there may be memory.
+    for (const RasterScene::Picture* picture : refused)
+        pictures[static_cast<std::size_t>(picture - scene.pictures.data())].bitmap.reset();
     m_ground = ground;
     m_composed = std::move(pictures);
     m_raster = raster;

@@ -39,7 +39,8 @@ private:
         Pixel edge;
         bool operator==(const Ground&) const = default;
     };
-    /// What is remembered of a picture: a bitmap that is the same one, scaled to the same size, shows the same.
+    /// What is remembered of a picture: a bitmap that is the same one, scaled to the same size, shows the same. There
+    /// is none of a picture that memory was refused for.
     struct Composed {
         std::weak_ptr<const Bitmap> bitmap;
         Size size;

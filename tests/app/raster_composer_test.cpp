@@ -2,6 +2,7 @@
 #include "app/raster_composer.h"
 
 #include "picture.h"
+#include "platform/bitmap_memory.h"
 #include "platform/graphics_context.h"
 
 using namespace wallgrid;
@@ -109,4 +110,18 @@ TEST(RasterComposer, RasterThatIsHeldKeepsItsPixels)
     EXPECT_TRUE(samePicture(first, test::picture({"RRRR", "RRRR", "RRRR"})));
     EXPECT_TRUE(samePicture(second, test::picture({"GGGG", "GGGG", "GGGG"})));
     EXPECT_EQ(composer.compose({0, 3, nullptr, nullptr, {}}), nullptr);
+}
+
+TEST(RasterComposer, PictureRefusedForMemoryComesBackWithIt)
+{
+    const auto still = std::make_shared<Image>(Size{600, 40}); // scaled, so that it takes memory
+    still->addRepresentation(test::randomPicture(300, 80, 1));
+    const RasterScene scene{700, 90, nullptr, nullptr, {{still, {20, 20, 600, 40}}}};
+    RasterComposer composer;
+    composer.compose({700, 90, nullptr, nullptr, {}});
+    const std::size_t most = BitmapMemory::maximumTotal();
+    BitmapMemory::setMaximumTotal(BitmapMemory::alive());
+    EXPECT_EQ(composer.compose(scene)->at(300, 50), (Pixel{255, 0, 0, 0}));
+    BitmapMemory::setMaximumTotal(most);
+    EXPECT_TRUE(samePicture(composer.compose(scene), drawn(scene)));
 }
