@@ -1,10 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "platform/graphics_context.h"
-#include "platform/pixel_runs.h"
 #include "psd/kp_psd_writer.h"
 
 #include <algorithm>
-#include <cmath>
 
 namespace wallgrid {
 
@@ -18,36 +15,21 @@ std::uint8_t alphaOf(const KPPSDLayer& layer)
     return layer.opacity() > 0 ? layer.opacity255() : 0;
 }
 
-/// Empty when the size is none that a PSD can have.
-BitmapRef makeCanvas(Size size)
+/// No image when the size is none that a PSD can have.
+MergedImage canvas(Size size, Pixel ground)
 {
     const auto usable = [](double side) { return side >= 1 && side <= KPPSDLayer::kLongestSide; };
     if (!usable(size.width) || !usable(size.height))
-        return nullptr;
-    return Bitmap::create(static_cast<std::int64_t>(size.width), static_cast<std::int64_t>(size.height));
-}
-
-BitmapRef copyOf(const Bitmap& bitmap)
-{
-    const BitmapRef copy = Bitmap::create(bitmap.width(), bitmap.height(), Bitmap::Contents::Undefined);
-    for (int y = 0; copy && y < bitmap.height(); ++y)
-        copyPixels(copy->row(y).data(), bitmap.row(y).data(), static_cast<std::size_t>(bitmap.width()));
-    return copy;
+        return {};
+    return {static_cast<int>(size.width), static_cast<int>(size.height), ground};
 }
 
 } // namespace
 
 void KPPSDWriter::resetFlattenedContext()
 {
-    m_flattenedContext = nullptr; // first, so that its memory can be used again
-    m_flattenedContext = makeCanvas(m_documentSize);
-    if (!m_flattenedContext)
-        return;
-    if (!m_hasTransparentLayers) {
-        GraphicsContext context(m_flattenedContext);
-        context.setColor(Color::deviceRGB(1, 1, 1));
-        context.fillRect({0, 0, m_flattenedContext->width(), m_flattenedContext->height()});
-    }
+    const Pixel white{255, 255, 255, 255};
+    m_flattenedContext = canvas(m_documentSize, m_hasTransparentLayers ? Pixel{} : white);
     for (const LayerRef& layer : visibleLayers())
         addLayerToFlattenedContext(layer, nullptr);
 }
@@ -60,23 +42,15 @@ bool KPPSDWriter::addLayerToFlattenedContext(const LayerRef& layer, KPPSDError* 
         }
         return false;
     }
-    const KPPSDLayer::BitmapPart part = layer ? layer->croppedPart() : KPPSDLayer::BitmapPart();
-    if (!m_flattenedContext || !part.bitmap)
-        return true;
-    if (m_flattenedContext == m_flattenedData)
-        m_flattenedContext = copyOf(*m_flattenedContext);
-    const int width = part.bitmap->width();
-    const int height = part.bitmap->height();
-    Image image({static_cast<double>(width), static_cast<double>(height)});
-    image.addRepresentation(part.bitmap);
-    const Point origin = layer->imageInDocumentRegion().origin;
-    // Both turned into coordinates from the bottom.
-    const std::int64_t y =
-        static_cast<std::int64_t>(m_documentSize.height) - (static_cast<std::int64_t>(origin.y) + part.height);
-    GraphicsContext(m_flattenedContext)
-        .drawImage(image, {static_cast<std::int64_t>(origin.x), y},
-                   {part.x, height - part.y - part.height, part.width, part.height}, CompositingOperation::SourceOver,
-                   alphaOf(*layer));
+    KPPSDLayer::BitmapPart part = layer ? layer->croppedPart() : KPPSDLayer::BitmapPart();
+    const bool isShown = part.width > 0 && part.height > 0;
+    if (isShown && !part.bitmap) {
+        m_flattenedContext.setIncomplete();
+    } else if (m_flattenedContext && isShown) {
+        const Point origin = layer->imageInDocumentRegion().origin;
+        m_flattenedContext.draw(
+            {std::move(part), static_cast<int>(origin.x), static_cast<int>(origin.y), alphaOf(*layer)});
+    }
     return true;
 }
 
@@ -95,7 +69,7 @@ int KPPSDWriter::openGroups() const
 bool KPPSDWriter::preprocess()
 {
     if (m_flattenedContext)
-        m_flattenedData = m_flattenedContext;
+        m_flattenedData = m_flattenedContext.snapshot();
     const bool prepared = std::ranges::all_of(m_layers, [](const LayerRef& layer) { return layer->preparePixels(); });
     for (int open = openGroups(); open > 0; --open)
         closeCurrentGroupLayer();

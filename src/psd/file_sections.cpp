@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "platform/bitmap_memory.h"
 #include "psd/append_value.h"
 #include "psd/growing_file.h"
 #include "psd/icc_profile.h"
@@ -33,9 +34,9 @@ KPPSDError tooLarge()
     return {KPPSDError::TooLarge, "The document is too large for a PSD file"};
 }
 
-KPPSDError notPrepared()
+KPPSDError noMemory()
 {
-    return {KPPSDError::NotPrepared, "The document could not be prepared for writing"};
+    return {KPPSDError::NotPrepared, "There is not enough memory to write the document"};
 }
 
 /// Reports only what went wrong.
@@ -108,11 +109,8 @@ KPPSDError KPPSDWriter::writeFileOn(GrowingFile& file)
     if (isTooLarge())
         return tooLarge();
     try {
-        const bool prepared = preprocess();
-        const auto& merged = m_flattenedData;
-        if (!prepared || !merged || merged->width() != static_cast<int>(m_documentSize.width) ||
-            merged->height() != static_cast<int>(m_documentSize.height))
-            return notPrepared();
+        if (auto error = prepare())
+            return error;
         if (file.isHeld())
             file.end().reserve(largestFileSize());
         writeFileHeaderSectionOn(file.end());
@@ -121,12 +119,30 @@ KPPSDError KPPSDWriter::writeFileOn(GrowingFile& file)
         PackedRows rows;
         if (auto error = writeLayerAndMaskInformationSectionOn(file, rows))
             return error;
-        writeImageDataSectionOn(file, rows);
+        if (auto error = writeImageDataSectionOn(file, rows))
+            return error;
         file.finish();
     } catch (const std::bad_alloc&) {
-        return notPrepared();
+        return noMemory();
     }
     return file.error();
+}
+
+KPPSDError KPPSDWriter::prepare()
+{
+    const std::size_t refusedBefore = BitmapMemory::refused();
+    const bool hasPixels = preprocess();
+    if (!m_flattenedData.isComplete())
+        return noMemory();
+    if (!hasPixels) {
+        if (BitmapMemory::refused() != refusedBefore)
+            return noMemory();
+        return {KPPSDError::NotPrepared, "The pixels of a layer are more or fewer than it shows"};
+    }
+    if (m_flattenedData.width() != static_cast<int>(m_documentSize.width) ||
+        m_flattenedData.height() != static_cast<int>(m_documentSize.height) || !m_flattenedData)
+        return {KPPSDError::NotPrepared, "There is no merged image of the document's size"};
+    return {};
 }
 
 bool KPPSDWriter::isTooLarge() const
@@ -155,8 +171,8 @@ std::uint64_t KPPSDWriter::largestFileSize() const
     // The layer that makes the section too long is still written.
     layers = std::min(layers, kLongestSection + largest);
     const auto rows =
-        static_cast<std::uint64_t>(numberOfChannels()) * static_cast<std::uint64_t>(m_flattenedData->height());
-    const std::uint64_t row = 2 + largestPackedSize(static_cast<std::size_t>(m_flattenedData->width()));
+        static_cast<std::uint64_t>(numberOfChannels()) * static_cast<std::uint64_t>(m_flattenedData.height());
+    const std::uint64_t row = 2 + largestPackedSize(static_cast<std::size_t>(m_flattenedData.width()));
     return kHeaderAndResources + profileBytes(m_colorProfile).size() + layers + rows * row;
 }
 
@@ -228,18 +244,26 @@ KPPSDError KPPSDWriter::writeLayerAndMaskInformationSectionOn(GrowingFile& file,
     return {};
 }
 
-void KPPSDWriter::writeImageDataSectionOn(GrowingFile& file, PackedRows& rows) const
+KPPSDError KPPSDWriter::writeImageDataSectionOn(GrowingFile& file, PackedRows& rows) const
 {
-    const Bitmap& merged = *m_flattenedData;
+    const MergedImage& merged = m_flattenedData;
     const int channels = numberOfChannels();
+    MergedRows pixels(merged);
+    if (!pixels)
+        return noMemory();
     rows.start(channels, static_cast<std::size_t>(merged.height()), static_cast<std::size_t>(merged.width()), {});
-    for (int y = 0; y < merged.height(); ++y)
-        rows.addRow(merged.row(y), y > 0 ? merged.row(y - 1).data() : nullptr);
+    const Pixel* above = nullptr;
+    for (int y = 0; y < merged.height(); ++y) {
+        const auto row = pixels.next();
+        rows.addRow(row, above);
+        above = row.data();
+    }
     kpAppendValue(file.end(), kPackBits, 2);
     for (int c = 0; c < channels; ++c)
         rows.appendLengths(c, file);
     for (int c = 0; c < channels; ++c)
         rows.appendData(c, file);
+    return {};
 }
 
 } // namespace wallgrid

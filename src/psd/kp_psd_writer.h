@@ -9,6 +9,7 @@
 #include "psd/group_layers.h"
 #include "psd/kp_psd_error.h"
 #include "psd/layers/kp_psd_layer.h"
+#include "psd/merged_image.h"
 
 #include <cstdint>
 #include <memory>
@@ -28,8 +29,8 @@ struct KPPSDResolution {
 };
 
 /// A document that becomes one PSD file: version 1, RGB, 8 bits a channel (Adobe, "Photoshop File Formats"). Layers are
-/// stacked with the bottom one first; while they are added, the writer composes the merged image that goes into the
-/// file beside them.
+/// stacked with the bottom one first; while they are added, the writer notes what the merged image shows that goes into
+/// the file beside them.
 ///
 ///     const auto writer = KPPSDWriter::initWithDocumentSize({1920, 1080});
 ///     writer->addLayerWithCGImage(picture, makeString(u"Wall"), 1, {100, 50});
@@ -97,12 +98,13 @@ public:
 
     // The merged image ---------------------------------------------------------------------------------------------
 
-    /// The merged image as it grows; empty when the size gives none or there is no memory.
-    const BitmapRef& flattenedContext() const { return m_flattenedContext; }
-    void setFlattenedContext(BitmapRef context) { m_flattenedContext = std::move(context); }
-    /// The merged image as preprocess() found it. It shares its pixels with `flattenedContext` until a layer is drawn.
-    const BitmapRef& flattenedData() const { return m_flattenedData; }
-    void setFlattenedData(BitmapRef pixels) { m_flattenedData = std::move(pixels); }
+    /// The merged image as it grows; empty when the size gives none or there is no memory. Who asks for it makes the
+    /// writer hold all its pixels; a file needs a few rows of it at a time.
+    BitmapRef flattenedContext() { return m_flattenedContext.bitmap(); }
+    void setFlattenedContext(BitmapRef context) { m_flattenedContext = MergedImage(std::move(context)); }
+    /// The merged image as preprocess() found it.
+    BitmapRef flattenedData() { return m_flattenedData.bitmap(); }
+    void setFlattenedData(BitmapRef pixels) { m_flattenedData = MergedImage(std::move(pixels)); }
     /// Starts the merged image again, from the visible layers.
     void resetFlattenedContext();
     /// Draws a layer into the merged image, source-over at its opacity; blend modes and effects are left out.
@@ -127,12 +129,13 @@ private:
     int openGroups() const;
     bool isTooLarge() const;
     std::uint64_t largestFileSize() const;
+    KPPSDError prepare();
     KPPSDError writeFileOn(GrowingFile& file);
     void writeFileHeaderSectionOn(ByteBuffer& buffer) const;
     void writeColorModeDataSectionOn(ByteBuffer& buffer) const;
     void writeImageResourceSectionOn(ByteBuffer& buffer) const;
     KPPSDError writeLayerAndMaskInformationSectionOn(GrowingFile& file, PackedRows& rows) const;
-    void writeImageDataSectionOn(GrowingFile& file, PackedRows& rows) const;
+    KPPSDError writeImageDataSectionOn(GrowingFile& file, PackedRows& rows) const;
 
     Size m_documentSize;
     KPPSDResolution m_documentResolution;
@@ -140,8 +143,8 @@ private:
     std::int32_t m_colorProfile = 0;
     bool m_hasTransparentLayers = true;
     Layers m_layers;
-    BitmapRef m_flattenedContext;
-    BitmapRef m_flattenedData;
+    MergedImage m_flattenedContext;
+    MergedImage m_flattenedData;
     Report m_report;
 };
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "hex.h"
 #include "picture.h"
+#include "platform/bitmap_memory.h"
 #include "platform/byte_sink.h"
 #include "psd/kp_psd_writer.h"
 
@@ -146,6 +147,28 @@ TEST(Writer, ComposesTheMergedImage)
     EXPECT_THROW(opaque->setLayers({nullptr}), std::invalid_argument);
 }
 
+TEST(Writer, MergedImageTakesNoMemoryUntilItIsAskedFor)
+{
+    const BitmapRef half = test::randomPicture(20, 10, 1), other = test::randomPicture(30, 20, 2);
+    const auto writer = KPPSDWriter::initWithDocumentSize({3000, 2000});
+    const std::size_t most = BitmapMemory::maximumTotal();
+    BitmapMemory::setMaximumTotal(BitmapMemory::alive() + (1 << 20));
+    writer->addLayerWithCGImage(half, name(u"half"), 0.5, {7, 1995});
+    EXPECT_FALSE(fileOf(*writer).empty());
+    EXPECT_EQ(writer->flattenedContext(), nullptr);
+    writer->addLayerWithCGImage(other, name(u"second"), 1, {4, 1990});
+    BitmapMemory::setMaximumTotal(BitmapMemory::alive());
+    const std::string noMemory = "4 There is not enough memory to write the document";
+    EXPECT_EQ(errorOf(*writer), noMemory) << "not the first file again";
+    writer->addLayerWithCGImage(other, name(u"scaled"), 1, {-4.5, 0});
+    BitmapMemory::setMaximumTotal(most);
+    EXPECT_EQ(errorOf(*writer), noMemory) << "the last layer could not be drawn";
+    writer->resetFlattenedContext();
+    const auto again = KPPSDWriter::initWithDocumentSize({3000, 2000}, true, writer->layers());
+    EXPECT_NE(again->flattenedContext(), nullptr); // composed as a whole
+    EXPECT_TRUE(fileOf(*writer) == fileOf(*again));
+}
+
 TEST(Writer, PairsGroupsInnermostFirst)
 {
     const auto writer = KPPSDWriter::initWithDocumentSize({2, 2});
@@ -184,7 +207,7 @@ TEST(Writer, RefusesWhatIsNoFile)
         EXPECT_EQ(errorOf(*writer), "2 No visible layers in the document");
     }
 
-    const std::string notPrepared = "4 The document could not be prepared for writing";
+    const std::string notPrepared = "4 There is no merged image of the document's size";
     const std::string tooLarge = "5 The document is too large for a PSD file";
     writer->setDocumentSize({0.5, 0.5});
     EXPECT_EQ(errorOf(*writer), notPrepared);
