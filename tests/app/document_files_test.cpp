@@ -16,11 +16,11 @@ protected:
 
     std::vector<std::string> filesWritten() const
     {
-        std::vector<std::string> files;
+        std::vector<std::string> found;
         for (const auto& entry : std::filesystem::directory_iterator(folder))
-            files.push_back(entry.path().filename().string());
-        std::sort(files.begin(), files.end());
-        return files;
+            found.push_back(entry.path().filename().string());
+        std::sort(found.begin(), found.end());
+        return found;
     }
     std::string labels() const { return names(*delegate.allScreensArray()); }
     std::string url(const std::string& name) const { return location(name)->absoluteString(); }
