@@ -1,6 +1,4 @@
 // SPDX-License-Identifier: MIT
-#include "platform/property_list.h"
-
 #include "platform/dictionary_lookup.h"
 #include "platform/property_list_writer.h"
 
@@ -8,29 +6,24 @@
 
 using namespace wallgrid;
 
-namespace {
-
-std::span<const std::uint8_t> bytesOf(std::string_view text)
-{
-    return {reinterpret_cast<const std::uint8_t*>(text.data()), text.size()};
-}
-
-} // namespace
-
 TEST(DictionaryLookup, FindsTheFirstOfEqualKeysInSmallAndLargeDictionaries)
 {
     for (const unsigned size : {1U, 48U, 49U, 1000U}) {
         // Each key twice, once in ASCII and once in UTF-16; and what is no key that could be asked for.
         PropertyListWriter writer;
-        std::vector<PropertyListWriter::Ref> keys{writer.integer(7), writer.string(std::string(100, 'k'))};
-        std::vector<PropertyListWriter::Ref> values(keys);
+        std::vector<PropertyListWriter::Ref> keys, values;
         for (unsigned i = 0; i < 2 * size; ++i) {
             const std::string key = "key" + std::to_string(i * 7919 % size);
             std::string wide(1, static_cast<char>(0x60 + key.size()));
             for (const char letter : key)
                 wide += {'\0', letter};
-            keys.push_back(i % 2 == i / size ? writer.string(key) : writer.encodedScalar(bytesOf(wide)));
+            const std::span bytes(reinterpret_cast<const std::uint8_t*>(wide.data()), wide.size());
+            keys.push_back(i % 2 == i / size ? writer.string(key) : writer.encodedScalar(bytes));
             values.push_back(writer.integer(i));
+        }
+        for (const auto odd : {writer.integer(7), writer.string(std::string(100, 'k'))}) {
+            keys.push_back(odd);
+            values.push_back(odd);
         }
         const auto opened = PropertyList::open(writer.write(writer.dictionary(keys, values))).value();
         DictionaryLookup lookup;
@@ -46,12 +39,12 @@ TEST(DictionaryLookup, FindsTheFirstOfEqualKeysInSmallAndLargeDictionaries)
 
 TEST(PropertyListWriter, WritesEachCountAndWidthAtItsEdge)
 {
-    for (const std::size_t size : {0U, 14U, 15U, 254U, 255U, 256U, 65535U, 65536U}) {
+    for (const std::size_t size : {0U, 14U, 15U, 255U, 256U, 65536U}) {
         PropertyListWriter writer;
         std::vector<PropertyListWriter::Ref> elements;
         for (std::size_t i = 0; i < size; ++i)
             elements.push_back(writer.integer(static_cast<std::int64_t>(i)));
-        std::u16string wide(size, u'\u00e4');
+        const std::u16string wide(size, u'\u00e4');
         const auto top =
             writer.array({writer.array(elements), writer.string(std::string(size, 'x')), writer.string(wide),
                           writer.data(std::string(size, 'd')), writer.set(elements),
@@ -69,8 +62,6 @@ TEST(PropertyListWriter, WritesEachCountAndWidthAtItsEdge)
         EXPECT_EQ(read.element(6).uid(), size);
     }
     PropertyListWriter writer;
-    EXPECT_EQ(writer.integer(-1), writer.integer(-1));
-    EXPECT_NE(writer.integer(1), writer.uid(1));
     EXPECT_EQ(writer.write(writer.integer(-1)).size(), 8 + 9 + 1 + 32U);
     EXPECT_EQ(writer.write(writer.integer(0xFFFFFFFF)).size(), 8 + 5 + 1 + 32U);
 }

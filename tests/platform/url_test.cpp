@@ -2,6 +2,7 @@
 #include "platform/url.h"
 
 #include <gtest/gtest.h>
+#include <vector>
 
 using namespace wallgrid;
 using namespace std::string_literals;
@@ -19,11 +20,10 @@ TEST(Url, TakesEveryCharacterOfAUrlAndNoOther)
 {
     const std::string legal = "abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ0123456789-._~:/?#[]@!$&'()*+,;=";
     EXPECT_EQ(url(legal + "%2f%C3").absoluteString(), legal + "%2f%C3");
-    for (int c = 0; c < 256; ++c) {
-        const std::string text = "/a"s + static_cast<char>(c) + "41";
-        EXPECT_EQ(Url::fromString(text).has_value(),
-                  c == '%' || (c != 0 && legal.find(static_cast<char>(c)) != legal.npos))
-            << c;
+    for (int c = 1; c < 256; ++c) {
+        const char letter = static_cast<char>(c);
+        EXPECT_EQ(Url::fromString("/a"s + letter + "41").has_value(),
+                  letter == '%' || legal.find(letter) != legal.npos);
     }
     for (const char* text : {"%", "a%4", "%4g", "%g4", "%%41"})
         EXPECT_FALSE(Url::fromString(text)) << text;
@@ -31,90 +31,64 @@ TEST(Url, TakesEveryCharacterOfAUrlAndNoOther)
 
 TEST(Url, NamesFilesByPercentEscapedPath)
 {
-    const std::pair<std::string, std::string> rows[] = {
-        {"/Users/x/a b.png", "file:///Users/x/a%20b.png"},
-        {"/", "file:///"},
-        {"/100%/w\xC3\xA4nde/#1?.mpr", "file:///100%25/w%C3%A4nde/%231%3F.mpr"},
-        {"/a;b[c]\"\\\x7F\n\xFF", "file:///a%3Bb%5Bc%5D%22%5C%7F%0A%FF"},
-        {"/!$&'()*+,=:@-._~", "file:///!$&'()*+,=:@-._~"},
-    };
-    for (const auto& [path, text] : rows) {
+    for (const auto& [path, text] : std::vector<std::pair<std::string, std::string>>{
+             {"/", "file:///"},
+             {"/100%/w\xC3\xA4nde/#1?.mpr", "file:///100%25/w%C3%A4nde/%231%3F.mpr"},
+             {"/a;b[c]\"\\\x7F\n\xFF", "file:///a%3Bb%5Bc%5D%22%5C%7F%0A%FF"},
+             {"/!$&'()*+,=:@-._~", "file:///!$&'()*+,=:@-._~"}}) {
         const Url made = Url::fromFilePath(path);
         EXPECT_EQ(made.absoluteString(), text);
         EXPECT_EQ(made.filePath(), path);
-        EXPECT_EQ(Url::fromString(text), made);
     }
-}
-
-TEST(Url, GivesAFilePathForFilesOnly)
-{
-    const std::pair<std::string_view, std::optional<std::string>> rows[] = {
-        {"file:/a", "/a"},
-        {"FILE://LocalHost/a%20b?q#f", "/a b"},
-        {"file:///.file/id=6571367.2", "/.file/id=6571367.2"},
-        {"file://server/a", std::nullopt},
-        {"file:a", std::nullopt},
-        {"file:///a%00b", std::nullopt},
-        {"http:///a", std::nullopt},
-        {"/a", std::nullopt},
-        {"", std::nullopt},
-    };
-    for (const auto& [text, path] : rows)
-        EXPECT_EQ(url(text).filePath(), path) << text;
+    EXPECT_EQ(url("file:/a").filePath(), "/a");
+    EXPECT_EQ(url("FILE://LocalHost/a%20b?q#f").filePath(), "/a b");
+    for (const char* other : {"file://server/a", "file:a", "file:///a%00b", "http:///a", "/a", ""})
+        EXPECT_FALSE(url(other).filePath()) << other;
     EXPECT_EQ(url("/tmp/a%20b.mpr?x").path(), "/tmp/a b.mpr");
 }
 
 TEST(Url, EditsTheExtensionOfTheLastComponent)
 {
-    struct Row {
-        const char* text;
-        const char* extension;
-        const char* without;
-        const char* with;
-    };
-    const Row rows[] = {
+    const char* const rows[][4] = {
         {"file:///w/wall.MPR", "MPR", "file:///w/wall", "file:///w/wall.MPR.mpr"},
         {"file:///w.d/wall", "", "file:///w.d/wall", "file:///w.d/wall.mpr"},
         {"file:///w.d/", "d", "file:///w/", "file:///w.d.mpr/"},
         {"file:///.hidden", "", "file:///.hidden", "file:///.hidden.mpr"},
         {"file:///wall.", "", "file:///wall.", "file:///wall..mpr"},
         {"wall.a%20b?q.x#f.y", "a b", "wall?q.x#f.y", "wall.a%20b.mpr?q.x#f.y"},
-        {"file:///", "", "file:///", "file:///"},
         {"file://host.name", "", "file://host.name", "file://host.name"},
     };
-    for (const Row& row : rows) {
-        EXPECT_EQ(url(row.text).pathExtension(), row.extension) << row.text;
-        EXPECT_EQ(url(row.text).deletingPathExtension(), url(row.without)) << row.text;
-        EXPECT_EQ(url(row.text).appendingPathExtension("mpr"), url(row.with)) << row.text;
+    for (const auto& [text, extension, without, with] : rows) {
+        EXPECT_EQ(url(text).pathExtension(), extension) << text;
+        EXPECT_EQ(url(text).deletingPathExtension(), url(without)) << text;
+        EXPECT_EQ(url(text).appendingPathExtension("mpr"), url(with)) << text;
     }
 }
 
 /// Of the examples of RFC 3986, 5.4.1 and 5.4.2, one of each kind, and what they leave out.
 TEST(Url, ResolvesReferences)
 {
-    const std::pair<const char*, const char*> rows[] = {
-        {"g:h", "g:h"},
-        {"g", "http://a/b/c/g"},
-        {"/g", "http://a/g"},
-        {"//g", "http://g"},
-        {"?y", "http://a/b/c/d;p?y"},
-        {"g;x?y#s", "http://a/b/c/g;x?y#s"},
-        {"", "http://a/b/c/d;p?q"},
-        {".", "http://a/b/c/"},
-        {"../g", "http://a/b/g"},
-        {"../../../../g", "http://a/g"},
-        {"/../g", "http://a/g"},
-        {"..g", "http://a/b/c/..g"},
-        {"./../g", "http://a/b/g"},
-        {"g/../h/.", "http://a/b/c/h/"},
-        {"g#s/../x", "http://a/b/c/g#s/../x"},
-        {"http:g", "http:g"},
+    constexpr auto base = "http://a/b/c/d;p?q";
+    const char* const rows[][3] = {
+        {base, "g:h", "g:h"},
+        {base, "/g", "http://a/g"},
+        {base, "//g", "http://g"},
+        {base, "?y", "http://a/b/c/d;p?y"},
+        {base, "g;x?y#s", "http://a/b/c/g;x?y#s"},
+        {base, "", base},
+        {base, ".", "http://a/b/c/"},
+        {base, "../../../../g", "http://a/g"},
+        {base, "/../g", "http://a/g"},
+        {base, "..g", "http://a/b/c/..g"},
+        {base, "./../g", "http://a/b/g"},
+        {base, "g/../h/.", "http://a/b/c/h/"},
+        {base, "g#s/../x", "http://a/b/c/g#s/../x"},
+        {"http://a", "g", "http://a/g"},
+        {"a:b", "../..//c", "a:/c"},
+        {"a:/b", "..//c", "a:/.//c"},
+        {"b/c", "../../d", "/d"},
     };
-    for (const auto& [reference, target] : rows)
-        EXPECT_EQ(Url::resolve(url("http://a/b/c/d;p?q"), reference), url(target)) << reference;
-    EXPECT_EQ(Url::resolve(url("http://a"), "g"), url("http://a/g"));
-    EXPECT_EQ(Url::resolve(url("a:b"), "../..//c"), url("a:/c"));
-    EXPECT_EQ(Url::resolve(url("a:/b"), "..//c"), url("a:/.//c"));
-    EXPECT_EQ(Url::resolve(url("b/c"), "../../d"), url("/d"));
+    for (const auto& [from, reference, target] : rows)
+        EXPECT_EQ(Url::resolve(url(from), reference), url(target)) << reference;
     EXPECT_FALSE(Url::resolve(url("http://a"), "b c"));
 }

@@ -15,12 +15,14 @@ using namespace wallgrid;
 
 namespace {
 
-QByteArray encoded(const QImage& image, const char* format)
+QByteArray encoded(const QImage& image, const char* format,
+                   QImageIOHandler::Transformations transformation = QImageIOHandler::TransformationNone)
 {
     QByteArray bytes;
     QBuffer buffer(&bytes);
     buffer.open(QIODevice::WriteOnly);
     QImageWriter writer(&buffer, format);
+    writer.setTransformation(transformation);
     EXPECT_TRUE(writer.write(image)) << format;
     return bytes;
 }
@@ -30,23 +32,16 @@ Expected<ImageRef> decode(const QByteArray& bytes)
     return decodeImage({reinterpret_cast<const std::uint8_t*>(bytes.data()), static_cast<std::size_t>(bytes.size())});
 }
 
-std::string failureOf(const QByteArray& bytes)
+BitmapRef pixelsOf(const QByteArray& bytes)
 {
-    const auto image = decode(bytes);
-    return image ? "decoded" : image.error().message;
+    return decode(bytes).value()->firstRepresentation();
 }
 
-/// Where the four bytes of a PNG chunk's name stand.
-qsizetype chunk(const QByteArray& png, const char* name)
+QImage filled(int width, int height, QImage::Format format = QImage::Format_RGB32)
 {
-    return png.indexOf(name);
-}
-
-QByteArray withoutChunk(QByteArray png, const char* name)
-{
-    const qsizetype at = chunk(png, name) - 4;
-    const auto length = qFromBigEndian<quint32>(png.constData() + at);
-    return png.remove(at, static_cast<qsizetype>(length) + 12);
+    QImage image(width, height, format);
+    image.fill(Qt::white);
+    return image;
 }
 
 /// The start of a JPEG file with an Exif segment.
@@ -73,57 +68,42 @@ TEST(ImageDecoding, EveryKindOfPixelBecomesPremultipliedRgba)
     image.setPixel(1, 0, qRgba(200, 100, 50, 128));
     image.setPixel(0, 1, qRgba(9, 8, 7, 0));
     image.setPixel(1, 1, qRgba(0, 0, 255, 1));
-    const BitmapRef bitmap = decode(encoded(image, "png")).value()->firstRepresentation();
-    EXPECT_EQ(bitmap->at(0, 0), (Pixel{255, 255, 0, 0}));
-    EXPECT_EQ(bitmap->at(1, 0), (Pixel{128, 100, 50, 25}));
-    EXPECT_EQ(bitmap->at(0, 1), Pixel{});
-    EXPECT_EQ(bitmap->at(1, 1), (Pixel{1, 0, 0, 1}));
-
-    QImage grey(300, 1, QImage::Format_Grayscale16);
-    grey.fill(Qt::white);
+    const BitmapRef bitmap = pixelsOf(encoded(image, "png"));
+    EXPECT_EQ(std::vector(bitmap->pixels(), bitmap->pixels() + 4),
+              (std::vector<Pixel>{{255, 255, 0, 0}, {128, 100, 50, 25}, {}, {1, 0, 0, 1}}));
     QImage palette(5, 7, QImage::Format_Indexed8);
     palette.setColorTable({qRgb(1, 2, 3), qRgba(0, 0, 0, 0)});
     palette.fill(0);
     palette.setPixel(4, 6, 1);
-    EXPECT_EQ(decode(encoded(grey, "png")).value()->firstRepresentation()->at(299, 0), (Pixel{255, 255, 255, 255}));
-    const BitmapRef indexed = decode(encoded(palette, "png")).value()->firstRepresentation();
+    const BitmapRef indexed = pixelsOf(encoded(palette, "png"));
     EXPECT_EQ(indexed->at(0, 0), (Pixel{255, 1, 2, 3}));
     EXPECT_EQ(indexed->at(4, 6), Pixel{});
-    for (const char* format : {"jpg", "bmp", "tiff", "webp", "ppm"}) {
-        QImage white(31, 17, QImage::Format_RGB32);
-        white.fill(Qt::white);
-        const auto decoded = decode(encoded(white, format));
-        ASSERT_TRUE(decoded) << format;
-        EXPECT_EQ((*decoded)->firstRepresentation()->width(), 31) << format;
-        EXPECT_EQ((*decoded)->firstRepresentation()->at(30, 16), (Pixel{255, 255, 255, 255})) << format;
-    }
+    const Pixel white{255, 255, 255, 255};
+    EXPECT_EQ(pixelsOf(encoded(filled(300, 1, QImage::Format_Grayscale16), "png"))->at(299, 0), white);
+    for (const char* format : {"jpg", "bmp", "tiff", "webp", "ppm"})
+        EXPECT_EQ(pixelsOf(encoded(filled(31, 17), format))->at(30, 16), white) << format;
+    EXPECT_EQ(pixelsOf(encoded(filled(31, 17), "jpg", QImageIOHandler::TransformationRotate90))->at(16, 30), white);
 }
 
 TEST(ImageDecoding, SizeInPointsFollowsTheRecordedResolution)
 {
-    struct Case {
-        int dotsPerMeter;
-        Size size; // of 801 × 603 pixels
+    const auto sizeOf = [](int dotsPerMeter, const char* leftOut = nullptr) {
+        QImage image = filled(801, 603);
+        image.setDotsPerMeterX(dotsPerMeter);
+        image.setDotsPerMeterY(2 * dotsPerMeter);
+        QByteArray png = encoded(image, "png");
+        if (leftOut) {
+            const qsizetype at = png.indexOf(leftOut) - 4;
+            png.remove(at, static_cast<qsizetype>(qFromBigEndian<quint32>(png.constData() + at)) + 12);
+        }
+        return decode(png).value()->size();
     };
-    const Case cases[] = {
-        {2835, {801, 603}},                                // 72 dots per inch, rounded up
-        {2834, {801, 603}},                                // rounded down
-        {5669, {400.5, 301.5}},                            // 144
-        {3780, {600.75, 452.25}},                          // 96, which Qt also gives to files without a resolution
-        {1000, {801 * 72 / 25.4, 603 * 72 / 25.4}},        // no whole number of dots per inch
-        {11811, {801 * 72.0 / 300.0, 603 * 72.0 / 300.0}}, // 300
-    };
-    for (const Case& c : cases) {
-        QImage image(801, 603, QImage::Format_RGB32);
-        image.fill(Qt::red);
-        image.setDotsPerMeterX(c.dotsPerMeter);
-        image.setDotsPerMeterY(c.dotsPerMeter);
-        const QByteArray png = encoded(image, "png");
-        const Size size = decode(png).value()->size();
-        EXPECT_NEAR(size.width, c.size.width, 1e-9) << c.dotsPerMeter;
-        EXPECT_NEAR(size.height, c.size.height, 1e-9) << c.dotsPerMeter;
-        EXPECT_EQ(decode(withoutChunk(png, "pHYs")).value()->size(), (Size{801, 603}));
-    }
+    EXPECT_EQ(sizeOf(2835), (Size{801, 301.5})) << "72 dots an inch, rounded up";
+    EXPECT_EQ(sizeOf(2834), (Size{801, 603 * 72 / (5668 * 0.0254)})) << "rounded down";
+    EXPECT_EQ(sizeOf(3780), (Size{600.75, 226.125})) << "96, which Qt also gives to files without a resolution";
+    EXPECT_NEAR(sizeOf(1000).width, 801 * 72 / 25.4, 1e-9) << "no whole number of dots an inch";
+    EXPECT_NEAR(sizeOf(11811).width, 801 * 72.0 / 300, 1e-9);
+    EXPECT_EQ(sizeOf(5669, "pHYs"), (Size{801, 603}));
 }
 
 TEST(ImageDecoding, SizeInPointsFollowsTheResolutionInExif)
@@ -159,16 +139,12 @@ TEST(ImageDecoding, SizeInPointsFollowsTheResolutionInExif)
 
 TEST(ImageDecoding, RefusesWhatIsNoImageOrTooLarge)
 {
-    EXPECT_NE(failureOf("no image"), "decoded");
-    EXPECT_NE(failureOf(""), "decoded");
-    QImage image(64, 64, QImage::Format_RGB32);
-    image.fill(Qt::red);
-    const QByteArray png = encoded(image, "png");
-    EXPECT_NE(failureOf(png.left(chunk(png, "IHDR") + 9)), "decoded");
-    QByteArray bmp = encoded(image, "bmp");
+    const QByteArray png = encoded(filled(64, 64), "png");
+    QByteArray bmp = encoded(filled(64, 64), "bmp");
     qToLittleEndian(quint32{60000}, bmp.data() + 18);
     qToLittleEndian(quint32{60000}, bmp.data() + 22);
-    EXPECT_NE(failureOf(bmp), "decoded");
-    EXPECT_EQ(failureOf("P6\n16385 16385\n255\n"), "the image is larger than 1 GiB when decoded");
-    EXPECT_NE(failureOf("P6\n2147483647 2147483647\n255\n"), "decoded");
+    for (const QByteArray& bytes : {QByteArray("no image"), QByteArray(), png.left(png.indexOf("IHDR") + 9), bmp,
+                                    QByteArray("P6\n2147483647 2147483647\n255\n")})
+        EXPECT_FALSE(decode(bytes)) << bytes.left(40).toStdString();
+    EXPECT_EQ(decode("P6\n16385 16385\n255\n").error().message, "the image is larger than 1 GiB when decoded");
 }

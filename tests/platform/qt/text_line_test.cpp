@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "platform/qt/text_line.h"
 
-#include <QFontDatabase>
 #include <algorithm>
 #include <gtest/gtest.h>
 #include <numeric>
@@ -18,17 +17,19 @@ std::vector<std::uint8_t> rasterized(const TextLine& line, const PixelRect& area
     return coverage;
 }
 
-long ink(const std::vector<std::uint8_t>& coverage)
+double ink(const TextLine& line, std::int64_t margin = 0)
 {
-    return std::accumulate(coverage.begin(), coverage.end(), 0L);
+    const PixelRect box = line.inkBounds();
+    const auto coverage =
+        rasterized(line, {box.x - margin, box.y - margin, box.width + 2 * margin, box.height + 2 * margin});
+    return std::accumulate(coverage.begin(), coverage.end(), 0.0);
 }
 
 } // namespace
 
 TEST(TextLine, StandsOnItsBaselineAboveTheLineBoxCorner)
 {
-    const QtTextLine digits("240 x 240", 50);
-    const QtTextLine descending("y", 50);
+    const QtTextLine digits("240 x 240", 50), descending("y", 50);
     const PixelRect box = digits.inkBounds();
     EXPECT_GE(box.x, 0);
     EXPECT_GT(box.y, 5) << "digits stand on the baseline, which lies above the corner by the descent";
@@ -37,34 +38,22 @@ TEST(TextLine, StandsOnItsBaselineAboveTheLineBoxCorner)
     EXPECT_LT(box.top(), 60);
     EXPECT_GE(descending.inkBounds().y, 0) << "descenders reach down to the line box's lower edge at most";
     EXPECT_LT(descending.inkBounds().y, box.y);
-
-    const long whole = ink(rasterized(digits, box));
-    EXPECT_GT(whole, 255L * 50 * 10);
-    EXPECT_EQ(ink(rasterized(digits, {box.x - 9, box.y - 9, box.width + 18, box.height + 18})), whole)
-        << "no ink lies outside the bounds";
+    EXPECT_GT(ink(digits), 255 * 50 * 10);
+    EXPECT_EQ(ink(digits, 9), ink(digits)) << "no ink lies outside the bounds";
 }
 
-TEST(TextLine, PiecesMakeTheWhole)
+TEST(TextLine, DrawsAtEverySizeAndInPieces)
 {
+    const double reference = ink(QtTextLine("8", 100)) / 1e4;
+    for (const double size : {1.0, 13.0, 200.0, 1500.0})
+        EXPECT_NEAR(ink(QtTextLine("8", size)) / (size * size), reference, 0.15 * reference) << size;
     const QtTextLine line("xy -10 x 20", 40);
     const PixelRect box = line.inkBounds();
     const auto whole = rasterized(line, box);
     for (std::int64_t y = box.y; y < box.top(); y += 7) {
         const PixelRect band{box.x, y, box.width, std::min<std::int64_t>(7, box.top() - y)};
         const auto piece = rasterized(line, band);
-        const auto at = whole.begin() + (box.top() - band.top()) * box.width;
-        EXPECT_TRUE(std::equal(piece.begin(), piece.end(), at)) << "band at " << y;
-    }
-}
-
-TEST(TextLine, DrawsAtEverySize)
-{
-    const double reference =
-        static_cast<double>(ink(rasterized(QtTextLine("8", 100), QtTextLine("8", 100).inkBounds())));
-    for (const double size : {1.0, 13.0, 200.0, 1500.0}) {
-        const QtTextLine line("8", size);
-        const double area = static_cast<double>(ink(rasterized(line, line.inkBounds())));
-        EXPECT_NEAR(area / reference, size * size / 1e4, 0.15 * size * size / 1e4) << size;
+        EXPECT_TRUE(std::equal(piece.begin(), piece.end(), whole.begin() + (box.top() - band.top()) * box.width)) << y;
     }
 }
 
