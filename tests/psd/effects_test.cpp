@@ -2,6 +2,7 @@
 #include "hex.h"
 #include "psd/layers/layer_effects.h"
 
+#include <array>
 #include <gtest/gtest.h>
 
 using namespace wallgrid;
@@ -20,34 +21,17 @@ TEST(Effects, SettersKeepTheirBounds)
 {
     KPPSDInnerShadowEffectLayerInformation shadow;
     EXPECT_EQ(shadow.opacity255(), 254);
-    const struct {
-        std::int64_t given, size, angle, distance, opacity, opacity255;
-    } cases[] = {
-        {40000, 250, 360, 30000, 100, 254}, {-400, 0, -360, 0, 0, 0}, {50, 50, 50, 50, 50, 127},
-        {20, 20, 20, 20, 20, 51},           {1, 1, 1, 1, 1, 2},
-    };
-    for (const auto& c : cases) {
-        shadow.setSize(c.given);
-        shadow.setAngle(c.given);
-        shadow.setDistance(c.given);
-        shadow.setOpacity(c.given);
-        EXPECT_EQ(shadow.size(), c.size);
-        EXPECT_EQ(shadow.angle(), c.angle);
-        EXPECT_EQ(shadow.distance(), c.distance);
-        EXPECT_EQ(shadow.opacity(), c.opacity);
-        EXPECT_EQ(shadow.opacity255(), c.opacity255);
+    for (const std::array<std::int64_t, 6>& row : {std::array<std::int64_t, 6>{40000, 250, 360, 30000, 100, 254},
+                                                   {-400, 0, -360, 0, 0, 0},
+                                                   {50, 50, 50, 50, 50, 127},
+                                                   {1, 1, 1, 1, 1, 2}}) {
+        shadow.setSize(row[0]);
+        shadow.setAngle(row[0]);
+        shadow.setDistance(row[0]);
+        shadow.setOpacity(row[0]);
+        EXPECT_EQ(row, (std::array{row[0], shadow.size(), shadow.angle(), shadow.distance(), shadow.opacity(),
+                                   shadow.opacity255()}));
     }
-}
-
-TEST(Effects, TheBlockIsWrittenOnlyForAnEnabledEffect)
-{
-    KPPSDLayerEffects effects;
-    EXPECT_EQ(block(effects), "");
-    const auto fill = std::make_shared<KPPSDSolidFillEffectLayerInformation>();
-    effects.setSolidFillEffectLayerInformation(fill);
-    EXPECT_EQ(block(effects), "");
-    fill->setEnabled(true);
-    EXPECT_NE(block(effects), "");
 }
 
 TEST(Effects, EveryValueHasItsField)
@@ -74,7 +58,6 @@ TEST(Effects, EveryValueHasItsField)
     bevel->setStyle(3);
     bevel->setHighlightOpacity(50);
     bevel->setShadowOpacity(20);
-    bevel->setEnabled(true);
     bevel->setUseGlobalLight(false);
     bevel->setDirection(2);
     const auto fill = std::make_shared<KPPSDSolidFillEffectLayerInformation>();
@@ -83,9 +66,12 @@ TEST(Effects, EveryValueHasItsField)
     fill->setBlendMode("too long");
 
     KPPSDLayerEffects effects;
+    effects.setBevelEffectLayerInformation(bevel);
+    EXPECT_EQ(block(effects), "") << "no effect is enabled";
+    bevel->setEnabled(true);
+    EXPECT_NE(block(effects), "") << "one is";
     effects.setInnerShadowEffectLayerInformation(shadow);
     effects.setInnerGlowEffectLayerInformation(glow);
-    effects.setBevelEffectLayerInformation(bevel);
     effects.setSolidFillEffectLayerInformation(fill);
     const std::string key = "38 42 49 4D ", multiply = key + "6D 75 6C 20 ", normal = key + "6E 6F 72 6D ";
     const std::string black = "00 00 00 00 00 00 00 00 00 00 ", red = "00 00 FF FF 00 00 00 00 00 00 ";

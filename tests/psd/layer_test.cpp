@@ -9,6 +9,7 @@
 #include <gtest/gtest.h>
 #include <limits>
 #include <stdexcept>
+#include <vector>
 
 using namespace wallgrid;
 using test::hex;
@@ -34,14 +35,6 @@ BitmapRef filled(int width, int height, Pixel pixel)
     return bitmap;
 }
 
-std::vector<std::string> channels(const KPPSDLayer& layer)
-{
-    std::vector<std::string> channels;
-    for (const ByteBuffer& channel : layer.layerChannels())
-        channels.push_back(hex(channel));
-    return channels;
-}
-
 Rect rect(double x, double y, double width, double height)
 {
     return {{x, y}, {width, height}};
@@ -53,19 +46,20 @@ TEST(Layer, IsCroppedToTheDocument)
 {
     constexpr double kInfinite = std::numeric_limits<double>::infinity();
     const struct {
+        Size document;
         Point offset;
         bool visible;
         Rect crop, inDocument;
     } cases[] = {
-        {{-10, -5}, true, rect(10, 5, 20, 15), rect(0, 0, 20, 15)},
-        {{90, 45}, true, rect(0, 0, 10, 5), rect(90, 45, 10, 5)},
-        {{-10.5, 2.5}, true, rect(10, 0, 19.5, 20), rect(0, 2.5, 19.5, 20)},
-        {{100, 0}, false, rect(0, 0, 0, 20), rect(100, 0, 0, 20)},
-        {{0, 1e300}, false, rect(0, 0, 30, 50 - 1e300), rect(0, 50, 30, 50 - 1e300)},
-        {{kInfinite, 0}, false, rect(0, 0, 0, 0), rect(100, 0, 0, 0)},
+        {{100, 50}, {-10, -5}, true, rect(10, 5, 20, 15), rect(0, 0, 20, 15)},
+        {{100, 50}, {90, 45}, true, rect(0, 0, 10, 5), rect(90, 45, 10, 5)},
+        {{20, 10}, {-5, -5}, true, rect(5, 5, 20, 10), rect(0, 0, 20, 10)},
+        {{100, 50}, {-10.5, 2.5}, true, rect(10, 0, 19.5, 20), rect(0, 2.5, 19.5, 20)},
+        {{100, 50}, {0, 1e300}, false, rect(0, 0, 30, 50 - 1e300), rect(0, 50, 30, 50 - 1e300)},
+        {{100, 50}, {kInfinite, 0}, false, rect(0, 0, 0, 0), rect(100, 0, 0, 0)},
     };
     for (const auto& c : cases) {
-        const auto layer = makeLayer({100, 50}, filled(30, 20, {255, 1, 2, 3}), c.offset);
+        const auto layer = makeLayer(c.document, filled(30, 20, {255, 1, 2, 3}), c.offset);
         EXPECT_EQ(layer->hasValidSize(), c.visible) << layer->description();
         EXPECT_EQ(layer->imageCropRegion(), c.crop) << layer->description();
         EXPECT_EQ(layer->imageInDocumentRegion(), c.inDocument) << layer->description();
@@ -102,8 +96,10 @@ TEST(Layer, BrokenSizesAreScaledToWholePixels)
     EXPECT_TRUE(test::samePicture(plain->visibleImageData(), filled(39, 20, {255, 9, 8, 7})));
     const auto sliver = makeLayer({100, 2}, filled(4, 4, {255, 9, 8, 7}), {99.5, 0});
     EXPECT_TRUE(sliver->preparePixels());
-    EXPECT_EQ(channels(*sliver)[0],
-              "00 01 00 04 00 04 9E 00 00 00 9E 00 00 00"); // 99 samples to the left, one to the right
+    EXPECT_EQ(hex(sliver->layerChannels()[0]),
+              "00 01 00 04 00 04 9E 00 00 00 9E 00 00 00"); // 99 to the left, one right
+    const auto high = makeLayer({1, 9}, test::picture({"K", "W", "K", "W"}), {0, -1.5});
+    EXPECT_EQ(high->visibleImageData()->at(0, 1), (Pixel{255, 255, 255, 255})) << "the hidden row is taken off the top";
 }
 
 TEST(Layer, PixelsAreCorrectedOnce)
@@ -128,14 +124,11 @@ TEST(Layer, PixelsAreCorrectedOnce)
 
 TEST(Layer, OpacityIsRoundedUpAndCut)
 {
-    const auto layer = makeLayer({4, 3}, filled(2, 1, {128, 128, 0, 7}), {1, 1});
-    const struct {
-        float opacity;
-        int byte;
-    } opacities[] = {{1, 255}, {0.5, 128}, {0, 0}, {0.1F, 26}, {1.5, 127}, {-0.5, 129}, {NAN, 0}, {INFINITY, 0}};
-    for (const auto& c : opacities) {
-        layer->setOpacity(c.opacity);
-        EXPECT_EQ(int(layer->opacity255()), c.byte) << c.opacity;
+    const auto layer = KPPSDLayer::init();
+    for (const auto& [opacity, byte] : std::vector<std::pair<float, int>>{
+             {1, 255}, {0.5, 128}, {0, 0}, {0.1F, 26}, {0.3F, 77}, {1.5, 127}, {-0.5, 129}, {NAN, 0}, {INFINITY, 0}}) {
+        layer->setOpacity(opacity);
+        EXPECT_EQ(int(layer->opacity255()), byte) << opacity;
     }
     for (const std::int64_t count : {-1, 0, 2, 5})
         EXPECT_THROW(layer->setNumberOfChannels(count), std::invalid_argument);
@@ -152,14 +145,12 @@ TEST(Layer, LegacyNamesHold255UnitsAtMostAndNeverHalfAPair)
 
 TEST(GroupLayers, EachKindIsMadeByItsOwnInitialisers)
 {
-    const std::shared_ptr<KPPSDGroupLayer> made[] = {KPPSDGroupLayer::initWithName(makeString(u"G")),
-                                                     KPPSDGroupOpeningLayer::initWithName(makeString(u"G"), 0.5F, true),
-                                                     KPPSDGroupOpeningLayer::init(), KPPSDGroupClosingLayer::init()};
-    EXPECT_EQ(made[0]->opacity(), 1);
-    EXPECT_FALSE(made[0]->isOpened());
-    EXPECT_EQ(textOf(made[1]->name()), u"G");
-    EXPECT_EQ(made[1]->opacity(), 0.5F);
-    EXPECT_TRUE(made[1]->isOpened());
+    for (const std::shared_ptr<KPPSDGroupLayer>& made :
+         {KPPSDGroupLayer::initWithName(nullptr), std::shared_ptr<KPPSDGroupLayer>(KPPSDGroupOpeningLayer::init()),
+          std::shared_ptr<KPPSDGroupLayer>(KPPSDGroupClosingLayer::init())})
+        EXPECT_EQ(std::pair(made->opacity(), made->isOpened()), std::pair(1.0F, false));
+    const auto opened = KPPSDGroupOpeningLayer::initWithName(nullptr, 0.5F, true);
+    EXPECT_EQ(std::pair(opened->opacity(), opened->isOpened()), std::pair(0.5F, true));
 }
 
 TEST(GroupLayers, ClosingMarkerTakesOverWhatItsOpeningMarkerSaysEachTimeItIsWritten)
