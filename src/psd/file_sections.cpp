@@ -11,7 +11,9 @@
 #include <cmath>
 #include <limits>
 #include <new>
+#include <numeric>
 #include <string_view>
+#include <utility>
 
 namespace wallgrid {
 
@@ -32,6 +34,11 @@ constexpr std::int64_t kPackBits = 1;
 KPPSDError tooLarge()
 {
     return {KPPSDError::TooLarge, "The document is too large for a PSD file"};
+}
+
+KPPSDError cancelledByReport()
+{
+    return {KPPSDError::Cancelled, "The document was not written, because that was cancelled"};
 }
 
 KPPSDError noMemory()
@@ -78,6 +85,17 @@ std::span<const std::uint8_t> profileBytes(std::int32_t colorProfile)
     }
 }
 
+bool isBroken(Size size)
+{
+    return size.width != std::trunc(size.width) || size.height != std::trunc(size.height);
+}
+
+double pixelsOf(const KPPSDLayer& layer)
+{
+    const Size size = layer.imageCropRegion().size;
+    return std::max(size.width, 0.0) * std::max(size.height, 0.0);
+}
+
 /// Puts a length in front of what was written from behind its place up to `end`.
 void fillInLength(ByteBuffer& buffer, std::size_t place, std::uint64_t end)
 {
@@ -108,6 +126,10 @@ KPPSDError KPPSDWriter::writeFileOn(GrowingFile& file)
         return {KPPSDError::NoVisibleLayers, "No visible layers in the document"};
     if (isTooLarge())
         return tooLarge();
+    const Layers layers = visibleLayers();
+    if (isBroken(m_documentSize) ||
+        std::ranges::any_of(layers, [](const LayerRef& layer) { return isBroken(layer->documentSize()); }))
+        return {KPPSDError::BrokenDocumentSize, "The document's size is not a whole number of pixels"};
     try {
         if (auto error = prepare())
             return error;
@@ -226,11 +248,17 @@ KPPSDError KPPSDWriter::writeLayerAndMaskInformationSectionOn(GrowingFile& file,
         layer->writeLayerInformationOn(file.end(), {});
     }
     file.endHead();
+    // Each picture takes the share of its pixels, the merged image behind all layers as well.
+    const double merged = m_documentSize.width * m_documentSize.height;
+    const double all = std::accumulate(visible.begin(), visible.end(), merged,
+                                       [](double sum, const LayerRef& layer) { return sum + pixelsOf(*layer); });
+    double done = 0;
     for (std::size_t i = 0; i < visible.size(); ++i) {
-        // The merged image counts as one more layer.
-        if (!goesOn(m_report, static_cast<double>(i) / static_cast<double>(visible.size() + 1)))
-            return {KPPSDError::Cancelled, "The document was not written, because that was cancelled"};
+        const double begin = std::exchange(done, done + pixelsOf(*visible[i]) / all);
+        rows.setReport(partOf(m_report, begin, done));
         const auto lengths = visible[i]->writeLayerChannelsOn(file, rows);
+        if (rows.isStopped())
+            return cancelledByReport();
         KPPSDLayer::fillInChannelLengths(file.head(), records[i], lengths);
         if (file.size() - section > kLongestSection)
             return tooLarge();
@@ -241,6 +269,7 @@ KPPSDError KPPSDWriter::writeLayerAndMaskInformationSectionOn(GrowingFile& file,
         kpAppendValue(file.end(), 0, 1);
     fillInLength(file.head(), section, file.size());
     fillInLength(file.head(), section + 4, file.size());
+    rows.setReport(partOf(m_report, done, 1));
     return {};
 }
 
@@ -263,7 +292,7 @@ KPPSDError KPPSDWriter::writeImageDataSectionOn(GrowingFile& file, PackedRows& r
         rows.appendLengths(c, file);
     for (int c = 0; c < channels; ++c)
         rows.appendData(c, file);
-    return {};
+    return rows.isStopped() ? cancelledByReport() : KPPSDError();
 }
 
 } // namespace wallgrid

@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "platform/error.h"
+#include "platform/progress.h"
+
 #include <string>
 #include <string_view>
 
@@ -19,12 +22,20 @@ struct KPPSDError {
         TooLarge = 5,
         Cancelled = 6,  ///< by the report given to the writer
         NotWritten = 7, ///< the sink failed, and the message is its
+        BrokenDocumentSize = 8,
     };
 
     Code code = None;
     std::string message;
 
     explicit operator bool() const { return code != None; }
+    /// The same for who produces a file.
+    Expected<void> result() const
+    {
+        if (code == Cancelled)
+            return cancelled();
+        return code == None ? Expected<void>() : failure(message);
+    }
 };
 
 } // namespace wallgrid

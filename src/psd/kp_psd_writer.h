@@ -122,7 +122,7 @@ public:
     /// Hands the same bytes to a sink while they are made, so that only the packed rows of one layer are held at a
     /// time. What the sink was given is no file when there is an error.
     void writePSDOn(ByteSink& sink, KPPSDError* error);
-    /// What both report to; they fail with `Cancelled` when that stops them.
+    /// What both report to, also within a layer and the merged image; they fail with `Cancelled` when that stops them.
     void setReport(Report report) { m_report = std::move(report); }
 
 private:

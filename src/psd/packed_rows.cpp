@@ -13,6 +13,11 @@ namespace wallgrid {
 
 namespace {
 
+/// Packed or appended between two reports.
+constexpr std::size_t kRowsAReport = 64;
+/// Of the time that a picture takes; the rest is appending.
+constexpr double kPackingShare = 0.5;
+
 ByteBuffer packedFill(std::uint8_t fill, std::size_t samples)
 {
     const std::vector<std::uint8_t> row(samples, fill);
@@ -26,6 +31,8 @@ ByteBuffer packedFill(std::uint8_t fill, std::size_t samples)
 
 void PackedRows::start(int channels, std::size_t rows, std::size_t pixels, Margins margins)
 {
+    m_rows = rows;
+    m_rowsAdded = 0;
     m_fill = margins.fill;
     m_left = packedFill(margins.fill, margins.left);
     m_right = packedFill(margins.fill, margins.right);
@@ -50,6 +57,9 @@ void PackedRows::addFilledRows(std::size_t samples, std::size_t rows)
 
 void PackedRows::addRow(std::span<const Pixel> pixels, const Pixel* above)
 {
+    if (!goesOn(m_rowsAdded, kPackingShare * static_cast<double>(m_rowsAdded) / static_cast<double>(m_rows)))
+        return;
+    ++m_rowsAdded;
     if (above && std::memcmp(pixels.data(), above, pixels.size_bytes()) == 0) {
         for (auto& channel : m_channels)
             ++channel.back().times;
@@ -75,10 +85,24 @@ void PackedRows::appendLengths(int channel, GrowingFile& file) const
     }
 }
 
-void PackedRows::appendData(int channel, GrowingFile& file) const
+void PackedRows::appendData(int channel, GrowingFile& file)
 {
-    for (const Piece& row : m_channels[static_cast<std::size_t>(channel)])
-        file.appendRepeated({m_packed.data() + row.begin, row.length}, row.times);
+    const auto& rows = m_channels[static_cast<std::size_t>(channel)];
+    for (std::size_t i = 0; i < rows.size(); ++i) {
+        const double channels = channel + static_cast<double>(i) / static_cast<double>(rows.size());
+        const double appended = channels / static_cast<double>(m_channels.size());
+        if (!goesOn(i, kPackingShare + (1 - kPackingShare) * appended))
+            return;
+        file.appendRepeated({m_packed.data() + rows[i].begin, rows[i].length}, rows[i].times);
+    }
+}
+
+/// Asks the report at some rows only.
+bool PackedRows::goesOn(std::size_t row, double done)
+{
+    if (!m_isStopped && row % kRowsAReport == 0)
+        m_isStopped = !wallgrid::goesOn(m_report, done);
+    return !m_isStopped;
 }
 
 } // namespace wallgrid

@@ -3,11 +3,13 @@
 
 #include "platform/byte_buffer.h"
 #include "platform/color.h"
+#include "platform/progress.h"
 #include "psd/pixel_row.h"
 
 #include <cstddef>
 #include <cstdint>
 #include <span>
+#include <utility>
 #include <vector>
 
 namespace wallgrid {
@@ -28,6 +30,11 @@ public:
         std::size_t right = 0;
     };
 
+    /// Who is told how far the next picture is, from 0 when its first row is packed to 1 when all are appended. When
+    /// the report stops it, nothing more of the picture is packed or appended, and of no other one.
+    void setReport(Report report) { m_report = std::move(report); }
+    bool isStopped() const { return m_isStopped; }
+
     /// Starts a picture of at most so many rows of so many pixels, the margins not counted. Memory stays from picture
     /// to picture: pages that are new each time cost more than what is written into them.
     void start(int channels, std::size_t rows, std::size_t pixels, Margins margins);
@@ -40,9 +47,11 @@ public:
 
     /// Two bytes a row, big-endian.
     void appendLengths(int channel, GrowingFile& file) const;
-    void appendData(int channel, GrowingFile& file) const;
+    void appendData(int channel, GrowingFile& file);
 
 private:
+    bool goesOn(std::size_t row, double done);
+
     /// Where a packed row stands in m_packed, and for how many rows in a row it does.
     struct Piece {
         std::size_t begin = 0;
@@ -50,6 +59,10 @@ private:
         std::size_t times = 0;
     };
 
+    Report m_report;
+    bool m_isStopped = false;
+    std::size_t m_rows = 0; ///< of pixels that there will be, and are
+    std::size_t m_rowsAdded = 0;
     std::uint8_t m_fill = 0;
     ByteBuffer m_left, m_right;
     PixelRow m_row; ///< the one that is being packed

@@ -163,6 +163,7 @@ TEST(Writer, RefusesWhatIsNoFile)
 {
     const std::string noLayers = "2 No visible layers in the document";
     const std::string notPrepared = "4 There is no merged image of the document's size";
+    const std::string notWhole = "8 The document's size is not a whole number of pixels";
     const std::string tooLarge = "5 The document is too large for a PSD file";
     const auto writer = KPPSDWriter::init();
     const auto layer = writer->addLayerWithCGImage(test::picture({"R"}), kName);
@@ -173,7 +174,7 @@ TEST(Writer, RefusesWhatIsNoFile)
     writer->addLayerWithCGImage(nullptr, kName);
     for (const auto& [size, expected] : std::vector<std::pair<Size, std::string>>{{{-5, 5}, noLayers},
                                                                                   {{5, -5}, noLayers},
-                                                                                  {{0.5, 0.5}, notPrepared},
+                                                                                  {{0.5, 0.5}, notWhole},
                                                                                   {{30001, 1}, tooLarge},
                                                                                   {{1, 1e300}, tooLarge}}) {
         writer->setDocumentSize(size);
@@ -217,4 +218,20 @@ TEST(Writer, HandsLargeFilesOverInPieces)
     EXPECT_GT(size, 3U << 20);
     for (const std::size_t most : {std::size_t{0}, size / 2, size - 1})
         EXPECT_EQ(errorOf(*writer, most), "7 full");
+
+    double last = 0, longest = 0;
+    const auto stoppedAt = [&](double most) {
+        last = longest = 0;
+        writer->setReport([&, most](double done) {
+            longest = std::max(longest, done - last);
+            last = done;
+            return done < most;
+        });
+        return errorOf(*writer, size)[0];
+    };
+    EXPECT_EQ(stoppedAt(1.1), '0');
+    EXPECT_GT(last, 0.95) << "the merged image is told of";
+    EXPECT_LT(longest, 0.1) << "and what is done of a layer";
+    for (const double most : {0.3, 0.95})
+        EXPECT_EQ(stoppedAt(most), '6') << most;
 }
