@@ -156,7 +156,7 @@ Bytes mergedImage(const Bitmap& merged)
 
 } // namespace
 
-std::vector<std::uint8_t> plainPsd(const KPPSDWriter& writer)
+std::vector<std::uint8_t> plainPsd(KPPSDWriter& writer)
 {
     Bytes out;
     appendText(out, "8BPS");

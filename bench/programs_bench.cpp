@@ -47,7 +47,7 @@ void addMemory(std::vector<Ratio>& ratios)
 {
     // Memory comes in pages of 2 MB, which are the small excess.
     for (const auto& [size, arguments] : {std::pair("3840x2160", " 3840 2160 20"), {"16384x8192", " 16384 8192 60"}}) {
-        add(ratios, std::string("PSD memory ") + size, "pictures, merged image, file, a layer",
+        add(ratios, std::string("PSD memory ") + size, "pictures, file, a layer",
             std::string(WALLGRID_PSD_MEMORY) + arguments, 1.05);
     }
     add(ratios, "export memory 16384x8192", "raster, pictures, PSD",

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 //
 // psd_memory WIDTH HEIGHT SCREENS: makes the PSD of such a document and prints how many bytes of memory that took at
-// its peak, and how many it had to take: the merged image, the file, and the channels of the largest layer or of the
-// merged image while they are packed. The items' pictures, which are there before, count on both sides; what else the
+// its peak, and how many it had to take: the file, and the channels of the largest layer or of the merged image while
+// they are packed. The items' pictures, which are there before, count on both sides; what else the
 // process had before does not. A process of its own, because the kernel tells the peak of a whole process.
 #include "documents.h"
 
@@ -69,6 +69,6 @@ int main(int argc, char** argv)
     std::uint64_t largest = channelsOf(*merged);
     for (const auto& layer : writer->layers())
         largest = std::max(largest, channelsOf(*layer));
-    const std::uint64_t needed = bytesOf(*writer->flattenedData()) + file.size() + largest;
+    const std::uint64_t needed = file.size() + largest;
     std::cout << pictures + taken << ' ' << pictures + needed << '\n';
 }
