@@ -194,13 +194,14 @@ public:
     /// Whether the next exports tell layers of the same name apart by a number. The document keeps the names.
     void setNumbersEqualLayerNames(bool numbers) { m_numbersEqualLayerNames = numbers; }
     /// The bytes of that file: a layer for each item, invisible ones transparent, the first row on top.
-    ByteBuffer createPSDData(KPPSDError* error, const Report& report = {});
+    ByteBuffer createPSDData(KPPSDError* error);
     /// Hands these bytes to a sink while they are made. What the sink was given is no file when there is an error.
     KPPSDError writePSDOn(ByteSink& sink);
 
 private:
     Expected<Project> readProjectWithProgress(Bytes bytes) const;
-    KPPSDError makePSD(const std::function<void(KPPSDWriter&, KPPSDError*)>& make);
+    /// With a layer for each item, all of which have names then.
+    std::shared_ptr<KPPSDWriter> makePSDWriter(KPPSDError& error);
     void buildPreview();
     void compose();
     void show(ImageRef image);

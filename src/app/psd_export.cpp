@@ -9,9 +9,6 @@ namespace wallgrid {
 
 namespace {
 
-/// Of the time that an export takes; the rest is writing the file.
-constexpr double kMakingShare = 0.5;
-
 /// A layer's picture and where its top-left pixel stands, counted from the raster's top-left corner.
 struct Placed {
     BitmapRef picture;
@@ -55,12 +52,12 @@ void GXAppDelegate::nameUnnamedItems()
     }
 }
 
-KPPSDError GXAppDelegate::makePSD(const std::function<void(KPPSDWriter&, KPPSDError*)>& make)
+std::shared_ptr<KPPSDWriter> GXAppDelegate::makePSDWriter(KPPSDError& error)
 {
     const std::size_t refusedBefore = BitmapMemory::refused();
     nameUnnamedItems();
     const PixelRect output{0, 0, m_OutputWidth, m_OutputHeight};
-    const auto writer =
+    auto writer =
         KPPSDWriter::initWithDocumentSize({static_cast<double>(m_OutputWidth), static_cast<double>(m_OutputHeight)});
     const ItemArray& items = m_arraycontroller.arrangedObjects();
     const auto numbered = m_numbersEqualLayerNames ? namesWithNumbers(items) : std::vector<StringRef>();
@@ -71,30 +68,30 @@ KPPSDError GXAppDelegate::makePSD(const std::function<void(KPPSDWriter&, KPPSDEr
         writer->addLayerWithCGImage(std::move(layer.picture), numbered.empty() ? item.label() : numbered[row],
                                     item.visible() ? 1.0F : 0.0F, layer.offset);
     }
-    KPPSDError error;
-    make(*writer, &error);
-    if (!error && BitmapMemory::refused() != refusedBefore)
+    if (BitmapMemory::refused() != refusedBefore)
         error = {KPPSDError::NotPrepared, "there is not enough memory for the pictures of all layers"};
-    return error;
+    return writer;
 }
 
-ByteBuffer GXAppDelegate::createPSDData(KPPSDError* error, const Report& report)
+ByteBuffer GXAppDelegate::createPSDData(KPPSDError* error)
 {
+    KPPSDError found;
+    const auto writer = makePSDWriter(found);
     ByteBuffer file;
-    KPPSDError found = makePSD([&](KPPSDWriter& writer, KPPSDError* slot) {
-        writer.setReport(report);
-        file = writer.createPSDDataWithError(slot);
-    });
     if (!found)
-        return file;
-    if (error)
+        file = writer->createPSDDataWithError(&found);
+    if (error && found)
         *error = std::move(found);
-    return {};
+    return file;
 }
 
 KPPSDError GXAppDelegate::writePSDOn(ByteSink& sink)
 {
-    return makePSD([&](KPPSDWriter& writer, KPPSDError* error) { writer.writePSDOn(sink, error); });
+    KPPSDError error;
+    const auto writer = makePSDWriter(error);
+    if (!error)
+        writer->writePSDOn(sink, &error);
+    return error;
 }
 
 void GXAppDelegate::savePSD()
@@ -102,13 +99,22 @@ void GXAppDelegate::savePSD()
     const UrlRef chosen = m_desktop.panels.runSavePanel();
     if (!chosen)
         return nameUnnamedItems();
+    const Url location = chosen->appendingPathExtension("psd");
     m_desktop.progress.run(LongWork::ExportPSD, [&](const Report& report) {
         KPPSDError error;
-        const ByteBuffer file = createPSDData(&error, partOf(report, 0, kMakingShare));
-        if (!error)
-            m_desktop.files.writeDirectly(chosen->appendingPathExtension("psd"), file, partOf(report, kMakingShare, 1));
-        else if (error.code != KPPSDError::Cancelled)
+        const auto writer = makePSDWriter(error);
+        writer->setReport(report);
+        Expected<void> written = error.result();
+        if (!error) {
+            written = m_desktop.files.produceInPlace(location, [&](ByteSink& sink) {
+                writer->writePSDOn(sink, &error);
+                return error.result();
+            });
+        }
+        if (error && error.code != KPPSDError::NotWritten && error.code != KPPSDError::Cancelled)
             m_desktop.log.log("There was an error writing the PSD: " + error.message);
+        else if (!written)
+            m_desktop.files.report(location, written.error());
     });
 }
 

@@ -39,12 +39,11 @@ Expected<void> writePng(const Bitmap& raster, const std::string& file, std::ostr
 /// Standard output cannot go back to a length that is known later, so the file is made as a whole for it.
 Expected<void> writePsd(GXAppDelegate& delegate, const std::string& file, std::ostream& out)
 {
-    const auto resultOf = [](const KPPSDError& error) { return error ? failure(error.message) : Expected<void>(); };
     if (file != kStandardOutput)
-        return produceFileAtomically(file, [&](ByteSink& sink) { return resultOf(delegate.writePSDOn(sink)); });
+        return produceFileAtomically(file, [&](ByteSink& sink) { return delegate.writePSDOn(sink).result(); });
     KPPSDError error;
     const ByteBuffer psd = delegate.createPSDData(&error);
-    return error ? resultOf(error) : writeOutput(psd, out);
+    return error ? error.result() : writeOutput(psd, out);
 }
 
 } // namespace

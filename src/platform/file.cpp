@@ -19,6 +19,7 @@ namespace {
 constexpr off_t kMaximumFileSize = off_t{1} << 30;
 constexpr auto kNotRegular = "not a regular file";
 constexpr std::size_t kBytesAReport = std::size_t{16} << 20;
+constexpr std::size_t kBytesAPiece = std::size_t{1} << 20;
 
 std::string systemMessage(int error)
 {
@@ -119,9 +120,25 @@ int makeTemporaryFile(const std::filesystem::path& folder, mode_t mode, std::str
         path.resize(start);
         for (const std::uint8_t letter : letters)
             path += kLetters[letter % kLetters.size()];
-        fd = ::open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, mode);
+        fd = ::open(path.c_str(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, mode);
     }
     return fd;
+}
+
+/// Copies a whole file over an older one.
+Expected<void> copyOver(int from, int to)
+{
+    DescriptorSink target(to);
+    Bytes piece(kBytesAPiece);
+    off_t done = 0;
+    ssize_t count = 0;
+    while ((count = ::pread(from, piece.data(), piece.size(), done)) > 0) {
+        const auto bytes = std::span(piece).first(static_cast<std::size_t>(count));
+        if (auto written = target.replace(static_cast<std::uint64_t>(done), bytes); !written)
+            return written;
+        done += count;
+    }
+    return count == 0 && ::ftruncate(to, done) == 0 ? Expected<void>() : failure(systemMessage(errno));
 }
 
 } // namespace
@@ -204,27 +221,39 @@ Expected<void> produceFileAtomically(const std::string& path, const std::functio
     return {};
 }
 
-Expected<void> writeFile(const std::string& path, std::span<const std::uint8_t> bytes, const Report& report)
+Expected<void> produceFileInPlace(const std::string& path, const std::function<Expected<void>(ByteSink&)>& produce)
 {
-    if (isSpecial(path))
-        return failure(kNotRegular);
-    // O_NONBLOCK: opening a FIFO that has just come must not wait for a reader.
-    FileDescriptor file(::open(path.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC | O_NONBLOCK | O_NOCTTY, 0666));
+    std::error_code error;
+    const std::filesystem::path resolved = std::filesystem::weakly_canonical(path, error);
     struct stat info {};
-    if (file.get() < 0 || ::fstat(file.get(), &info) != 0)
-        return failure(systemMessage(errno));
+    if (error || ::stat(resolved.c_str(), &info) != 0)
+        return produceFileAtomically(path, produce);
     if (!S_ISREG(info.st_mode))
         return failure(kNotRegular);
-    UnfinishedFile unfinished(path);
+    FileDescriptor target(::open(resolved.c_str(), O_WRONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY));
+    if (target.get() < 0)
+        return failure(systemMessage(errno));
+
+    std::string temporary;
+    int fd = makeTemporaryFile(resolved.parent_path(), 0600, temporary);
+    if (fd < 0 && (errno == EACCES || errno == EROFS)) // the old file may be written all the same
+        fd = makeTemporaryFile(std::filesystem::temp_directory_path(error), 0600, temporary);
+    FileDescriptor file(fd);
+    if (file.get() < 0)
+        return failure(systemMessage(errno));
+    UnfinishedFile unfinished(temporary);
     DescriptorSink sink(file.get());
-    if (::ftruncate(file.get(), 0) != 0)
-        return failure(systemMessage(errno));
-    if (auto written = appendInSteps(sink, bytes, report); !written)
+    if (auto written = produce(sink); !written)
         return written;
-    if (!file.close())
-        return failure(systemMessage(errno));
-    unfinished.keep();
-    return {};
+    auto copied = copyOver(file.get(), target.get());
+    if (copied && !target.close())
+        copied = failure(systemMessage(errno));
+    if (!copied && ::fchmod(file.get(), info.st_mode & 07777) == 0 &&
+        ::rename(temporary.c_str(), resolved.c_str()) == 0) {
+        unfinished.keep();
+        copied = {};
+    }
+    return copied;
 }
 
 } // namespace wallgrid

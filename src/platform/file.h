@@ -28,9 +28,9 @@ Expected<void> writeFileAtomically(const std::string& path, std::span<const std:
 /// The same for bytes that are made on the way. When `produce` fails or throws, the file is left as it was.
 Expected<void> produceFileAtomically(const std::string& path, const std::function<Expected<void>(ByteSink&)>& produce);
 
-/// Writes over the file in place. When that fails or throws the file is removed, because half of it is no file; nothing
-/// is opened that is not a regular file.
-Expected<void> writeFile(const std::string& path, std::span<const std::uint8_t> bytes, const Report& report = {});
+/// The same, but an old file is written over in place when the new one is complete: it stays the file that its links
+/// and its owner know. When that fails the new one takes its name; only a kill in that moment leaves half of each.
+Expected<void> produceFileInPlace(const std::string& path, const std::function<Expected<void>(ByteSink&)>& produce);
 
 /// The end of an open file, which stays the caller's.
 class DescriptorSink final : public ByteSink {

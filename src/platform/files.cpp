@@ -24,11 +24,10 @@ Expected<void> Files::write(const Url& location, std::span<const std::uint8_t> b
     return reported(location, path ? writeFileAtomically(*path, bytes, report) : failure(kNotAFile));
 }
 
-Expected<void> Files::writeDirectly(const Url& location, std::span<const std::uint8_t> bytes,
-                                    const Report& report) const
+Expected<void> Files::produceInPlace(const Url& location, const std::function<Expected<void>(ByteSink&)>& produce) const
 {
     const auto path = location.filePath();
-    return reported(location, path ? writeFile(*path, bytes, report) : failure(kNotAFile));
+    return path ? produceFileInPlace(*path, produce) : failure(kNotAFile);
 }
 
 Expected<void> Files::reported(const Url& location, Expected<void> written) const

@@ -6,6 +6,7 @@
 #include "platform/log.h"
 #include "platform/url.h"
 
+#include <functional>
 #include <span>
 
 namespace wallgrid {
@@ -22,9 +23,8 @@ public:
     Expected<Bytes> read(const Url& location) const;
     /// See writeFileAtomically().
     Expected<void> write(const Url& location, std::span<const std::uint8_t> bytes, const Report& report = {}) const;
-    /// See writeFile().
-    Expected<void> writeDirectly(const Url& location, std::span<const std::uint8_t> bytes,
-                                 const Report& report = {}) const;
+    /// See produceFileInPlace(). Only the caller knows who failed, and so what to tell the log.
+    Expected<void> produceInPlace(const Url& location, const std::function<Expected<void>(ByteSink&)>& produce) const;
 
     /// Tells the log that something is wrong with a file, unless the work on it was cancelled.
     void report(const Url& location, const Error& error) const;

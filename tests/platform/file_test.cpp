@@ -68,7 +68,8 @@ TEST_F(FileTest, LeavesNothingBehindWhenTheWorkThrows)
     const Report thrower = [](double) -> bool { throw std::bad_alloc(); };
     EXPECT_THROW(static_cast<void>(writeFileAtomically(path("a"), fresh, thrower)), std::bad_alloc);
     EXPECT_EQ(readFile(path("a")).value_or(Bytes()), old);
-    EXPECT_THROW(static_cast<void>(writeFile(path("direct"), fresh, thrower)), std::bad_alloc);
+    const auto throws = [](ByteSink&) -> Expected<void> { throw std::bad_alloc(); };
+    EXPECT_THROW(static_cast<void>(produceFileInPlace(path("a"), throws)), std::bad_alloc);
     EXPECT_EQ(entries(), 1u);
 }
 
@@ -107,7 +108,7 @@ TEST_F(FileTest, RefusesWhatIsNoRegularFile)
     EXPECT_EQ(entries(), 2u);
 }
 
-TEST_F(FileTest, DeviceThatFailsAfterAnyByteLeavesTheOldFileOrNone)
+TEST_F(FileTest, DeviceThatFailsAfterAnyByteLeavesTheOldFile)
 {
     const Bytes bytes(300, 7);
     std::signal(SIGXFSZ, SIG_IGN);
@@ -120,16 +121,34 @@ TEST_F(FileTest, DeviceThatFailsAfterAnyByteLeavesTheOldFileOrNone)
         ::setrlimit(RLIMIT_FSIZE, &limit);
         return written;
     };
+    const auto inPlace = [](const std::string& file, const Bytes& content, const Report&) {
+        return produceFileInPlace(file, [&](ByteSink& sink) { return sink.append(content); });
+    };
     ASSERT_TRUE(writeFileAtomically(path("renamed"), old));
+    ASSERT_TRUE(inPlace(path("direct"), old, {}));
+    fs::create_hard_link(path("direct"), path("link"));
     for (std::size_t most = 0; most < bytes.size(); ++most) {
         SCOPED_TRACE(most);
         EXPECT_FALSE(writeWithin(most, writeFileAtomically, "renamed"));
         EXPECT_EQ(readFile(path("renamed")).value_or(Bytes()), old);
-        EXPECT_FALSE(writeWithin(most, writeFile, "direct"));
-        EXPECT_EQ(entries(), 1u) << "no other file is left";
+        EXPECT_FALSE(writeWithin(most, inPlace, "direct"));
+        EXPECT_EQ(readFile(path("direct")).value_or(Bytes()), old);
+        EXPECT_EQ(entries(), 3u) << "no other file is left";
     }
     EXPECT_TRUE(writeWithin(bytes.size(), writeFileAtomically, "renamed"));
-    EXPECT_TRUE(writeWithin(bytes.size(), writeFile, "direct"));
     EXPECT_EQ(readFile(path("renamed")).value_or(Bytes()), bytes);
+    for (const Bytes& next : {bytes, old}) {
+        EXPECT_TRUE(inPlace(path("direct"), next, {}));
+        EXPECT_EQ(readFile(path("link")).value_or(Bytes()), next);
+    }
+    const auto failsWhenCopied = [&](ByteSink& sink) {
+        auto written = sink.append(bytes);
+        const rlimit tight{100, limit.rlim_max};
+        ::setrlimit(RLIMIT_FSIZE, &tight);
+        return written;
+    };
+    EXPECT_TRUE(produceFileInPlace(path("direct"), failsWhenCopied));
+    ::setrlimit(RLIMIT_FSIZE, &limit);
     EXPECT_EQ(readFile(path("direct")).value_or(Bytes()), bytes);
+    EXPECT_EQ(entries(), 3u);
 }
