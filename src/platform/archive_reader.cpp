@@ -2,6 +2,8 @@
 #include "platform/archive_reader.h"
 
 #include "platform/archived_color.h"
+#include "platform/archived_entry.h"
+#include "platform/unicode.h"
 
 #include <algorithm>
 #include <limits>
@@ -19,25 +21,13 @@ constexpr std::uint32_t kMostClassHints = 32;
 constexpr std::size_t kLongestBaseChain = 32;
 /// The longest path that the system takes has 4096 bytes, each of at most three characters.
 constexpr std::size_t kLongestUrl = 16 << 10;
-/// Each relative URL becomes a text of its own, with that of its base in it, so many of one long base could ask for
-/// any amount. This is room for 300,000 URLs of 200 characters.
+/// Each relative URL becomes a text of its own, with that of its base in it, and so does each that is not read as it
+/// stands. Many of one long text could ask for any amount; this is room for 300,000 URLs of 200 characters.
 constexpr std::uint64_t kUrlAllowance = 64U << 20;
 
 tl::unexpected<Error> wrongValue(std::string_view key, std::string_view reason)
 {
     return failure("the value of \"" + std::string(key) + "\" " + std::string(reason));
-}
-
-/// The text when it is made of ASCII only, which is all that a URL can hold.
-std::optional<std::string> ascii(const std::u16string& text)
-{
-    std::string result(text.size(), '\0');
-    for (std::size_t i = 0; i < text.size(); ++i) {
-        if (text[i] > 0x7F)
-            return std::nullopt;
-        result[i] = static_cast<char>(text[i]);
-    }
-    return result;
 }
 
 } // namespace
@@ -150,59 +140,67 @@ StringRef ArchiveReader::shared(const PlistObject& string)
 
 Expected<UrlRef> ArchiveReader::url(const PlistObject& record, std::string_view key)
 {
-    auto uid = reference(record, key);
+    const auto reference = this->reference(record, key);
+    if (!reference)
+        return tl::unexpected(reference.error());
+    std::uint32_t uid = *reference;
+    if (uid == 0)
+        return nullptr;
+    if (const auto checked = expectClass(m_archive->entry(uid), {"NSURL"}, key); !checked)
+        return tl::unexpected(checked.error());
+
     UrlRef url;
-    std::vector<PlistObject> chain; // from the URL asked for towards its last base
-    while (uid && *uid != 0) {
-        const PlistObject entry = m_archive->entry(*uid);
+    std::vector<std::uint32_t> chain; // from the URL asked for towards its last base
+    while (uid != 0) {
+        const PlistObject entry = m_archive->entry(uid);
         if (const auto known = m_urls.find(entry.index()); known != m_urls.end()) {
             url = known->second;
+            uid = 0;
+        } else if (chain.size() == kLongestBaseChain || classAmong(entry, {"NSURL"}).empty() ||
+                   std::find(chain.begin(), chain.end(), uid) != chain.end()) {
             break;
+        } else {
+            chain.push_back(uid);
+            uid = this->reference(entry, "NS.base").value_or(0);
         }
-        if (const auto checked = expectClass(entry, {"NSURL"}, key); !checked)
-            return tl::unexpected(checked.error());
-        if (chain.size() == kLongestBaseChain)
-            return wrongValue(key, "is a URL with too many bases");
-        chain.push_back(entry);
-        uid = reference(entry, "NS.base");
     }
-    if (!uid)
-        return tl::unexpected(uid.error());
-
-    for (; !chain.empty(); chain.pop_back()) {
-        const auto relative = string(chain.back(), "NS.relative");
-        if (!relative)
-            return tl::unexpected(relative.error());
-        if (url && *relative) {
-            const std::uint64_t cost = url->absoluteString().size() + (*relative)->size();
-            if (cost > m_urlAllowance)
-                return wrongValue(key, "is one of too many relative URLs");
-            m_urlAllowance -= cost;
-        }
-        url = resolved(url, *relative);
-        if (url && url->absoluteString().size() > kLongestUrl)
-            return wrongValue(key, "is a URL that is too long");
-        m_urls[chain.back().index()] = url;
+    for (bool isSound = uid == 0; !chain.empty(); chain.pop_back()) {
+        isSound = isSound && !(url && url->archivedForm());
+        url = resolved(chain.back(), url, isSound);
+        m_urls[m_archive->entry(chain.back()).index()] = url;
     }
     return url;
 }
 
-UrlRef ArchiveReader::resolved(const UrlRef& base, const StringRef& relative)
+UrlRef ArchiveReader::urlOfText(const StringRef& text)
 {
-    if (!relative)
+    if (text->size() > kLongestUrl)
         return nullptr;
-    if (!base) {
-        if (const auto known = m_absoluteUrls.find(relative); known != m_absoluteUrls.end())
-            return known->second;
+    UrlRef& url = m_urlsOfTexts[text];
+    if (!url)
+        url = std::make_shared<const Url>(Url::fromLooseString(toUtf8(*text)));
+    return url->absoluteString().size() > kLongestUrl ? nullptr : url;
+}
+
+UrlRef ArchiveReader::resolved(std::uint32_t uid, const UrlRef& base, bool hasSoundBase)
+{
+    const auto text = string(m_archive->entry(uid), "NS.relative").value_or(nullptr);
+    const UrlRef own = text ? urlOfText(text) : nullptr;
+    // Escapes make a text longer.
+    const bool isSound = hasSoundBase && own && own->absoluteString().size() == text->size();
+    if (isSound && !base)
+        return own;
+    std::optional<Url> url;
+    const std::uint64_t cost = own ? own->absoluteString().size() + (base ? base->absoluteString().size() : 0) : 0;
+    if (own && cost <= m_urlAllowance) {
+        m_urlAllowance -= cost;
+        url = base ? Url::resolve(*base, own->absoluteString()) : *own;
     }
-    UrlRef result;
-    if (const auto text = ascii(*relative)) {
-        if (auto url = base ? Url::resolve(*base, *text) : Url::fromString(*text))
-            result = std::make_shared<const Url>(std::move(*url));
-    }
-    if (!base)
-        m_absoluteUrls[relative] = result;
-    return result;
+    const bool fits = url && url->absoluteString().size() <= kLongestUrl;
+    if (fits && isSound)
+        return std::make_shared<const Url>(std::move(*url));
+    return std::make_shared<const Url>(
+        (fits ? *url : Url::fromLooseString("")).withArchivedForm(std::make_shared<ArchivedEntry>(m_archive, uid)));
 }
 
 Expected<ColorRef> ArchiveReader::color(const PlistObject& record, std::string_view key)
@@ -217,10 +215,7 @@ Expected<ColorRef> ArchiveReader::color(const PlistObject& record, std::string_v
         return known->second;
     if (const auto checked = expectClass(entry, {"NSColor"}, key); !checked)
         return tl::unexpected(checked.error());
-    auto color = readColor(*this, *uid);
-    if (color)
-        m_colors[entry.index()] = *color;
-    return color;
+    return m_colors[entry.index()] = readColor(*this, *uid);
 }
 
 std::optional<PlistObject> ArchiveReader::classDescription(const PlistObject& entry)

@@ -30,7 +30,8 @@ public:
     /// The bytes of a data object; none for nil.
     Expected<std::vector<std::uint8_t>> dataObject(const PlistObject& record, std::string_view key);
     Expected<StringRef> string(const PlistObject& record, std::string_view key);
-    /// Text that is no URL and a record without text give an empty reference.
+    /// A location that is not read as it stands (text that is no URL, no text, too much of it, a base that is none or
+    /// never ends) comes as near as it can be, and keeps its archived form.
     Expected<UrlRef> url(const PlistObject& record, std::string_view key);
     Expected<ColorRef> color(const PlistObject& record, std::string_view key);
 
@@ -47,7 +48,10 @@ private:
     Expected<void> expectClass(const PlistObject& entry, std::initializer_list<std::string_view> known,
                                std::string_view key);
     StringRef shared(const PlistObject& string);
-    UrlRef resolved(const UrlRef& base, const StringRef& relative);
+    /// A text as a URL by itself; empty for one that is too long.
+    UrlRef urlOfText(const StringRef& text);
+    /// The URL of an entry seen from its base; a base that is no URL is not sound.
+    UrlRef resolved(std::uint32_t uid, const UrlRef& base, bool hasSoundBase);
 
     std::shared_ptr<const KeyedArchive> m_archive;
     DictionaryLookup m_lookup;
@@ -55,9 +59,8 @@ private:
     std::unordered_map<std::uint32_t, StringRef> m_strings;
     std::unordered_map<std::uint32_t, ColorRef> m_colors;
     std::unordered_map<std::uint32_t, UrlRef> m_urls;
-    /// URLs without a base, by their text.
-    std::unordered_map<StringRef, UrlRef> m_absoluteUrls;
-    /// How many characters may still be read to resolve relative URLs.
+    std::unordered_map<StringRef, UrlRef> m_urlsOfTexts;
+    /// How many characters may still be made for URLs that are not just their text.
     std::uint64_t m_urlAllowance;
 };
 

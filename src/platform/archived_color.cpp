@@ -2,6 +2,7 @@
 #include "platform/archived_color.h"
 
 #include "platform/archive_reader.h"
+#include "platform/archived_entry.h"
 #include "platform/component_text.h"
 
 #include <algorithm>
@@ -60,91 +61,73 @@ std::optional<Space> paintableSpace(std::int32_t id, std::int32_t spaceId)
     }
 }
 
+// What cannot be read is taken for left out, as it is in a copy of the record.
+
+std::int32_t integer(ArchiveReader& reader, const PlistObject& record, std::string_view key)
+{
+    return reader.integer(record, key).value_or(0);
+}
+
+std::span<const std::uint8_t> data(ArchiveReader& reader, const PlistObject& record, std::string_view key)
+{
+    return reader.data(record, key).value_or(std::span<const std::uint8_t>());
+}
+
 /// The entry whose components are painted: the colour itself, or what a chain of named colours stands for; 0 when that
-/// is left out.
-Expected<std::uint32_t> paintedEntry(ArchiveReader& reader, std::uint32_t uid)
+/// is no colour or never ends.
+std::uint32_t paintedEntry(ArchiveReader& reader, std::uint32_t uid)
 {
     for (int i = 0; i < kLongestNameChain; ++i) {
         const PlistObject entry = reader.archive()->entry(uid);
-        const auto colorSpace = reader.integer(entry, "NSColorSpace");
-        if (!colorSpace)
-            return tl::unexpected(colorSpace.error());
-        if (*colorSpace != kNamed)
+        if (integer(reader, entry, "NSColorSpace") != kNamed)
             return uid;
-        const auto next = reader.reference(entry, "NSColor");
-        if (!next || *next == 0)
-            return next;
-        if (reader.classAmong(reader.archive()->entry(*next), {"NSColor"}).empty())
-            return failure("a named colour stands for something that is no colour");
-        uid = *next;
+        uid = reader.reference(entry, "NSColor").value_or(0);
+        if (uid == 0 || reader.classAmong(reader.archive()->entry(uid), {"NSColor"}).empty())
+            return 0;
     }
-    return failure("a named colour stands for itself");
+    return 0;
 }
 
 /// The components in the colour's own space, where those can be painted; nothing where the converted ones are wanted.
-Expected<std::optional<Painted>> ownComponents(ArchiveReader& reader, const PlistObject& entry)
+std::optional<Painted> ownComponents(ArchiveReader& reader, const PlistObject& entry)
 {
-    const auto uid = reader.reference(entry, "NSCustomColorSpace");
-    const auto bytes = reader.data(entry, "NSComponents");
-    if (!uid)
-        return tl::unexpected(uid.error());
-    if (!bytes)
-        return tl::unexpected(bytes.error());
-    if (*uid == 0 || bytes->empty())
+    const std::uint32_t uid = reader.reference(entry, "NSCustomColorSpace").value_or(0);
+    const auto bytes = data(reader, entry, "NSComponents");
+    if (uid == 0 || bytes.empty())
         return std::nullopt;
-    const PlistObject colorSpace = reader.archive()->entry(*uid);
+    const PlistObject colorSpace = reader.archive()->entry(uid);
     if (reader.classAmong(colorSpace, {"NSColorSpace"}).empty())
-        return failure("the colour space of a colour is of another kind");
-    const auto id = reader.integer(colorSpace, "NSID");
-    const auto spaceId = reader.integer(colorSpace, "NSSpaceID");
-    if (!id)
-        return tl::unexpected(id.error());
-    if (!spaceId)
-        return tl::unexpected(spaceId.error());
-    const auto space = paintableSpace(*id, *spaceId);
+        return std::nullopt;
+    const auto space = paintableSpace(integer(reader, colorSpace, "NSID"), integer(reader, colorSpace, "NSSpaceID"));
     if (!space)
         return std::nullopt;
-    return Painted{*space, ComponentText::parse(*bytes, componentCount(*space))};
+    return Painted{*space, ComponentText::parse(bytes, componentCount(*space))};
 }
 
-Expected<Painted> paintedComponents(ArchiveReader& reader, const PlistObject& entry)
+Painted paintedComponents(ArchiveReader& reader, const PlistObject& entry)
 {
-    const auto colorSpace = reader.integer(entry, "NSColorSpace");
-    if (!colorSpace)
-        return tl::unexpected(colorSpace.error());
-    if (*colorSpace <= 0)
-        return failure("a colour names no kind of colour");
-    const auto space = spaceOf(*colorSpace);
+    const auto space = spaceOf(integer(reader, entry, "NSColorSpace"));
     if (!space)
-        return Painted{};
-    const auto own = ownComponents(reader, entry);
-    if (!own)
-        return tl::unexpected(own.error());
-    if (*own)
-        return **own;
-    const auto bytes = reader.data(entry, plainColorForm(*space).componentKey);
-    if (!bytes)
-        return tl::unexpected(bytes.error());
-    return Painted{*space, ComponentText::parse(*bytes, componentCount(*space))};
+        return {};
+    if (const auto own = ownComponents(reader, entry))
+        return *own;
+    const auto bytes = data(reader, entry, plainColorForm(*space).componentKey);
+    return {*space, ComponentText::parse(bytes, componentCount(*space))};
 }
 
 /// Whether the archiver would write just this record for these components: three keys (with $class), the same text.
 bool isPlain(ArchiveReader& reader, const PlistObject& entry, const Painted& painted)
 {
-    const auto bytes = reader.data(entry, plainColorForm(painted.space).componentKey);
-    if (entry.size() != 3 || !bytes || reader.className(entry) != "NSColor")
+    const PlainColorForm plain = plainColorForm(painted.space);
+    const auto bytes = reader.data(entry, plain.componentKey);
+    if (entry.size() != 3 || !bytes || reader.className(entry) != "NSColor" ||
+        integer(reader, entry, "NSColorSpace") != plain.colorSpace)
         return false;
     const std::string text = painted.numbers.format(componentCount(painted.space));
     return std::equal(bytes->begin(), bytes->end(), text.begin(), text.end());
 }
 
 } // namespace
-
-ArchivedColorForm::ArchivedColorForm(std::shared_ptr<const KeyedArchive> archive, std::uint32_t uid)
-    : m_archive(std::move(archive))
-    , m_uid(uid)
-{
-}
 
 PlainColorForm plainColorForm(Color::Space space)
 {
@@ -163,21 +146,13 @@ PlainColorForm plainColorForm(Color::Space space)
     return {5, "NSCMYK"};
 }
 
-Expected<ColorRef> readColor(ArchiveReader& reader, std::uint32_t uid)
+ColorRef readColor(ArchiveReader& reader, std::uint32_t uid)
 {
-    const auto entryUid = paintedEntry(reader, uid);
-    if (!entryUid)
-        return tl::unexpected(entryUid.error());
-    Painted painted;
-    if (*entryUid != 0) {
-        const auto read = paintedComponents(reader, reader.archive()->entry(*entryUid));
-        if (!read)
-            return tl::unexpected(read.error());
-        painted = *read;
-    }
+    const std::uint32_t entryUid = paintedEntry(reader, uid);
+    const Painted painted = entryUid == 0 ? Painted() : paintedComponents(reader, reader.archive()->entry(entryUid));
     std::shared_ptr<const ArchivedForm> form;
-    if (*entryUid != uid || !isPlain(reader, reader.archive()->entry(uid), painted))
-        form = std::make_shared<ArchivedColorForm>(reader.archive(), uid);
+    if (entryUid != uid || !isPlain(reader, reader.archive()->entry(uid), painted))
+        form = std::make_shared<ArchivedEntry>(reader.archive(), uid);
     return std::make_shared<const Color>(painted.space, painted.numbers.components, painted.numbers.alpha,
                                          std::move(form));
 }

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "platform/archived_form.h"
+
 #include <array>
 #include <cstdint>
 #include <memory>
@@ -12,16 +14,6 @@ class Color;
 
 /// Colours are values that never change, shared by everyone who shows them. An empty reference is "no colour".
 using ColorRef = std::shared_ptr<const Color>;
-
-/// The record that a colour was read from, kept so that a colour that nobody edited is written again with every key
-/// it came with (an ICC profile, a catalogue name). Only the keyed archiver looks inside.
-class ArchivedForm {
-public:
-    ArchivedForm() = default;
-    ArchivedForm(const ArchivedForm&) = delete;
-    ArchivedForm& operator=(const ArchivedForm&) = delete;
-    virtual ~ArchivedForm() = default;
-};
 
 /// One pixel of a Bitmap: 8 bits a sample in memory order A, R, G, B, colour premultiplied by alpha.
 struct Pixel {

@@ -2,6 +2,7 @@
 #include "platform/keyed_archiver.h"
 
 #include "platform/archived_color.h"
+#include "platform/archived_entry.h"
 #include "platform/component_text.h"
 
 #include <utility>
@@ -125,6 +126,8 @@ KeyedArchiver::Uid KeyedArchiver::add(const UrlRef& url)
 {
     if (!url)
         return 0;
+    if (const auto* form = dynamic_cast<const ArchivedEntry*>(url->archivedForm().get()))
+        return m_copier.copy(form->archive(), form->uid());
     const auto [uid, isNew] = entryOf(url);
     if (isNew) {
         Record record;
@@ -141,7 +144,7 @@ KeyedArchiver::Uid KeyedArchiver::add(const ColorRef& color)
 {
     if (!color)
         return 0;
-    if (const auto* form = dynamic_cast<const ArchivedColorForm*>(color->archivedForm().get()))
+    if (const auto* form = dynamic_cast<const ArchivedEntry*>(color->archivedForm().get()))
         return m_copier.copy(form->archive(), form->uid());
     const auto [uid, isNew] = entryOf(color);
     if (isNew) {

@@ -28,7 +28,7 @@ public:
     // Errors: a reference to no object of the archive, or to one of another class.
     StringRef decodeString(std::string_view key);
     ColorRef decodeColor(std::string_view key);
-    /// Text that is no URL reads as an empty reference.
+    /// See ArchiveReader::url().
     UrlRef decodeUrl(std::string_view key);
     std::vector<std::uint8_t> decodeData(std::string_view key);
 

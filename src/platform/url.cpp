@@ -8,6 +8,8 @@ namespace wallgrid {
 
 namespace {
 
+/// What a URL may hold beside letters, digits and escapes.
+constexpr std::string_view kMarks = "-._~:/?#[]@!$&'()*+,;=";
 constexpr std::string_view kHexDigits = "0123456789ABCDEF";
 
 bool isLetter(char c)
@@ -36,6 +38,18 @@ bool isEscape(std::string_view text, std::size_t at)
     return text[at] == '%' && text.size() - at > 2 && hexValue(text[at + 1]) >= 0 && hexValue(text[at + 2]) >= 0;
 }
 
+/// Whether a URL may hold the character, of an escape its three characters.
+bool isLegal(std::string_view text, std::size_t at)
+{
+    return isAlphanumeric(text[at]) || kMarks.find(text[at]) != kMarks.npos || isEscape(text, at);
+}
+
+void appendEscaped(char c, std::string& text)
+{
+    const auto byte = static_cast<unsigned char>(c);
+    text += {'%', kHexDigits[byte >> 4], kHexDigits[byte & 15]};
+}
+
 /// Everything that may stand in a path segment is kept, but for the semicolon, which older systems read as the start
 /// of parameters.
 std::string escaped(std::string_view text, std::string_view alsoKept)
@@ -47,8 +61,7 @@ std::string escaped(std::string_view text, std::string_view alsoKept)
         if (isAlphanumeric(c) || kKept.find(c) != kKept.npos || alsoKept.find(c) != alsoKept.npos) {
             result += c;
         } else {
-            const auto byte = static_cast<unsigned char>(c);
-            result += {'%', kHexDigits[byte >> 4], kHexDigits[byte & 15]};
+            appendEscaped(c, result);
         }
     }
     return result;
@@ -190,12 +203,24 @@ Url::Url(std::string text)
 
 std::optional<Url> Url::fromString(std::string_view text)
 {
-    constexpr std::string_view kMarks = "-._~:/?#[]@!$&'()*+,;=";
     for (std::size_t i = 0; i < text.size(); ++i) {
-        if (!isAlphanumeric(text[i]) && kMarks.find(text[i]) == kMarks.npos && !isEscape(text, i))
+        if (!isLegal(text, i))
             return std::nullopt;
     }
     return Url(std::string(text));
+}
+
+Url Url::fromLooseString(std::string_view utf8)
+{
+    std::string text;
+    text.reserve(utf8.size());
+    for (std::size_t i = 0; i < utf8.size(); ++i) {
+        if (isLegal(utf8, i))
+            text += utf8[i];
+        else
+            appendEscaped(utf8[i], text);
+    }
+    return Url(std::move(text));
 }
 
 Url Url::fromFilePath(std::string_view absolutePath)
@@ -230,6 +255,13 @@ std::optional<Url> Url::resolve(const Url& base, std::string_view relative)
     else if (from.authority)
         merged = "/";
     return Url(joined(target, withoutDotSegments(merged.append(target.path))));
+}
+
+Url Url::withArchivedForm(std::shared_ptr<const ArchivedForm> form) const
+{
+    Url url(m_text);
+    url.m_archivedForm = std::move(form);
+    return url;
 }
 
 std::string Url::path() const

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "platform/archived_form.h"
+
 #include <memory>
 #include <optional>
 #include <string>
@@ -19,6 +21,9 @@ public:
     /// Nothing when the text holds a character that a URL may not hold (a space, a control, anything outside ASCII,
     /// one of "<>\^`{|}) or a % without two hexadecimal digits. A relative reference is fine.
     static std::optional<Url> fromString(std::string_view text);
+
+    /// The same with what a URL may not hold percent-escaped, UTF-8 byte by byte: "file:///a b" as "file:///a%20b".
+    static Url fromLooseString(std::string_view utf8);
 
     /// "/a b" becomes "file:///a%20b". The path is absolute and taken byte for byte.
     static Url fromFilePath(std::string_view absolutePath);
@@ -43,12 +48,17 @@ public:
     /// With a further extension on the last path component ("wall.MPR" becomes "wall.MPR.mpr").
     Url appendingPathExtension(std::string_view extension) const;
 
+    /// The same location, written to an archive as the record that it was read from.
+    Url withArchivedForm(std::shared_ptr<const ArchivedForm> form) const;
+    const std::shared_ptr<const ArchivedForm>& archivedForm() const { return m_archivedForm; }
+
     bool operator==(const Url&) const = default;
 
 private:
     explicit Url(std::string text);
 
     std::string m_text;
+    std::shared_ptr<const ArchivedForm> m_archivedForm;
 };
 
 } // namespace wallgrid

@@ -15,6 +15,8 @@ std::optional<QString> imageFile(const GXItem& item)
     const UrlRef location = still ? still->ImageURL() : nullptr;
     if (!location)
         return std::nullopt;
+    if (location->absoluteString().empty())
+        return QObject::tr("a location that cannot be read");
     const auto path = location->filePath();
     return shownText(path ? QFile::decodeName(path->c_str()) : QString::fromStdString(location->absoluteString()),
                      kLongestPath);

@@ -3,6 +3,7 @@
 our code."""
 
 import base64
+import collections
 import itertools
 import json
 import os
@@ -16,7 +17,7 @@ from plistlib import UID
 
 sys.path.insert(0, str(pathlib.Path(__file__).parents[1] / "hostile"))
 import corpus
-from corpus import EITHER, REFUSED, SAME, colour_space, made
+from corpus import EITHER, OPENED, REFUSED, SAME, colour_space, made
 from raw_archive import *
 
 LARGEST, SMALLEST = 2 ** 31 - 1, -2 ** 31
@@ -157,6 +158,7 @@ class Archives(unittest.TestCase):
         parts = (corpus.property_lists, corpus.hostile_graphs, corpus.frames, corpus.index_sets, corpus.variations)
         cases = [*itertools.chain(*(part() for part in parts)),
                  *((name, REFUSED, made(fault)) for name, fault in corpus.FAULTS.items()),
+                 *((name, OPENED, made(oddity)) for name, oddity in corpus.ODDITIES.items()),
                  *((name, SAME, made(form)) for name, form in corpus.FORMS.items())]
         found = self.read([data for *_, data in cases])
         for project in found:
@@ -194,25 +196,38 @@ class Archives(unittest.TestCase):
         self.assertNotIn("imageFile", bare_still)
         self.assertEqual(dict(zip(HEIGHTS, (project["height"] for project in projects[3:]), strict=True)), HEIGHTS)
 
-    def test_texts_that_are_no_url_are_none(self):
-        texts = "/with space", "file:///\u00e4", "%zz"
-        files = [made(lambda p: p.entries.__setitem__(LINK_TEXT, p.utf16(text))) for text in texts]
-        files.append(made(lambda p: p.remove(LINK, "NS.relative")))
-        for project in self.read(files):
-            self.assertNotIn("imageFile", project["items"][1])
+    def test_what_is_not_read_is_kept(self):
+        def records(data):
+            """The keys of each colour and each location."""
+            return collections.Counter(
+                tuple(sorted(entry)) for entry in plistlib.loads(data)["$objects"] if isinstance(entry, dict)
+                and not entry.keys().isdisjoint(("NSRGB", "NSColorSpace", "NS.base", "NS.relative")))
 
-    def test_the_first_error_is_told(self):
+        texts = {"file:///w \u00e4\\%.png": "/w \u00e4\\%.png", "/with space": "none", "file:///" + "x" * 2 ** 15: "none"}
+        for text, file in texts.items():
+            data = made(lambda p: p.entries.__setitem__(LINK_TEXT, p.utf16(text)))
+            with self.subTest(text[:20]):
+                self.assertEqual(self.read([data])[0]["items"][1]["imageFile"], file)
+                self.assertIn(text, plistlib.loads(self.copied(data))["$objects"])
+        for name, oddity in (corpus.ODDITIES | {"no text": lambda p: p.remove(LINK, "NS.relative")}).items():
+            with self.subTest(name):
+                data = made(oddity)
+                copy = self.copied(data)
+                self.assertFalse(records(data) - records(copy), "lost")
+                self.assertEqual(self.copied(copy), copy)
+
+    def test_relative_urls_are_read_within_reason(self):
         def relative_urls(p):
             base = p.record(LINK_CLASS, NS_relative=p.uid(p.add(p.text("file:///" + "x" * 16000 + "/"))))
             text = p.uid(p.add(p.text("a")))
             p.items(*[p.record(STILL_CLASS, imageURL=p.uid(p.record(LINK_CLASS, NS_base=p.uid(base), NS_relative=text)))
                       for _ in range(5000)])
-        faults = {
-            'GXScreen: the value of "col" is not an integer': lambda p: p.set(SCREEN, col=p.text("4"), label=p.uid(999)),
-            'GXStill: the value of "imageURL" is one of too many relative URLs': relative_urls,
-        }
-        self.assertEqual([project.get("refused") for project in self.read([made(fault) for fault in faults.values()])],
-                         list(faults))
+        files = [item["imageFile"] for item in self.read([made(relative_urls)])[0]["items"]]
+        self.assertEqual((files[0], files[-1]), ("/" + "x" * 16000 + "/a", "none"))
+
+    def test_the_first_error_is_told(self):
+        fault = made(lambda p: p.set(SCREEN, col=p.text("4"), label=p.uid(999)))
+        self.assertEqual(self.read([fault]), [{"refused": 'GXScreen: the value of "col" is not an integer'}])
 
     def test_colours(self):
         def coloured(p, space, key, data):
