@@ -115,6 +115,8 @@ void PreviewSurface::press(QPointF point, Qt::KeyboardModifiers modifiers)
 void PreviewSurface::mouseMoveEvent(QMouseEvent* event)
 {
     ZoomView::mouseMoveEvent(event);
+    if (!event->buttons().testFlag(Qt::LeftButton))
+        endDrag(); // another window got the release
     if (isPanning())
         return;
     const bool far = m_press && (event->position() - m_press->position).manhattanLength() >= kDragDistance;
@@ -240,6 +242,7 @@ void PreviewSurface::focusOutEvent(QFocusEvent* event)
 {
     m_showsFocus = false;
     endNudge();
+    endDrag();
     ZoomView::focusOutEvent(event);
 }
 

@@ -141,6 +141,10 @@ void ZoomView::mousePressEvent(QMouseEvent* event)
 
 void ZoomView::mouseMoveEvent(QMouseEvent* event)
 {
+    if (m_panFrom && event->buttons() == Qt::NoButton) { // another window got the release
+        m_panFrom.reset();
+        showCursor();
+    }
     if (m_panFrom) {
         const QPoint to = (event->position() * devicePixelRatioF()).toPoint();
         m_viewport.pan(to - *std::exchange(m_panFrom, to));

@@ -164,6 +164,18 @@ private slots:
         QCOMPARE(wall.xpoint(), x);
         QCOMPARE(begun.count(), 2);
         QCOMPARE(ended.count(), 2);
+
+        // Another window gets the release: the pointer comes back without a button, or the focus is gone.
+        drag(surface, at(surface, x + 50, 500), near);
+        const std::int32_t left = wall.xpoint();
+        QMouseEvent back(QEvent::MouseMove, from, surface.mapToGlobal(from), Qt::NoButton, Qt::NoButton, {});
+        QCoreApplication::sendEvent(&surface, &back);
+        QCOMPARE(wall.xpoint(), left);
+        QCOMPARE(ended.count(), 3);
+        surface.setFocus();
+        drag(surface, at(surface, left + 50, 500), from);
+        program.window().table()->setFocus();
+        QCOMPARE(ended.count(), 4);
     }
 
     void clicksSelect()
@@ -245,6 +257,9 @@ private slots:
         drag(surface, place.toPoint(), place.toPoint() + QPoint(20, 10));
         release(surface, place.toPoint());
         QTest::keyRelease(&surface, Qt::Key_Space);
+        QMouseEvent back(QEvent::MouseMove, place, surface.mapToGlobal(place), Qt::NoButton, Qt::NoButton, {});
+        QTest::mousePress(&surface, Qt::MiddleButton, {}, QPoint());
+        QCoreApplication::sendEvent(&surface, &back); // another window got the release
         const QPoint moved = surface.viewport().picture().topLeft() - before;
         QVERIFY((moved - QPointF(20, 10) * surface.devicePixelRatioF()).manhattanLength() <= 2);
         QCOMPARE(program.item().xpoint(), 0);
