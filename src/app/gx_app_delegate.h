@@ -188,11 +188,14 @@ public:
     /// Writes the raster of the last composition as a PNG chosen in a save panel; "png" is appended unless it is there.
     void saveAction();
     /// Writes the items as they were last rendered as a layered PSD chosen in a save panel, in place, "psd" appended in
-    /// any case. Items without a name get one, "Untitled %i", also when the panel is cancelled.
+    /// any case, unless the location is whole. Items without a name get one, "Untitled %i", also when the panel is
+    /// cancelled.
     void savePSD();
     bool hasEqualLayerNames() const;
     /// Whether the next exports tell layers of the same name apart by a number. The document keeps the names.
     void setNumbersEqualLayerNames(bool numbers) { m_numbersEqualLayerNames = numbers; }
+    /// Whether the panel for the next PSDs answers with the file's own location.
+    void setPSDLocationIsWhole(bool whole) { m_PSDLocationIsWhole = whole; }
     /// The bytes of that file: a layer for each item, invisible ones transparent, the first row on top.
     ByteBuffer createPSDData(KPPSDError* error);
     /// Hands these bytes to a sink while they are made. What the sink was given is no file when there is an error.
@@ -228,6 +231,7 @@ private:
     std::int32_t m_screenNumber = 0;
     std::int32_t m_draggedTV = 0;
     bool m_numbersEqualLayerNames = false;
+    bool m_PSDLocationIsWhole = false;
     std::shared_ptr<Sheet> m_AddWindow;
     std::shared_ptr<Sheet> m_aboutWindow;
     std::shared_ptr<WindowController> m_outputPreview;

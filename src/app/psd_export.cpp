@@ -99,7 +99,7 @@ void GXAppDelegate::savePSD()
     const UrlRef chosen = m_desktop.panels.runSavePanel();
     if (!chosen)
         return nameUnnamedItems();
-    const Url location = chosen->appendingPathExtension("psd");
+    const Url location = m_PSDLocationIsWhole ? *chosen : chosen->appendingPathExtension("psd");
     m_desktop.progress.run(LongWork::ExportPSD, [&](const Report& report) {
         KPPSDError error;
         const auto writer = makePSDWriter(error);

@@ -75,7 +75,9 @@ void FileMenu::exportPsd()
                           tr("Some layers have the same name. In the file a number can tell them apart."),
                           [this](bool numbers) { m_delegate.setNumbersEqualLayerNames(numbers); }};
     }
+    m_delegate.setPSDLocationIsWhole(true);
     write(std::move(purpose), &GXAppDelegate::savePSD);
+    m_delegate.setPSDLocationIsWhole(false);
 }
 
 void FileMenu::write(PanelPurpose purpose, void (GXAppDelegate::*action)())

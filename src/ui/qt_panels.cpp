@@ -42,21 +42,13 @@ UrlRef toUrl(const QString& path)
     return std::make_shared<const Url>(Url::fromFilePath({bytes.constData(), static_cast<std::size_t>(bytes.size())}));
 }
 
-/// The file that is meant by what was typed: an extension that is added in any case need not be typed, but may.
-QString meantPath(QString chosen, const PanelPurpose& purpose)
-{
-    const QString extension = u'.' + purpose.extension;
-    if (purpose.always && chosen.endsWith(extension, Qt::CaseInsensitive) && QFileInfo(chosen).fileName() != extension)
-        chosen.chop(extension.size());
-    return chosen;
-}
-
 /// The file that will be written for a chosen one.
 QString writtenPath(const QString& chosen, const PanelPurpose& purpose)
 {
-    const QString& extension = purpose.extension;
-    const bool complete = extension.isEmpty() || (!purpose.always && QFileInfo(chosen).suffix() == extension);
-    return complete ? chosen : chosen + u'.' + extension;
+    const auto letters = purpose.whole ? Qt::CaseInsensitive : Qt::CaseSensitive;
+    const bool complete =
+        purpose.extension.isEmpty() || QFileInfo(chosen).suffix().compare(purpose.extension, letters) == 0;
+    return complete ? chosen : chosen + u'.' + purpose.extension;
 }
 
 } // namespace
@@ -111,7 +103,7 @@ UrlRef QtPanels::runSavePanel()
         dialog.selectFile(purpose.name + u'.' + purpose.extension);
     const QCheckBox* option = purpose.option.text.isEmpty() ? nullptr : addOption(dialog, purpose.option);
     for (;;) {
-        const QString chosen = meantPath(run(dialog), purpose);
+        const QString chosen = run(dialog);
         if (chosen.isEmpty())
             return nullptr;
         const QString written = writtenPath(chosen, purpose);
@@ -121,7 +113,7 @@ UrlRef QtPanels::runSavePanel()
             purpose.option.apply(option->isChecked());
         if (purpose.chosen)
             purpose.chosen(written);
-        return toUrl(chosen);
+        return toUrl(purpose.whole ? written : chosen);
     }
 }
 

@@ -14,9 +14,9 @@ namespace wallgrid {
 /// What a file panel is about to be opened for.
 struct PanelPurpose {
     QString title;
-    QString nameFilter;  ///< as QFileDialog has it, may be empty; all files can always be chosen
-    QString extension;   ///< what a new file gets unless it has exactly that one, without the point; may be empty
-    bool always = false; ///< who writes the file adds it in any case
+    QString nameFilter; ///< as QFileDialog has it, may be empty; all files can always be chosen
+    QString extension;  ///< what a new file gets unless it has exactly that one, without the point; may be empty
+    bool whole = false; ///< the panel adds it, unless the file has it in any letters; else who writes the file does
 
     /// A check box in a save panel, unticked at first, and who is told its state when a file is chosen.
     struct Option {

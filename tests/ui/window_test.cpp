@@ -461,6 +461,17 @@ private slots:
         });
         QCOMPARE(save(), QString("wall.mpr"));
 
+        QFile(folder.filePath("wall.PSD")).open(QIODevice::WriteOnly);
+        whenAsked<QFileDialog>([&](QFileDialog& dialog) {
+            whenAsked<QMessageBox>([&](QMessageBox& question) {
+                QVERIFY(question.text().contains("wall.PSD"));
+                question.button(QMessageBox::Yes)->click();
+            });
+            acceptFile(dialog, "wall.PSD");
+        });
+        panels.prepare({"Export", "Photoshop documents (*.psd)", "psd", true});
+        QCOMPARE(fileName(panels.runSavePanel()), QString("wall.PSD"));
+
         choose("wall.txt");
         QCOMPARE(fileName(panels.runOpenPanel()), QString("wall.txt"));
         whenAsked<QFileDialog>([](QFileDialog& dialog) { dialog.reject(); });
