@@ -3,6 +3,7 @@
 #include "platform/png_encoder.h"
 
 #include <cstddef>
+#include <utility>
 
 namespace wallgrid {
 
@@ -38,6 +39,8 @@ void GXAppDelegate::saveProject()
 
 void GXAppDelegate::loadProject(const Project& project)
 {
+    // A pass in between would show new items over the old ones.
+    const bool mayUpdate = std::exchange(m_shouldUpdate, false);
     const ItemArray old = m_arraycontroller.arrangedObjects();
     setOutputHeight(project.outputHeight);
     setOutputWidth(project.outputWidth);
@@ -46,6 +49,8 @@ void GXAppDelegate::loadProject(const Project& project)
         m_arraycontroller.insertObjectAtArrangedObjectIndex(item, index++);
     m_arraycontroller.removeObjects(old);
     m_arraycontroller.setSelectionIndex(0);
+    m_shouldUpdate = mayUpdate;
+    update();
 }
 
 Expected<Project> GXAppDelegate::readProjectWithProgress(Bytes bytes) const
