@@ -92,14 +92,25 @@ bool GXAppDelegate::applicationOpenFile(std::string_view fileName)
     return true;
 }
 
+Expected<BitmapRef> GXAppDelegate::rasterToExport() const
+{
+    if (m_offscreenRep)
+        return m_offscreenRep;
+    return failure("no picture of " + std::to_string(m_OutputWidth) + " x " + std::to_string(m_OutputHeight) +
+                   " pixels can be made");
+}
+
 void GXAppDelegate::saveAction()
 {
     const UrlRef chosen = m_desktop.panels.runSavePanel();
     if (!chosen || !m_offscreenRep)
         return;
     const Url location = withExtension(*chosen, "png");
-    m_desktop.progress.run(LongWork::ExportPNG, [&, raster = m_offscreenRep](const Report& report) {
-        if (const auto png = encodePng(*raster, partOf(report, 0, kEncodingShare)))
+    const auto raster = rasterToExport();
+    if (!raster)
+        return m_desktop.files.report(location, raster.error());
+    m_desktop.progress.run(LongWork::ExportPNG, [&](const Report& report) {
+        if (const auto png = encodePng(**raster, partOf(report, 0, kEncodingShare)))
             m_desktop.files.write(location, *png, partOf(report, kEncodingShare, 1));
         else
             m_desktop.files.report(location, png.error());

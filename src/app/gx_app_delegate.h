@@ -185,6 +185,8 @@ public:
     void loadProject(const Project& project);
     Project project() const;
 
+    /// The raster of the last composition, or why there is none.
+    Expected<BitmapRef> rasterToExport() const;
     /// Writes the raster of the last composition as a PNG chosen in a save panel; "png" is appended unless it is there.
     void saveAction();
     /// Writes the items as they were last rendered as a layered PSD chosen in a save panel, in place, "psd" appended in

@@ -71,12 +71,10 @@ ExitCode runExport(const ExportRequest& request, std::ostream& out, std::ostream
     if (BitmapMemory::refused() != refusedBefore && delegate.offscreenRep())
         return kExitFailed; // the controller has said so
     if (request.png) {
-        if (!delegate.offscreenRep()) {
-            return fail(err, source,
-                        "no picture of " + std::to_string(delegate.OutputWidth()) + " x " +
-                            std::to_string(delegate.OutputHeight()) + " pixels can be made");
-        }
-        if (const auto written = writePng(*delegate.offscreenRep(), *request.png, out); !written)
+        const auto raster = delegate.rasterToExport();
+        if (!raster)
+            return fail(err, source, raster.error().message);
+        if (const auto written = writePng(**raster, *request.png, out); !written)
             return fail(err, *request.png, written.error().message);
     }
     if (request.psd) {

@@ -126,8 +126,14 @@ QWidget* MainWindow::makeLists()
     m_ptable = new ItemTable(m_delegate.presetarraycontroller(), {Column::Thumbnail, Column::Name});
     m_ptable->setObjectName("presetTView");
     m_ptable->setAccessibleName(tr("Presets"));
-    connect(m_table, &ItemTable::removalWanted, this, [this] { m_delegate.remove(); });
-    connect(m_ptable, &ItemTable::removalWanted, this, [this] { m_delegate.removePreset(); });
+    connect(m_table, &ItemTable::removalWanted, this, [this] {
+        hasSelection(*m_table);
+        m_delegate.remove();
+    });
+    connect(m_ptable, &ItemTable::removalWanted, this, [this] {
+        hasSelection(*m_ptable);
+        m_delegate.removePreset();
+    });
 
     auto* remove = new QAction(tr("Remove"), this);
     remove->setToolTip(tr("Remove the selected layers"));
@@ -270,16 +276,34 @@ void MainWindow::makeEditMenu()
     menu->addSeparator();
     menu->addAction(m_add);
     menu->addAction(tr("Du&plicate"), Qt::CTRL | Qt::Key_D, this, &MainWindow::duplicate);
-    menu->addAction(tr("Add Prese&t to Layers"), Qt::CTRL | Qt::SHIFT | Qt::Key_P, this,
-                    [this] { m_ptable->dropSelectionOn(*m_table, 0); });
+    menu->addAction(tr("Add Prese&t to Layers"), Qt::CTRL | Qt::SHIFT | Qt::Key_P, this, [this] {
+        if (hasSelection(*m_ptable))
+            m_ptable->dropSelectionOn(*m_table, 0);
+    });
     menu->addSeparator();
     // Of whichever list has the keyboard focus.
-    menu->addAction(tr("Mo&ve Up"), Qt::CTRL | Qt::SHIFT | Qt::Key_Up, this,
-                    [this] { editedTable().moveSelection(ItemTable::Direction::Up); });
-    menu->addAction(tr("Move &Down"), Qt::CTRL | Qt::SHIFT | Qt::Key_Down, this,
-                    [this] { editedTable().moveSelection(ItemTable::Direction::Down); });
-    menu->addAction(tr("Re&name"), Qt::Key_F2, this, [this] { editedTable().renameSelection(); });
+    menu->addAction(tr("Mo&ve Up"), Qt::CTRL | Qt::SHIFT | Qt::Key_Up, this, [this] {
+        if (hasSelection(editedTable()))
+            editedTable().moveSelection(ItemTable::Direction::Up);
+    });
+    menu->addAction(tr("Move &Down"), Qt::CTRL | Qt::SHIFT | Qt::Key_Down, this, [this] {
+        if (hasSelection(editedTable()))
+            editedTable().moveSelection(ItemTable::Direction::Down);
+    });
+    menu->addAction(tr("Re&name"), Qt::Key_F2, this, [this] {
+        if (hasSelection(editedTable()))
+            editedTable().renameSelection();
+    });
     menu->addAction(tr("Re&move"), QKeySequence::Delete, this, [this] { emit editedTable().removalWanted(); });
+}
+
+bool MainWindow::hasSelection(const ItemTable& table)
+{
+    const bool presets = &table == m_ptable;
+    if ((presets ? m_delegate.presetarraycontroller() : m_delegate.arraycontroller()).selectionIndex())
+        return true;
+    showMessage(presets ? tr("No preset is selected.") : tr("No layer is selected."));
+    return false;
 }
 
 void MainWindow::duplicate()

@@ -67,6 +67,8 @@ private:
     void makeViewMenu();
     void makeHelpMenu();
     void nameProject(const std::string& location);
+    /// Says so when the list has no selected row.
+    bool hasSelection(const ItemTable& table);
     /// Puts a copy of the first selected layer in front of it.
     void duplicate();
     void addOutputPreviewTo(QMenu& menu);

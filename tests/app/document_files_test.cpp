@@ -188,3 +188,13 @@ TEST_F(DocumentFiles, CancelledWorkLeavesNothingBehind)
     }
     EXPECT_TRUE(logged.empty()) << logged[0];
 }
+
+TEST_F(DocumentFiles, WithoutARasterNoPictureIsMade)
+{
+    delegate.setOutputHeight(0);
+    delegate.setShouldUpdate(true);
+    delegate.update();
+    choose("none");
+    delegate.saveAction();
+    EXPECT_EQ(logged, std::vector<std::string>{path("none.png") + ": no picture of 1920 x 0 pixels can be made"});
+}
