@@ -56,9 +56,9 @@ void GXAppDelegate::compose()
     scene.pictures.reserve(items.size());
     for (auto item = items.rbegin(); item != items.rend(); ++item) {
         const PixelPoint corner = lowerLeftCorner(**item, m_OutputHeight);
-        if (ImageRef thumbnail = (*item)->thumbnail(); thumbnail && (*item)->visible())
+        if (ImageRef picture = (*item)->picture(); picture && (*item)->visible())
             scene.pictures.push_back(
-                {std::move(thumbnail), {corner.x, corner.y, (*item)->screenSizeWidth(), (*item)->screenSizeHeight()}});
+                {std::move(picture), {corner.x, corner.y, (*item)->screenSizeWidth(), (*item)->screenSizeHeight()}});
     }
 
     // Nobody holds the raster of the last pass while it is composed anew, so that it serves again.

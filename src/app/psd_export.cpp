@@ -20,17 +20,17 @@ struct Placed {
 Placed place(const GXItem& item, const PixelRect& output)
 {
     const Point offset{static_cast<double>(item.xpoint()), static_cast<double>(item.ypoint())};
-    const ImageRef thumbnail = item.thumbnail();
-    if (!thumbnail || thumbnail->unscaled() || !thumbnail->firstRepresentation())
-        return {thumbnail ? thumbnail->unscaled() : nullptr, offset};
+    const ImageRef picture = item.picture();
+    if (!picture || picture->unscaled() || !picture->firstRepresentation())
+        return {picture ? picture->unscaled() : nullptr, offset};
     // Drawing coordinates: y upwards.
     const std::int64_t x = item.xpoint();
     const std::int64_t y = output.height - item.ypoint() - item.screenSizeHeight();
-    const PixelRect shown = intersection({0, 0, item.screenSizeWidth(), item.screenSizeHeight()}, thumbnail->extent());
+    const PixelRect shown = intersection({0, 0, item.screenSizeWidth(), item.screenSizeHeight()}, picture->extent());
     const PixelRect onOutput = intersection({x, y, shown.width, shown.height}, output);
     if (onOutput.empty())
         return {nullptr, offset};
-    return {thumbnail->scaledPart({onOutput.x - x, onOutput.y - y, onOutput.width, onOutput.height}),
+    return {picture->scaledPart({onOutput.x - x, onOutput.y - y, onOutput.width, onOutput.height}),
             {static_cast<double>(onOutput.x), static_cast<double>(output.height - onOutput.top())}};
 }
 

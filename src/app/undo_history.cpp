@@ -18,23 +18,23 @@ std::vector<std::string> itemProperties()
     return keys;
 }
 
-/// How much of the images of stills only the state before holds.
+/// How much of the images of stills only the state before holds. Images may share their pixels.
 std::size_t removedImageBytes(const DocumentState& before, const DocumentState& after)
 {
-    std::unordered_set<const Image*> counted;
+    const auto pixelsOf = [](const DocumentState::Entry& entry) {
+        const ImageRef& image = entry.values->image;
+        return image ? image->firstRepresentation().get() : nullptr;
+    };
+    std::unordered_set<const Bitmap*> counted{nullptr};
     for (const auto* list : {&after.layers, &after.presets}) {
         for (const DocumentState::Entry& entry : *list)
-            counted.insert(entry.values->image.get());
+            counted.insert(pixelsOf(entry));
     }
     std::size_t bytes = 0;
     for (const auto* list : {&before.layers, &before.presets}) {
         for (const DocumentState::Entry& entry : *list) {
-            const ImageRef& image = entry.values->image;
-            if (image && image->firstRepresentation() && counted.insert(image.get()).second) {
-                const Bitmap& pixels = *image->firstRepresentation();
-                bytes += sizeof(Pixel) * static_cast<std::size_t>(pixels.width()) *
-                         static_cast<std::size_t>(pixels.height());
-            }
+            if (const Bitmap* pixels = pixelsOf(entry); counted.insert(pixels).second)
+                bytes += pixels->bytesPerRow() * static_cast<std::size_t>(pixels->height());
         }
     }
     return bytes;

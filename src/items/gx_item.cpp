@@ -62,6 +62,14 @@ const GXItem::Captions& GXItem::captions() const
     return std::all_of(m_captions.fields.begin(), m_captions.fields.end(), isEmpty) ? standardCaptions() : m_captions;
 }
 
+ItemRef GXItem::duplicate() const
+{
+    ItemRef duplicate = copy();
+    if (m_thumbnail)
+        duplicate->m_thumbnail = std::make_shared<Image>(*m_thumbnail);
+    return duplicate;
+}
+
 void GXItem::encodeWithCoder(KeyedArchiver& coder) const
 {
     for (const Field& field : fields()) {

@@ -99,8 +99,12 @@ public:
     virtual void drawInRect() = 0;
     /// Lets go of a picture that drawInRect() can make again, in an item that is kept but not shown.
     virtual void releasePicture() {}
+    /// What is composed and exported: the thumbnail, at the size of this item's own last render.
+    virtual ImageRef picture() const { return m_thumbnail; }
     /// A new item of the same class that shares this one's colours, texts and images; not rendered.
     virtual ItemRef copy() const = 0;
+    /// A copy with an image of its own: rendering the one says nothing about the other's.
+    ItemRef duplicate() const;
 
     void encodeWithCoder(KeyedArchiver& coder) const override;
 

@@ -69,8 +69,21 @@ void GXStill::drawInRect()
 {
     m_screenSizeWidth = m_panelWidth;
     m_screenSizeHeight = m_panelHeight;
+    m_renderedSize = {static_cast<double>(m_panelWidth), static_cast<double>(m_panelHeight)};
     if (m_thumbnail)
-        m_thumbnail->setSize({static_cast<double>(m_panelWidth), static_cast<double>(m_panelHeight)});
+        m_thumbnail->setSize(*m_renderedSize);
+}
+
+ImageRef GXStill::picture() const
+{
+    if (!m_thumbnail || m_thumbnail->size() == m_renderedSize.value_or(m_thumbnail->size())) {
+        m_picture = nullptr;
+        return m_thumbnail;
+    }
+    if (!m_picture || m_picture->representations() != m_thumbnail->representations())
+        m_picture = std::make_shared<Image>(*m_thumbnail);
+    m_picture->setSize(*m_renderedSize);
+    return m_picture;
 }
 
 ItemRef GXStill::copy() const
@@ -78,6 +91,7 @@ ItemRef GXStill::copy() const
     auto copy = init();
     copyFieldsTo(*copy);
     copy->m_ImageURL = m_ImageURL;
+    copy->m_renderedSize = m_renderedSize;
     copy->m_captions = m_captions;
     return copy;
 }

@@ -6,6 +6,7 @@
 #include "platform/url.h"
 
 #include <memory>
+#include <optional>
 
 namespace wallgrid {
 
@@ -27,6 +28,8 @@ public:
     static Expected<StillRef> initWithCoder(KeyedDecoder& coder, ImageFiles& images);
 
     void drawInRect() override;
+    /// Another image of the same pixels while one that shares the thumbnail has given it another size.
+    ImageRef picture() const override;
     ItemRef copy() const override;
 
     std::string_view archivedClassName() const override { return "GXStill"; }
@@ -35,6 +38,10 @@ public:
 
     /// The file that the image came from.
     GX_PROPERTY(UrlRef, ImageURL, ImageURL)
+
+private:
+    std::optional<Size> m_renderedSize; ///< empty before the first render
+    mutable ImageRef m_picture;         ///< when it is not the thumbnail; kept because it holds the scaled pixels
 };
 
 } // namespace wallgrid

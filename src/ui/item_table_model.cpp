@@ -187,7 +187,7 @@ QVariant ItemTableModel::nameData(const GXItem& item, int role) const
 
 QIcon ItemTableModel::thumbnailOf(const GXItem& item) const
 {
-    const ImageRef image = item.thumbnail();
+    const ImageRef image = item.picture();
     if (!image)
         return {};
     const CachedThumbnail* cached = m_thumbnails.object(image.get());

@@ -310,8 +310,8 @@ void MainWindow::duplicate()
 {
     auto& layers = m_delegate.arraycontroller();
     m_table->setFocus();
-    if (const auto row = layers.selectionIndex())
-        layers.insertObjectAtArrangedObjectIndex(layers.arrangedObjects()[*row]->copy(), *row);
+    if (hasSelection(*m_table))
+        layers.insertObjectAtArrangedObjectIndex(layers.selectedObject()->duplicate(), *layers.selectionIndex());
 }
 
 void MainWindow::makeViewMenu()

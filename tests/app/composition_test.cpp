@@ -84,6 +84,12 @@ TEST_F(Composition, StillsAreDrawnAtTheirNominalSize)
     still->drawInRect();
     compose({selected, still});
     EXPECT_EQ(raster(), "W.......\n........\n.RRRRR..\n.RRRRR..\n.RRRRR..\n");
+    const ItemRef copy = still->copy(); // shares the image, not the size
+    copy->setYpoint(0);
+    copy->setPanelWidth(1);
+    copy->drawInRect();
+    compose({selected, still, copy});
+    EXPECT_EQ(raster(), "WR......\n.R......\n.RRRRR..\n.RRRRR..\n.RRRRR..\n");
 }
 
 TEST_F(Composition, ThrottleRendersOnceInATenthOfASecond)

@@ -209,6 +209,9 @@ private slots:
         QFile(program.path("text.mpr")).open(QIODevice::WriteOnly);
         program.application.openFile(program.path("text.mpr").toStdString());
         QVERIFY(program.window().statusBar()->currentMessage().contains("text.mpr"));
+        program.delegate().arraycontroller().setSelectionIndexes({});
+        action(program.window(), "Du&plicate")->trigger();
+        QCOMPARE(program.window().statusBar()->currentMessage(), "No layer is selected.");
     }
 
     void theStatusBarCounts()
@@ -339,6 +342,20 @@ private slots:
         QFile::copy(program.path("stage.mpr"), program.path("other.mpr"));
         program.window().open(program.location("other.mpr")->absoluteString());
         QCOMPARE(title(), QString("other.mpr[*]"));
+    void copiesOfAStillHaveTheirOwnSize()
+    {
+        ProgramUnderTest program;
+        QImage(40, 30, QImage::Format_RGB32).save(program.path("logo.png"));
+        program.delegate().addImageAt(program.location("logo.png"));
+        const ImageRef image = program.item(1).thumbnail();
+        const Size size = image->size();
+        action(program.window(), "Du&plicate")->trigger();
+        program.item(1).setPanelWidth(90);
+        program.settle();
+        QVERIFY(program.item(1).thumbnail()->size() != size);
+        QVERIFY(program.item(2).thumbnail() == image && image->size() == size);
+    }
+
     }
 
     void equalNamesAreNumberedWhenTheUserWants()
