@@ -6,6 +6,7 @@
 #include "platform/keyed_unarchiver.h"
 
 #include <algorithm>
+#include <unordered_set>
 #include <utility>
 #include <vector>
 
@@ -14,22 +15,24 @@ namespace wallgrid {
 namespace {
 
 /// A short file can name one item a hundred thousand times, and each time costs what the item covers of the output.
-/// This much is painted in a few seconds; 500 layers of eight megapixels are below it.
-constexpr std::int64_t kMostPaintedPixels = std::int64_t{1} << 32;
+/// This much is painted in a few seconds. The window cannot put an item into the list twice, so what it saves repeats
+/// nothing.
+constexpr std::int64_t kMostRepeatedPixels = std::int64_t{1} << 32;
 
-bool paintsTooMuch(const Project& project)
+bool repeatsTooMuch(const Project& project)
 {
     const PixelRect output{0, 0, project.outputWidth, project.outputHeight};
-    std::int64_t painted = 0;
+    std::unordered_set<const GXItem*> known;
+    std::int64_t repeated = 0;
     for (const ItemRef& item : project.items) {
-        const ImageRef picture = item->visible() ? item->thumbnail() : nullptr;
-        if (!picture || !picture->firstRepresentation())
+        const ImageRef picture = item->visible() ? item->picture() : nullptr;
+        if (known.insert(item.get()).second || !picture || !picture->firstRepresentation())
             continue;
         // From the top: only the area counts.
         const PixelRect shown =
             intersection({item->xpoint(), item->ypoint(), item->screenSizeWidth(), item->screenSizeHeight()}, output);
-        painted += std::max<std::int64_t>(shown.width, 0) * std::max<std::int64_t>(shown.height, 0);
-        if (painted > kMostPaintedPixels)
+        repeated += std::max<std::int64_t>(shown.width, 0) * std::max<std::int64_t>(shown.height, 0);
+        if (repeated > kMostRepeatedPixels)
             return true;
     }
     return false;
@@ -54,8 +57,8 @@ Expected<Project> readProject(Bytes bytes, const Report& report)
     if (!items)
         return tl::unexpected(items.error());
     Project project{*height, *width, std::move(*items)};
-    if (paintsTooMuch(project))
-        return failure("the items cover more than 4 billion pixels of the output");
+    if (repeatsTooMuch(project))
+        return failure("items that are named again cover more than 4 billion pixels of the output");
     return project;
 }
 

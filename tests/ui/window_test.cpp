@@ -356,6 +356,21 @@ private slots:
         QVERIFY(program.item(2).thumbnail() == image && image->size() == size);
     }
 
+    void whatCoversMuchIsOpenedAgain()
+    {
+        ProgramUnderTest program;
+        QImage(1, 1, QImage::Format_RGB32).save(program.path("dot.png"));
+        ItemArray items;
+        for (int i = 0; i < 6; ++i) {
+            program.delegate().addImageAt(program.location("dot.png"));
+            program.item(1).setPanelWidth(30000);
+            program.item(1).setPanelHeight(30000);
+            program.item(1).drawInRect();
+            items.push_back(program.delegate().arraycontroller().arrangedObjects()[1]);
+        }
+        QVERIFY(readProject(writeProject({30000, 30000, items})));
+        items.assign(7, items[0]); // which the window cannot make
+        QVERIFY(!readProject(writeProject({30000, 30000, items})));
     }
 
     void equalNamesAreNumberedWhenTheUserWants()
