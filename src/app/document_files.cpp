@@ -31,17 +31,21 @@ void GXAppDelegate::saveProject()
     if (!chosen)
         return;
     const auto location = std::make_shared<const Url>(withExtension(*chosen, "mpr"));
+    bool written = false;
     m_desktop.progress.run(LongWork::SaveProject, [&](const Report& report) {
-        m_desktop.files.write(*location, writeProject(project()), report);
+        written = m_desktop.files.write(*location, writeProject(project()), report).has_value();
     });
+    if (written)
+        m_documentFile->location = location;
     m_desktop.recentDocuments.noteNewRecentDocument(location);
 }
 
-void GXAppDelegate::loadProject(const Project& project)
+void GXAppDelegate::loadProject(const Project& project, UrlRef location)
 {
     // A pass in between would show new items over the old ones.
     const bool mayUpdate = std::exchange(m_shouldUpdate, false);
     const ItemArray old = m_arraycontroller.arrangedObjects();
+    m_documentFile = std::make_shared<DocumentFile>(DocumentFile{std::move(location)});
     setOutputHeight(project.outputHeight);
     setOutputWidth(project.outputWidth);
     std::size_t index = 0;
@@ -67,7 +71,7 @@ void GXAppDelegate::openProject()
         if (auto bytes = m_desktop.files.read(*location)) {
             if (const auto project = readProjectWithProgress(std::move(*bytes))) {
                 m_desktop.recentDocuments.noteNewRecentDocument(location);
-                loadProject(*project);
+                loadProject(*project, location);
             } else {
                 m_desktop.files.report(*location, project.error());
             }
@@ -86,7 +90,7 @@ bool GXAppDelegate::applicationOpenFile(std::string_view fileName)
         return true;
     }
     if (const auto project = readProjectWithProgress(std::move(*bytes)))
-        loadProject(*project);
+        loadProject(*project, std::make_shared<const Url>(*location));
     else
         m_desktop.files.report(*location, project.error());
     return true;
@@ -103,7 +107,7 @@ Expected<BitmapRef> GXAppDelegate::rasterToExport() const
 void GXAppDelegate::saveAction()
 {
     const UrlRef chosen = m_desktop.panels.runSavePanel();
-    if (!chosen || !m_offscreenRep)
+    if (!chosen)
         return;
     const Url location = withExtension(*chosen, "png");
     const auto raster = rasterToExport();

@@ -204,10 +204,10 @@ ItemValues ItemValues::of(const GXItem& item)
 
 DocumentStateRef captureState(const GXAppDelegate& delegate, const DocumentState& before)
 {
-    return std::make_shared<const DocumentState>(
-        DocumentState{delegate.OutputWidth(), delegate.OutputHeight(), delegate.bgColor(), delegate.edgeColor(),
-                      captureList(delegate.arraycontroller().arrangedObjects(), before.layers),
-                      captureList(delegate.presetarraycontroller().arrangedObjects(), before.presets)});
+    return std::make_shared<const DocumentState>(DocumentState{
+        delegate.OutputWidth(), delegate.OutputHeight(), delegate.bgColor(), delegate.edgeColor(),
+        captureList(delegate.arraycontroller().arrangedObjects(), before.layers),
+        captureList(delegate.presetarraycontroller().arrangedObjects(), before.presets), delegate.documentFile()});
 }
 
 void restoreState(GXAppDelegate& delegate, const DocumentState& state)
@@ -223,6 +223,7 @@ void restoreState(GXAppDelegate& delegate, const DocumentState& state)
     delegate.setOutputHeight(state.outputHeight);
     delegate.setBgColor(state.bgColor);
     delegate.setEdgeColor(state.edgeColor);
+    delegate.setDocumentFile(state.file);
     for (const Entries* list : {&state.layers, &state.presets}) {
         for (const Entry& entry : *list)
             restoreItem(*entry.item, *entry.values);
@@ -250,6 +251,8 @@ void releaseAbsentPictures(const DocumentState& before, const DocumentState& aft
 
 DocumentChange changeBetween(const DocumentState& before, const DocumentState& after)
 {
+    if (before.file != after.file)
+        return {DocumentChange::What::Replaced};
     if (!sameItems(before.layers, after.layers))
         return {listChange(before.layers, after.layers)};
     if (!sameItems(before.presets, after.presets))

@@ -35,6 +35,7 @@ struct DocumentState {
     ColorRef edgeColor;
     Entries layers;
     Entries presets;
+    DocumentFileRef file;
 };
 using DocumentStateRef = std::shared_ptr<const DocumentState>;
 
@@ -55,7 +56,7 @@ struct DocumentChange {
         Added,
         Removed,
         Reordered,
-        Replaced, ///< every item of the list by others: a file was opened
+        Replaced, ///< every item of the list by others, or the document by another: a file was opened
         Property,
     };
     What what = What::Nothing;

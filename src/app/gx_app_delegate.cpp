@@ -26,6 +26,7 @@ std::vector<std::string> observedProperties()
 
 GXAppDelegate::GXAppDelegate(const Desktop& desktop)
     : m_desktop(desktop)
+    , m_documentFile(std::make_shared<DocumentFile>())
     , m_refusedBitmaps(BitmapMemory::refused())
     , m_self(std::make_shared<GXAppDelegate*>(this))
 {

@@ -28,6 +28,13 @@ namespace wallgrid {
 class ByteSink;
 class KPPSDWriter;
 
+/// The project file that a document is called after. From one opening to the next it is the same object, also where the
+/// document is saved elsewhere.
+struct DocumentFile {
+    UrlRef location; ///< where it was opened or last saved; empty when it was neither
+};
+using DocumentFileRef = std::shared_ptr<DocumentFile>;
+
 /// The application's one controller, and the document itself: the output size, two colours, the item list and the
 /// preset list, and the raster composed of them. It drives the interface through the views it is connected to and
 /// works without any. One thread; the desktop it is given must outlive it.
@@ -181,9 +188,13 @@ public:
     /// Replaces the document by the project file at a location, given as a URL string. An alert says when there is no
     /// readable file; a file that is no project changes nothing. (`application:openFile:`)
     bool applicationOpenFile(std::string_view fileName);
-    /// Puts the project in the place of the document. The colours, the presets and `screenNumber` stay.
-    void loadProject(const Project& project);
+    /// Puts the project in the place of the document. The colours, the presets and `screenNumber` stay. The location is
+    /// that of the project's file, if it has one.
+    void loadProject(const Project& project, UrlRef location = nullptr);
     Project project() const;
+    /// Never empty.
+    DocumentFileRef documentFile() const { return m_documentFile; }
+    void setDocumentFile(DocumentFileRef file) { m_documentFile = std::move(file); }
 
     /// The raster of the last composition, or why there is none.
     Expected<BitmapRef> rasterToExport() const;
@@ -230,6 +241,7 @@ private:
     std::int32_t m_OutputHeight = 0;
     ColorRef m_bgColor;
     ColorRef m_edgeColor;
+    DocumentFileRef m_documentFile;
     std::int32_t m_screenNumber = 0;
     std::int32_t m_draggedTV = 0;
     bool m_numbersEqualLayerNames = false;

@@ -38,7 +38,9 @@ FileMenu::FileMenu(GXAppDelegate& delegate, QtRecentDocuments& recentDocuments, 
     connect(&m_recentDocuments, &QtRecentDocuments::changed, this, &FileMenu::fillRecentMenu);
     fillRecentMenu();
     addAction(tr("&Save Project…"), QKeySequence::Save, this, [this, projects] {
-        write({tr("Save Project"), projects, QStringLiteral("mpr")}, &GXAppDelegate::saveProject);
+        PanelPurpose purpose{tr("Save Project"), projects, QStringLiteral("mpr")};
+        purpose.folder = m_project.isEmpty() ? QString() : QFileInfo(m_project).path();
+        write(std::move(purpose), &GXAppDelegate::saveProject);
     });
     addSeparator();
     addActions(presets);

@@ -65,7 +65,6 @@ MainWindow::MainWindow(GXAppDelegate& delegate, UndoHistory& history, QtRecentDo
     , m_history(history)
     , m_outputPreview(*this)
 {
-    setWindowTitle(tr("Wallgrid"));
     connect(&m_sheets, &Sheets::panelAhead, this, &MainWindow::panelAhead);
     makeEditActions();
     auto* columns = new QSplitter(Qt::Horizontal);
@@ -84,6 +83,7 @@ MainWindow::MainWindow(GXAppDelegate& delegate, UndoHistory& history, QtRecentDo
     makeEditMenu();
     makeViewMenu();
     makeHelpMenu();
+    nameProject();
     resize(QSize(1400, 840).boundedTo(screen()->availableSize()));
     m_table->setFocus();
 
@@ -229,35 +229,29 @@ void MainWindow::makeFileMenu()
     connect(m_fileMenu, &FileMenu::openWanted, this, &MainWindow::open);
     connect(m_fileMenu, &FileMenu::messageWanted, this, &MainWindow::showMessage);
     connect(m_fileMenu, &FileMenu::quitWanted, this, &QWidget::close);
-    connect(&m_recentDocuments, &QtRecentDocuments::changed, this,
-            [this] { nameProject(m_recentDocuments.locations().value(0).toStdString()); });
+    connect(&m_recentDocuments, &QtRecentDocuments::changed, this, &MainWindow::nameProject);
+    m_history.addObserver([this] { nameProject(); });
 }
 
 void MainWindow::open(const std::string& location)
 {
     m_history.commit();
-    const DocumentStateRef before = m_history.state();
     m_delegate.applicationOpenFile(location);
     m_history.commit();
-    if (m_history.state() != before)
-        nameProject(location);
 }
 
-void MainWindow::nameProject(const std::string& location)
+void MainWindow::nameProject()
 {
-    const auto url = Url::fromString(location);
-    const auto path = url ? url->filePath() : std::nullopt;
+    const UrlRef location = m_delegate.documentFile()->location;
+    const auto path = location ? location->filePath() : std::nullopt;
     const QFileInfo file(path ? QFile::decodeName(path->c_str()) : QString());
-    if (!file.exists())
-        return;
     m_fileMenu->setProject(file.filePath());
-    setWindowTitle(shownText(file.fileName(), kLongestTitle) + "[*]");
+    setWindowTitle(path ? shownText(file.fileName(), kLongestTitle) + "[*]" : tr("Wallgrid"));
 }
 
 void MainWindow::setSaved(bool saved)
 {
-    if (windowTitle().endsWith("[*]"))
-        setWindowModified(!saved);
+    setWindowModified(!saved && windowTitle().endsWith("[*]"));
 }
 
 ItemTable& MainWindow::editedTable() const

@@ -66,7 +66,7 @@ private:
     void makeEditMenu();
     void makeViewMenu();
     void makeHelpMenu();
-    void nameProject(const std::string& location);
+    void nameProject();
     /// Says so when the list has no selected row.
     bool hasSelection(const ItemTable& table);
     /// Puts a copy of the first selected layer in front of it.

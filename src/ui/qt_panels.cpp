@@ -66,8 +66,10 @@ void QtPanels::setUp(QFileDialog& dialog, const PanelPurpose& purpose) const
         list->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
         list->header()->setSectionResizeMode(0, QHeaderView::Stretch);
     }
-    if (QFileInfo(m_folder).isDir())
-        dialog.setDirectory(m_folder);
+    for (const QString& folder : {m_folder, purpose.folder}) {
+        if (QFileInfo(folder).isDir())
+            dialog.setDirectory(folder);
+    }
 }
 
 QString QtPanels::run(QFileDialog& dialog)

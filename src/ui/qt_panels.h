@@ -27,6 +27,7 @@ struct PanelPurpose {
     Option option = {};
 
     QString name = {};                               ///< proposed for a new file; may be empty
+    QString folder = {};                             ///< where the panel opens; where the last one ended when empty
     std::function<void(const QString&)> chosen = {}; ///< told the path of the file that will be written; may be empty
 };
 

@@ -54,6 +54,11 @@ void add(States& states, const DocumentStateRef& state)
     states.push_back(state);
 }
 
+bool isAt(const DocumentFile& file, const std::string& path)
+{
+    return file.location && file.location->filePath() == path;
+}
+
 std::string encoded(const QString& path)
 {
     return QFile::encodeName(path).toStdString();
@@ -147,7 +152,13 @@ void Recovery::noteFile(const std::string& path)
     const auto bytes = readFile(path);
     if (!bytes || *bytes != writeProject(m_delegate.project()))
         return;
-    m_saved = {m_history.state()};
+    // What it held before, of this document or another, is in no file now.
+    const DocumentStateRef now = m_history.state();
+    std::erase_if(m_saved, [&](const auto& entry) {
+        const DocumentStateRef saved = entry.lock();
+        return !saved || saved->file == now->file || isAt(*saved->file, path);
+    });
+    m_saved.push_back(now);
     documentChanged();
 }
 
@@ -168,7 +179,8 @@ bool Recovery::isKept() const
 void Recovery::documentChanged()
 {
     const DocumentChange* last = m_history.undoable();
-    const bool opened = last && last->what == DocumentChange::What::Replaced;
+    // Going back to it later does not make it what the file holds.
+    const bool opened = last && last->what == DocumentChange::What::Replaced && !m_history.redoable();
     if (opened && !m_restoring && m_history.state() != m_restored.lock())
         add(last->presets ? m_presets : m_saved, m_history.state());
     if (!m_copy)

@@ -342,6 +342,44 @@ private slots:
         QFile::copy(program.path("stage.mpr"), program.path("other.mpr"));
         program.window().open(program.location("other.mpr")->absoluteString());
         QCOMPARE(title(), QString("other.mpr[*]"));
+
+        // The file belongs to the state that the history goes back to.
+        QString proposed;
+        connect(&program.window(), &MainWindow::panelAhead, [&](const PanelPurpose& panel) { proposed = panel.name; });
+        const auto expect = [&](const char* expected) {
+            program.settle();
+            QCOMPARE(title(), QString(expected));
+            program.panels.answer = nullptr;
+            action(program.window(), "&Save Project…")->trigger();
+            QCOMPARE(proposed, title().section('.', 0, 0));
+        };
+        UndoHistory& history = program.application.history();
+        history.undo();
+        expect("stage.mpr[*]+");
+        history.undo();
+        expect("stage.mpr[*]");
+        history.redo();
+        history.redo();
+        expect("other.mpr[*]");
+        program.panels.answer = program.location("stage");
+        program.delegate().saveProject();
+        expect("stage.mpr[*]");
+        history.undo();
+        expect("stage.mpr[*]+"); // as it is no longer in that file
+        program.panels.answer = program.location("other.mpr");
+        program.delegate().openProject();
+        expect("other.mpr[*]");
+        program.item().setXpoint(9);
+        expect("other.mpr[*]+");
+        program.panels.answer = program.location("other.mpr");
+        program.delegate().saveProject();
+        expect("other.mpr[*]");
+        history.undo();
+        expect("other.mpr[*]+");
+        history.undo();
+        expect("stage.mpr[*]+");
+    }
+
     void copiesOfAStillHaveTheirOwnSize()
     {
         ProgramUnderTest program;
