@@ -3,6 +3,7 @@
 
 #include <QDir>
 #include <QImage>
+#include <algorithm>
 
 namespace wallgrid {
 
@@ -47,6 +48,25 @@ RandomUser::RandomUser(ProgramUnderTest& program, const QString& folder, unsigne
                 delegate.presetarraycontroller().insertObjectAtArrangedObjectIndex(layer->copy(), 0);
         },
         [&] { delegate.removePreset(); },
+        [&, few] {
+            const ItemArray& presets = *delegate.presetScreensArray();
+            if (!presets.empty() && few(delegate.allScreensArray()))
+                delegate.arraycontroller().insertObjectAtArrangedObjectIndex(presets[below(presets.size())]->copy(), 0);
+        },
+        [&, few] {
+            anyLayer();
+            if (few(delegate.allScreensArray()))
+                menuAction("Du&plicate").trigger();
+        },
+        [&] {
+            if (GXItem* layer = anyLayer())
+                layer->setPanelWidth(number(1, 80));
+        },
+        [&] {
+            m_program.application.openFile((m_folder + "/stage.mpr").toStdString());
+            history.undo();
+        },
+        [&] { compareWithReopened(); },
         [&] {
             delegate.arraycontroller().setSelectionIndexes({below(kMostItems), below(kMostItems)});
         },
@@ -102,8 +122,43 @@ void RandomUser::startAnew()
 
 GXItem* RandomUser::anyLayer()
 {
-    const ItemArray& layers = *m_program.delegate().allScreensArray();
-    return layers.empty() ? nullptr : layers[below(layers.size())].get();
+    auto& layers = m_program.delegate().arraycontroller();
+    if (layers.arrangedObjects().empty())
+        return nullptr;
+    layers.setSelectionIndex(below(layers.arrangedObjects().size()));
+    return layers.selectedObject().get();
+}
+
+QAction& RandomUser::menuAction(const QString& text)
+{
+    const auto actions = m_program.window().findChildren<QAction*>();
+    return **std::find_if(actions.begin(), actions.end(),
+                          [&](const QAction* action) { return action->text() == text; });
+}
+
+void RandomUser::compareWithReopened()
+{
+    GXAppDelegate& delegate = m_program.delegate();
+    const auto exported = [&] {
+        delegate.setShouldUpdate(true);
+        delegate.update();
+        chooseFile("live");
+        delegate.saveAction();
+        delegate.savePSD();
+        QByteArray bytes;
+        for (const char* name : {"/live.png", "/live.psd"}) {
+            QFile file(m_folder + name);
+            file.open(QIODevice::ReadOnly);
+            bytes += file.readAll();
+        }
+        return bytes;
+    };
+    const QByteArray before = exported();
+    chooseFile("live.mpr");
+    delegate.saveProject();
+    delegate.openProject();
+    if (exported() != before)
+        qFatal("the reopened project is exported with other bytes");
 }
 
 void RandomUser::editField()
@@ -112,6 +167,8 @@ void RandomUser::editField()
     if (!layer)
         return;
     const auto& field = GXItem::fields()[below(GXItem::fields().size())];
+    if (field.property.starts_with("screenSize")) // nobody types that
+        return;
     const GXItem::FieldValue old = layer->value(field);
     if (std::holds_alternative<std::int32_t>(old))
         layer->setValue(field, number(-3, 20));

@@ -28,7 +28,11 @@ private:
     {
         return from + static_cast<std::int32_t>(below(std::size_t(to - from) + 1));
     }
+    /// Selects it; null when there is none.
     GXItem* anyLayer();
+    QAction& menuAction(const QString& text);
+    /// What is exported of the document now, and once it has been saved and opened again, is the same.
+    void compareWithReopened();
     void editField();
     void chooseFile(const char* name);
 
