@@ -75,6 +75,20 @@ TEST_F(ListEditing, TheSourceIsWhereTheLastDragOfOneOfBothTablesBegan)
     EXPECT_EQ(layers() + presets(), "QABAPQ");
 }
 
+TEST_F(ListEditing, DraggedRowsAreRangesOfSevenBitsAByte)
+{
+    const auto written = [](const std::set<std::size_t>& rows) {
+        Pasteboard pasteboard;
+        writeDraggedRows(rows, pasteboard);
+        EXPECT_EQ(firstDraggedRow(pasteboard), *rows.begin());
+        const Bytes& bytes = *pasteboard.dataForType(kRowDragType);
+        return std::string(bytes.begin(), bytes.end());
+    };
+    EXPECT_NE(written({300, 302}).find("\xAC\x02\x01\xAE\x02\x01"), std::string::npos);
+    EXPECT_NE(written({127, 128, 300, 70000}).find("\x7F\x02\xAC\x02\x01\xF0\xA2\x04\x01"), std::string::npos);
+    EXPECT_EQ(written({200, 201, 202}).find("NSRangeData"), std::string::npos) << "one range stands by itself";
+}
+
 TEST_F(ListEditing, AMoveRunsTheChangeHandlerTwiceAndFollowsTheItem)
 {
     put("ABC", "P");

@@ -107,6 +107,7 @@ TEST_F(PsdExport, EqualNamesAreNumberedInTheFileOnly)
     EXPECT_TRUE(delegate.hasEqualLayerNames());
     const ByteBuffer asNamed = bytes(false);
     const ByteBuffer numbered = bytes(true);
+    EXPECT_NE(numbered, asNamed);
     EXPECT_EQ(bytes(false), asNamed) << "the document keeps its names";
     putScreens({u"Wall", u"Wall 3", u"logo", u"Wall 2", u"Wall 4", u"logo 2", longest, longest.substr(0, 239) + u" 2"});
     EXPECT_EQ(bytes(false), numbered);
