@@ -35,32 +35,21 @@ BitmapRef takeImage(std::span<const std::uint8_t>& bytes, int width, int height)
 }
 
 template <class Effect>
-std::shared_ptr<Effect> enabled(const ColorRef& color)
+std::shared_ptr<Effect> enabled()
 {
     const auto effect = std::make_shared<Effect>();
     effect->setEnabled(true);
-    if constexpr (requires { effect->setColor(color); })
-        effect->setColor(color);
-    if constexpr (requires { effect->setOpacity(50); })
-        effect->setOpacity(50);
-    if constexpr (requires { effect->setSize(5); })
-        effect->setSize(5);
-    if constexpr (requires { effect->setAngle(30); })
-        effect->setAngle(30);
-    if constexpr (requires { effect->setBlendMode(""); })
-        effect->setBlendMode("mul ");
     return effect;
 }
 
 void enableAllEffects(KPPSDLayer& layer)
 {
-    const ColorRef color = Color::deviceRGB(1, 0.5, 0);
-    layer.setDropShadowEffectLayerInformation(enabled<KPPSDDropShadowEffectLayerInformation>(color));
-    layer.setInnerShadowEffectLayerInformation(enabled<KPPSDInnerShadowEffectLayerInformation>(color));
-    layer.setOuterGlowEffectLayerInformation(enabled<KPPSDOuterGlowEffectLayerInformation>(color));
-    layer.setInnerGlowEffectLayerInformation(enabled<KPPSDInnerGlowEffectLayerInformation>(color));
-    layer.setBevelEffectLayerInformation(enabled<KPPSDBevelEffectLayerInformation>(color));
-    layer.setSolidFillEffectLayerInformation(enabled<KPPSDSolidFillEffectLayerInformation>(color));
+    layer.setDropShadowEffectLayerInformation(enabled<KPPSDDropShadowEffectLayerInformation>());
+    layer.setInnerShadowEffectLayerInformation(enabled<KPPSDInnerShadowEffectLayerInformation>());
+    layer.setOuterGlowEffectLayerInformation(enabled<KPPSDOuterGlowEffectLayerInformation>());
+    layer.setInnerGlowEffectLayerInformation(enabled<KPPSDInnerGlowEffectLayerInformation>());
+    layer.setBevelEffectLayerInformation(enabled<KPPSDBevelEffectLayerInformation>());
+    layer.setSolidFillEffectLayerInformation(enabled<KPPSDSolidFillEffectLayerInformation>());
 }
 
 void add(KPPSDWriter& writer, const Json& entry, std::span<const std::uint8_t>& images)
