@@ -6,10 +6,6 @@
 #include "ui/color_text.h"
 #include "ui/number_field.h"
 
-#include <QCheckBox>
-#include <QClipboard>
-#include <QLabel>
-#include <QLineEdit>
 #include <limits>
 
 using namespace wallgrid;
@@ -19,50 +15,20 @@ namespace {
 constexpr auto lowest = std::numeric_limits<std::int32_t>::min();
 constexpr auto highest = std::numeric_limits<std::int32_t>::max();
 
-void type(QWidget* widget, const QString& text)
-{
-    widget->setFocus();
-    QTest::keyClick(widget, Qt::Key_A, Qt::ControlModifier);
-    QTest::keyClicks(widget, text);
-}
+struct Edited : ProgramUnderTest {
+    Edited() { activate(); }
 
-QLineEdit* nameField(ProgramUnderTest& program)
-{
-    for (QLabel* label : program.window().findChildren<QLabel*>()) {
-        if (label->text() == "&Name")
-            return qobject_cast<QLineEdit*>(label->buddy());
+    /// What the item told its observers since the last call.
+    QString changes()
+    {
+        settle();
+        return std::exchange(m_changes, {}).join(u' ');
     }
-    return nullptr;
-}
 
-QCheckBox* checkBox(ProgramUnderTest& program, const QString& text)
-{
-    for (QCheckBox* box : program.window().findChildren<QCheckBox*>()) {
-        if (box->text() == text)
-            return box;
-    }
-    return nullptr;
-}
-
-/// A screen with what no user would type.
-ItemRef makeExtremeScreen()
-{
-    ItemRef item = makeScreen(u"extreme");
-    item->setPanelWidth(lowest);
-    item->setPanelHeight(highest);
-    item->setCol(-7);
-    item->setRow(highest);
-    item->setXpoint(lowest);
-    item->setYpoint(highest);
-    item->setXYFontSize(-5);
-    item->setScreenFontSize(highest);
-    item->setBoarderWidth(lowest);
-    item->setCircleBWidth(highest);
-    item->setRectColor(nullptr);
-    item->setBoarderColor(std::make_shared<Color>(Color::Space::DeviceCMYK, std::array{0.1, 0.2, 0.3, 0.4}, 0.123));
-    item->setLabel(makeString(std::u16string{u'a', u'\xd800', u'\0', u'\n', u'b'}));
-    return item;
-}
+    QStringList m_changes;
+    KeyValueObservable::Observation m_observation =
+        item().observe([this](std::string_view key) { m_changes.append(QString::fromStdString(std::string(key))); });
+};
 
 } // namespace
 
@@ -70,176 +36,148 @@ class InspectorTest : public QObject {
     Q_OBJECT
 
 private slots:
-    void typingChangesTheItemAndTheOutput()
+    void everyControlEditsAndShowsItsOwnProperty()
     {
-        ProgramUnderTest program;
-        program.activate();
-        auto* columns = program.find<NumberField>("COLS");
-        QCOMPARE(columns->value(), 4);
-        QCOMPARE(program.output(400, 10), QString("ff000000"));
+        Edited program;
+        QStringList found;
+        for (auto* control : program.window().inspector()->findChildren<QWidget*>()) {
+            auto* box = qobject_cast<QCheckBox*>(control);
+            const bool line = qobject_cast<QLineEdit*>(control) && !qobject_cast<NumberField*>(control->parent());
+            if (!control->isVisible() || !(box || line || qobject_cast<NumberField*>(control)))
+                continue;
+            const QString name = box ? box->text() : control->accessibleName();
+            const auto shown = [&] { return control->property(box ? "checked" : "text").toString(); };
+            const QString before = shown();
+            std::map<std::string_view, GXItem::FieldValue> values;
+            for (const GXItem::Field& field : GXItem::fields())
+                values[field.property] = program.item().value(field);
+            if (box)
+                box->click();
+            else
+                type(control, name.contains('#') ? "#123456" : "7");
+            const QString changed = program.changes();
+            found.append(QString(name + ' ' + changed).remove(" as #RRGGBB or #RRGGBBAA"));
+            QVERIFY2(shown() != before, qPrintable(name));
+            for (const GXItem::Field& field : GXItem::fields()) {
+                if (changed == QString::fromStdString(std::string(field.property)))
+                    program.item().setValue(field, values[field.property]);
+            }
+            QCOMPARE(program.changes(), changed);
+            QCOMPARE(shown(), before);
+        }
+        QCOMPARE(found.join(", "),
+                 " label, V&isible in the output visible, Panel-H panelWidth, Panel-V panelHeight, COLS col, ROWS row, "
+                 "H-Start xpoint, V-Start ypoint, Fill bgEnable, Fill colour rectColor, Frame BoarderEnable, Frame "
+                 "colour boarderColor, Frame width boarderWidth, Circle CircleEnable, Circle colour circleColor, "
+                 "Circle width, also the margin of the texts circleBWidth, Position text XYFontEnable, Size text "
+                 "screenFontEnable, XY Label Size XYFontSize, Label Screen Size screenFontSize");
+    }
 
-        type(columns, "6");
-        QCOMPARE(program.item().col(), 6);
+    void numbersAreTypedAndStepped()
+    {
+        Edited program;
+        type(program.find<NumberField>("COLS"), "6");
         QCOMPARE(program.item().screenSizeWidth(), 468);
         program.settle();
         QCOMPARE(program.output(400, 10), QString("ffff0000"));
-        QCOMPARE(columns->text(), QString("6"));
 
         auto* left = program.find<NumberField>("H-Start");
+        QWheelEvent wheel({5, 5}, {5, 5}, {}, {0, 120}, {}, {}, Qt::NoScrollPhase, false);
+        QCoreApplication::sendEvent(left, &wheel); // scrolls past it
+        QCOMPARE(program.item().xpoint(), 0);
         left->setFocus();
         QTest::keyClick(left, Qt::Key_Up);
         QCOMPARE(program.item().xpoint(), 1);
         QTest::keyClick(left, Qt::Key_Down, Qt::ShiftModifier);
         QCOMPARE(program.item().xpoint(), -9);
-        QTest::keyClick(left, Qt::Key_PageUp);
+        QTest::keyClick(left, Qt::Key_Up, Qt::ShiftModifier);
         QCOMPARE(program.item().xpoint(), 1);
-    }
-
-    void everyFieldEditsItsOwnProperty_data()
-    {
-        QTest::addColumn<QString>("caption");
-        QTest::addColumn<QString>("property");
-        const char* rows[][2] = {{"Panel-H", "panelWidth"},
-                                 {"Panel-V", "panelHeight"},
-                                 {"COLS", "col"},
-                                 {"ROWS", "row"},
-                                 {"H-Start", "xpoint"},
-                                 {"V-Start", "ypoint"},
-                                 {"XY Label Size", "XYFontSize"},
-                                 {"Label Screen Size", "screenFontSize"},
-                                 {"Frame width", "boarderWidth"},
-                                 {"Circle width, also the margin of the texts", "circleBWidth"}};
-        for (const auto& row : rows)
-            QTest::newRow(row[1]) << QString(row[0]) << QString(row[1]);
-    }
-
-    void everyFieldEditsItsOwnProperty()
-    {
-        QFETCH(QString, caption);
-        QFETCH(QString, property);
-        ProgramUnderTest program;
-        program.activate();
-        std::vector<std::string> changes;
-        const auto observation = program.item().observe([&](std::string_view key) { changes.emplace_back(key); });
-        type(program.find<NumberField>(caption), "7");
-        QCOMPARE(changes, std::vector{property.toStdString()});
-    }
-
-    void everySwitchSetsItsOwnProperty_data()
-    {
-        QTest::addColumn<QString>("text");
-        QTest::addColumn<QString>("property");
-        const char* rows[][2] = {{"Fill", "bgEnable"},
-                                 {"Frame", "BoarderEnable"},
-                                 {"Circle", "CircleEnable"},
-                                 {"Position text", "XYFontEnable"},
-                                 {"Size text", "screenFontEnable"},
-                                 {"V&isible in the output", "visible"}};
-        for (const auto& row : rows)
-            QTest::newRow(row[1]) << QString(row[0]) << QString(row[1]);
-    }
-
-    void everySwitchSetsItsOwnProperty()
-    {
-        QFETCH(QString, text);
-        QFETCH(QString, property);
-        ProgramUnderTest program;
-        std::vector<std::string> changes;
-        const auto observation = program.item().observe([&](std::string_view key) { changes.emplace_back(key); });
-        QCheckBox* box = checkBox(program, text);
-        const bool before = box->isChecked();
-        box->click();
-        QCOMPARE(changes, std::vector{property.toStdString()});
-        program.settle();
-        QCOMPARE(box->isChecked(), !before);
-        box->click();
-        QCOMPARE(changes.size(), std::size_t{2});
-    }
-
-    void coloursAreTypedAndPasted_data()
-    {
-        QTest::addColumn<QString>("text");
-        QTest::addColumn<QString>("taken");
-        QTest::newRow("opaque") << "#00ff7F"
-                                << "#00FF7F";
-        QTest::newRow("with alpha") << "#00FF7f80"
-                                    << "#00FF7F80";
-        QTest::newRow("without a sign") << " 00FF7FFF "
-                                        << "#00FF7F";
-        QTest::newRow("the same") << "#ff0000" << QString();
-        for (const char* wrong : {"", "#00FF7", "#00FF7F8", "#00FF7F801", "#00FF7G", "green", "##00FF7F"})
-            QTest::newRow(wrong) << wrong << QString();
     }
 
     void coloursAreTypedAndPasted()
     {
-        QFETCH(QString, text);
-        QFETCH(QString, taken);
-        ProgramUnderTest program;
-        program.activate();
+        Edited program;
         auto* field = program.find<QLineEdit>("Fill colour as #RRGGBB or #RRGGBBAA");
-        QCOMPARE(field->text(), QString("#FF0000"));
-        const ColorRef before = program.item().rectColor();
-        field->setFocus();
-        field->selectAll();
-        QGuiApplication::clipboard()->setText(text);
-        field->paste();
-        if (taken.isEmpty()) {
-            QCOMPARE(program.item().rectColor(), before);
-        } else {
-            QCOMPARE(hexText(toQColor(*program.item().rectColor())), taken);
-            QCOMPARE(program.item().rectColor()->space(), Color::Space::CalibratedRGB);
-        }
+        const ColorRef red = program.item().rectColor();
+        const auto paste = [&](const QString& text) {
+            program.item().setRectColor(red);
+            program.settle();
+            field->setFocus();
+            field->selectAll();
+            QGuiApplication::clipboard()->setText(text);
+            field->paste();
+            const bool taken = program.item().rectColor() != red;
+            program.settle();
+            QTest::keyClick(field, Qt::Key_Return);
+            return field->text() + (taken ? "" : " left");
+        };
+        QCOMPARE(paste("#00ff7F"), "#00FF7F");
+        QVERIFY(program.item().rectColor()->rgba() == (Color::RGBA{0, 1, 127 / 255.0, 1}));
+        QCOMPARE(program.item().rectColor()->space(), Color::Space::CalibratedRGB);
+        QCOMPARE(paste("#00FF7f80"), "#00FF7F80");
+        QCOMPARE(program.item().rectColor()->rgba().a, 128 / 255.0);
+        QCOMPARE(paste(" 00FF7FFF "), "#00FF7F");
+        for (const char* same : {"#ff0000", "", "#00FF7", "#00FF7F8", "#00FF7F801", "#00FF7G", "green", "##00FF7F"})
+            QCOMPARE(paste(same), "#FF0000 left");
+    }
+
+    void coloursAreChosenInAPanel()
+    {
+        Edited program;
+        auto* none = program.find<QToolButton>("No edge colour: the edge is like the background");
+        const auto choose = [&](const QColor& color, bool accepted) {
+            whenAsked<QColorDialog>([&](QColorDialog& dialog) {
+                QVERIFY(dialog.testOption(QColorDialog::ShowAlphaChannel));
+                dialog.setCurrentColor(color.isValid() ? color : dialog.currentColor());
+                accepted ? dialog.accept() : dialog.reject();
+            });
+            program.find<ColorButton>("Edge colour")->click();
+            program.settle();
+            return program.delegate().edgeColor();
+        };
+        QVERIFY(!none->isEnabled());
+        QVERIFY(choose({}, true)); // black, which none is not
+        const ColorRef chosen = choose(QColor(255, 128, 0, 51), true);
+        QVERIFY(chosen->rgba() == (Color::RGBA{1, 128 / 255.0, 0, 51 / 255.0}));
+        QCOMPARE(choose(Qt::blue, false), chosen);
+        QCOMPARE(choose({}, true), chosen); // the same
+        none->click();
         program.settle();
-        QTest::keyClick(field, Qt::Key_Return);
-        QCOMPARE(field->text(), taken.isEmpty() ? QString("#FF0000") : taken);
+        QVERIFY(!program.delegate().edgeColor() && !none->isEnabled());
     }
 
     void showingAnItemChangesNothingOfIt()
     {
-        ProgramUnderTest program;
-        program.activate();
-        const ItemRef item = makeExtremeScreen();
+        Edited program;
+        const ItemRef item = makeScreen(u"extreme");
+        bool low = false;
+        for (const GXItem::Field& field : GXItem::fields()) {
+            if (std::holds_alternative<std::int32_t>(item->value(field)))
+                item->setValue(field, (low = !low) ? lowest : highest);
+        }
+        item->setRectColor(nullptr);
+        item->setBoarderColor(std::make_shared<Color>(Color::Space::DeviceCMYK, std::array{0.1, 0.2, 0.3, 0.4}, 0.123));
+        item->setLabel(makeString(std::u16string{u'a', u'\xd800', u'\0', u'\n', u'b'}));
         program.insert(item);
         program.settle();
         const Bytes before = writeProject(program.delegate().project());
-        std::vector<std::string> changes;
-        const auto observation = item->observe([&](std::string_view key) { changes.emplace_back(key); });
-
-        QCOMPARE(program.find<NumberField>("Panel-H")->value(), lowest);
-        QCOMPARE(program.find<NumberField>("ROWS")->value(), highest);
+        program.m_observation = item->observe([&](std::string_view) { QFAIL("changed"); });
+        QCOMPARE(program.find<NumberField>("COLS")->value(), item->col());
+        QCOMPARE(program.find<NumberField>("ROWS")->value(), item->row());
         QCOMPARE(program.find<ColorButton>("Frame colour")->color(), item->boarderColor());
         for (int i = 0; i < 60; ++i)
             QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
-        program.delegate().arraycontroller().setSelectionIndex(1);
-        program.settle();
-        program.delegate().arraycontroller().setSelectionIndex(0);
-        program.settle();
-        QCOMPARE(changes, std::vector<std::string>{});
+        for (const auto& rows : {std::set<std::size_t>{1}, {0}, {}}) {
+            program.delegate().arraycontroller().setSelectionIndexes(rows);
+            program.settle();
+        }
+        QVERIFY(!program.find<NumberField>("COLS")->isEnabled() && !program.find<QLineEdit>("&Name")->isEnabled());
         QVERIFY(writeProject(program.delegate().project()) == before);
-    }
-
-    void changesFromElsewhereShow()
-    {
-        ProgramUnderTest program;
-        program.item().setCol(9);
-        program.item().setBoarderWidth(3);
-        program.item().setLabel(makeString(u"renamed"));
-        program.settle();
-        QCOMPARE(program.find<NumberField>("COLS")->value(), 9);
-        QCOMPARE(program.find<NumberField>("Frame width")->value(), 3);
-        QCOMPARE(nameField(program)->text(), QString("renamed"));
-
-        program.delegate().arraycontroller().setSelectionIndexes({});
-        program.settle();
-        QVERIFY(!program.find<NumberField>("COLS")->isEnabled());
-        QVERIFY(!nameField(program)->isEnabled());
     }
 
     void aMonsterIsNotDrawnBeforeItIsTypedToTheEnd()
     {
-        ProgramUnderTest program;
-        program.activate();
+        Edited program;
         program.item().setRow(1);
         program.item().setPanelHeight(1);
         program.item().setPanelWidth(7'000);
@@ -256,74 +194,51 @@ private slots:
 
     void namesAreKeptUntilTheyAreEdited()
     {
-        ProgramUnderTest program;
-        program.activate();
-        type(nameField(program), "Main");
-        QCOMPARE(textOf(program.item().label()), std::u16string(u"Main"));
-
+        Edited program;
         const StringRef monster = makeString(std::u16string().assign(10'000'000, u'x'));
         program.item().setLabel(monster);
         program.settle();
-        QCOMPARE(nameField(program)->text(), QString());
-        QVERIFY(nameField(program)->placeholderText().size() < 300);
+        auto* name = program.find<QLineEdit>("&Name");
+        QCOMPARE(name->text(), QString());
+        QVERIFY(name->placeholderText().size() < 300);
         QCOMPARE(program.item().label(), monster);
-        type(nameField(program), "short");
-        QCOMPARE(textOf(program.item().label()), std::u16string(u"short"));
+        type(name, "short");
+        QCOMPARE(program.layers(), QStringList("short"));
     }
 
     void aStillShowsWhatAStillHas()
     {
-        ProgramUnderTest program;
+        Edited program;
         auto still = GXStill::initWithimage(nullptr);
         still->setImageURL(program.location("still.png"));
         program.insert(still);
-        program.settle();
-        QVERIFY(program.find<NumberField>("Width")->isVisible());
-        QVERIFY(program.find<NumberField>("Height")->isVisible());
-        QVERIFY(program.find<NumberField>("H-Start")->isVisible());
-        for (const char* hidden : {"Pos-H", "Pos-V", "XY Label Size", "Label Screen Size"})
-            QVERIFY2(!program.find<NumberField>(hidden)->isVisible(), hidden);
-        QVERIFY(!checkBox(program, "Fill")->isVisible());
-        bool shown = false;
-        for (const QLineEdit* field : program.window().inspector()->findChildren<QLineEdit*>())
-            shown = shown || (field->isVisible() && field->text() == program.path("still.png"));
-        QVERIFY(shown);
-
-        program.delegate().arraycontroller().setSelectionIndex(1);
-        program.settle();
-        QVERIFY(program.find<NumberField>("COLS")->isVisible());
-        QVERIFY(checkBox(program, "Fill")->isVisible());
-    }
-
-    void alignMovesTheItem_data()
-    {
-        QTest::addColumn<QString>("button");
-        QTest::addColumn<int>("x");
-        QTest::addColumn<int>("y");
-        QTest::newRow("top left") << "Align: TOP LEFT" << 0 << 0;
-        QTest::newRow("top right") << "Align: TOP RIGHT" << 1608 << 0;
-        QTest::newRow("center") << "Align: CENTER" << 804 << 384;
-        QTest::newRow("bottom left") << "Align: BOTTOM LEFT" << 0 << 768;
-        QTest::newRow("bottom right") << "Align: BOTTOM RIGHT" << 1608 << 768;
+        for (const std::size_t row : {0, 1}) {
+            program.delegate().arraycontroller().setSelectionIndex(row);
+            program.settle();
+            QVERIFY(program.find<NumberField>(row == 0 ? "Width" : "COLS")->isVisible());
+            for (const char* ofScreens : {"Pos-H", "Pos-V", "XY Label Size", "Label Screen Size", "Fill"}) {
+                const auto* control = program.find<QWidget>(ofScreens);
+                QVERIFY2(!control || control->isVisible() == (row == 1), ofScreens);
+            }
+            QCOMPARE(program.find<QLineEdit>(program.path("still.png"))->isVisible(), row == 0);
+        }
     }
 
     void alignMovesTheItem()
     {
-        QFETCH(QString, button);
-        QFETCH(int, x);
-        QFETCH(int, y);
         ProgramUnderTest program;
-        program.item().setXpoint(-3);
-        program.item().setYpoint(5);
-        program.find<QToolButton>(button)->click();
-        program.settle();
-        QCOMPARE(program.item().xpoint(), x);
-        QCOMPARE(program.item().ypoint(), y);
-        QCOMPARE(program.output(x, y), QString("ffffffff")); // the frame's corner
-    }
-
-    void alignOverhangsEvenly()
-    {
+        const std::pair<const char*, Position> places[]{{"TOP LEFT", {0, 0}},
+                                                        {"TOP RIGHT", {1608, 0}},
+                                                        {"CENTER", {804, 384}},
+                                                        {"BOTTOM LEFT", {0, 768}},
+                                                        {"BOTTOM RIGHT", {1608, 768}}};
+        for (const auto& [name, place] : places) {
+            program.item().setXpoint(-3);
+            program.item().setYpoint(5);
+            program.find<QToolButton>(QString("Align: ") + name)->click();
+            program.settle();
+            QVERIFY2((Position{program.item().xpoint(), program.item().ypoint()} == place), name);
+        }
         QVERIFY(positionAt(Anchor::Center, {1920, 1621}, {1920, 1080}) == (Position{0, -271}));
         QVERIFY(positionAt(Anchor::BottomRight, {lowest, highest}, {highest, lowest}) == (Position{highest, lowest}));
     }

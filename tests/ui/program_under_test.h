@@ -8,8 +8,8 @@
 #include "ui/item_table.h"
 #include "ui/qt_recent_documents.h"
 
-#include <QTemporaryDir>
 #include <QtTest>
+#include <QtWidgets>
 #include <string>
 #include <vector>
 
@@ -27,6 +27,25 @@ struct ScriptedPanels : Panels {
     UrlRef answer;
     std::vector<std::string> alerts;
 };
+
+/// Does something with the modal dialog that the next call opens.
+template <class Dialog, class Answer>
+void whenAsked(Answer answer)
+{
+    QTimer::singleShot(0, qApp, [answer] {
+        auto* dialog = qobject_cast<Dialog*>(QApplication::activeModalWidget());
+        QVERIFY(dialog);
+        answer(*dialog);
+    });
+}
+
+/// Types over what the field holds.
+inline void type(QWidget* field, const QString& text)
+{
+    field->setFocus();
+    QTest::keyClick(field, Qt::Key_A, Qt::ControlModifier);
+    QTest::keyClicks(field, text);
+}
 
 /// The launched program in a clock that the test turns.
 class ProgramUnderTest {
@@ -67,15 +86,45 @@ public:
         return std::make_shared<const Url>(Url::fromFilePath(path(name).toStdString()));
     }
 
-    /// The widget that screen readers call by this name.
+    QStringList names(const GXAppDelegate::ItemController& list)
+    {
+        QStringList names;
+        for (const ItemRef& item : list.arrangedObjects())
+            names.append(QString::fromStdU16String(textOf(item->label())));
+        return names;
+    }
+    QStringList layers() { return names(delegate().arraycontroller()); }
+
+    /// The widget that is called so: for screen readers, by its label or by its own text.
     template <class Widget>
-    Widget* find(const QString& accessibleName)
+    Widget* find(const QString& name)
     {
         for (Widget* widget : window().findChildren<Widget*>()) {
-            if (widget->accessibleName() == accessibleName)
+            if (widget->accessibleName() == name)
+                return widget;
+        }
+        for (const QLabel* label : window().findChildren<QLabel*>()) {
+            if (auto* widget = qobject_cast<Widget*>(label->buddy()); widget && label->text() == name)
+                return widget;
+        }
+        for (Widget* widget : window().findChildren<Widget*>()) {
+            if (widget->property("text") == name)
                 return widget;
         }
         return nullptr;
+    }
+
+    QAction* action(const QString& text)
+    {
+        const QList<QAction*> actions = window().findChildren<QAction*>();
+        const auto found =
+            std::find_if(actions.begin(), actions.end(), [&](auto* each) { return each->text() == text; });
+        return found == actions.end() ? nullptr : *found;
+    }
+    void trigger(const QString& text)
+    {
+        action(text)->trigger();
+        settle();
     }
 
     QTemporaryDir folder;

@@ -3,30 +3,12 @@
 #include "program_under_test.h"
 #include "ui/recovery.h"
 #include "ui/recovery_bar.h"
-#include "ui/state_folder.h"
 
-#include <QAbstractSpinBox>
-#include <QDirIterator>
-#include <QFileDialog>
-#include <QProcess>
-#include <QPushButton>
-#include <QStatusBar>
-#include <csignal>
-#include <cstdio>
 #include <new>
 
 using namespace wallgrid;
 
 namespace {
-
-MainWindow* mainWindow()
-{
-    for (QWidget* widget : QApplication::topLevelWidgets()) {
-        if (auto* window = qobject_cast<MainWindow*>(widget))
-            return window;
-    }
-    return nullptr;
-}
 
 QStringList copiesIn(const QString& folder)
 {
@@ -36,68 +18,33 @@ QStringList copiesIn(const QString& folder)
     return files;
 }
 
-/// The program with its windows, in a process of its own. It types 7 into the columns, waits for the copy, and says so;
-/// then it goes on until it is killed, or quits when somebody writes to it.
-int runUser(GuardedApplication& application)
-{
-    auto* timer = new QTimer(&application);
-    const qsizetype others = copiesIn(stateFolder()).size();
-    QObject::connect(timer, &QTimer::timeout, [typed = false, others, timer]() mutable {
-        if (!typed) {
-            mainWindow()->resize(900, 700);
-            for (auto* field : mainWindow()->findChildren<QAbstractSpinBox*>()) {
-                if (field->accessibleName() != "COLS" || !field->isEnabled())
-                    continue;
-                field->selectAll();
-                QTest::keyClicks(field, "7");
-                typed = true;
-            }
-        } else if (copiesIn(stateFolder()).size() > others) {
-            timer->stop();
-            std::puts("ready");
-            std::fflush(stdout);
-            std::getchar(); // the parent decides
-            mainWindow()->close();
-        }
-    });
-    timer->start(50);
-    return runApplication(application, std::nullopt);
-}
-
-struct Run : QProcess {
-    explicit Run(const QString& state)
-    {
-        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-        environment.insert("XDG_STATE_HOME", state);
-        setProcessEnvironment(environment);
-        setProcessChannelMode(ForwardedErrorChannel);
-        start(QCoreApplication::applicationFilePath(), {"--as-user"});
-    }
-    bool ready() { return waitForReadyRead(30'000) && readAllStandardOutput() == "ready\n"; }
-};
-
 struct Program : ProgramUnderTest {
-    explicit Program(const QString& recoveryFolder)
+    explicit Program(QString recoveryFolder)
+        : m_folder(std::move(recoveryFolder))
     {
-        application.keepRecovery(recoveryFolder);
+        application.keepRecovery(m_folder);
         settle();
     }
-    RecoveryBar* bar() { return window().findChild<RecoveryBar*>(); }
+    bool offers() { return window().findChild<RecoveryBar*>()->isVisible(); }
     void click(const QString& text)
     {
-        for (auto* button : bar()->findChildren<QPushButton*>()) {
-            if (button->text() == text)
-                button->click();
-        }
+        find<QPushButton>(text)->click();
         settle();
     }
-    /// The copies in a folder, after the time in which one is written.
-    int copies(const QString& recoveryFolder)
+    /// How many there are after the time in which one is written.
+    int copies()
     {
         runLoop.advance(Recovery::kIntervalSeconds);
         application.recovery()->finish();
-        return static_cast<int>(copiesIn(recoveryFolder).size());
+        return static_cast<int>(copiesIn(m_folder).size());
     }
+    void save(const char* name)
+    {
+        panels.answer = location(name);
+        delegate().saveProject();
+    }
+
+    QString m_folder;
 };
 
 } // namespace
@@ -106,68 +53,51 @@ class RecoveryTest : public QObject {
     Q_OBJECT
 
 private slots:
-    void aKilledProgramLeavesACopyThatTheNextOneOffers()
-    {
-        const QTemporaryDir state;
-        const QString folder = state.filePath("wallgrid/recovery");
-        Run run(state.path());
-        QVERIFY(run.ready());
-        QCOMPARE(copiesIn(folder).size(), 1);
-        {
-            Program other(folder); // the first one still runs
-            QVERIFY(!other.bar()->isVisible());
-        }
-        run.kill();
-        QVERIFY(run.waitForFinished());
-        QCOMPARE(run.exitStatus(), QProcess::CrashExit);
-
-        Program next(folder);
-        QVERIFY(next.bar()->isVisible());
-        {
-            Program third(folder); // an offer is made to one only
-            QVERIFY(!third.bar()->isVisible());
-        }
-        next.click("Restore");
-        QVERIFY(!next.bar()->isVisible());
-        QCOMPARE(next.item().col(), 7);
-        QCOMPARE(next.copies(folder), 1); // no file of the user has it yet
-        next.delegate().setBgColor(Color::redColor());
-        QCOMPARE(next.copies(folder), 1);
-        next.application.history().undo();
-        next.application.history().undo();
-        QCOMPARE(next.item().col(), 4);
-        QCOMPARE(next.copies(folder), 0);
-        next.application.history().redo();
-        QCOMPARE(next.copies(folder), 1);
-    }
-
     void aCopyIsOfferedOnce()
     {
         const QTemporaryDir state;
-        const QString folder = state.filePath("wallgrid/recovery");
-        for (int i = 0; i < 2; ++i) {
-            Run run(state.path());
-            QVERIFY(run.ready());
-            run.kill();
-            QVERIFY(run.waitForFinished());
+        const QString folder = state.filePath("recovery");
+        {
+            Program programs[]{Program(folder), Program(folder), Program(folder)};
+            for (Program& program : programs) {
+                program.item().setCol(7);
+                QVERIFY(program.copies() > 0);
+            }
+            QVERIFY(!Program(folder).offers()); // they still run
+            for (const QString& name : QDir(folder).entryList({"*.lock"})) {
+                QFile lock(QDir(folder).filePath(name));
+                QVERIFY(lock.open(QFile::ReadWrite));
+                lock.setFileTime(QDateTime::currentDateTime().addDays(-1), QFile::FileModificationTime);
+            }
+            QVERIFY(!Program(folder).offers()); // for however long
         }
         {
             Program next(folder);
+            QVERIFY(next.offers());
+            QVERIFY(!Program(folder).offers()); // to one only
+            next.click("Restore");
+            QCOMPARE(next.item().col(), 7);
+            QCOMPARE(next.copies(), 3); // no file of the user has it yet
+            next.application.history().undo();
+            QCOMPARE(next.item().col(), 4);
+            QCOMPARE(next.copies(), 2);
+            next.application.history().redo();
+            QCOMPARE(next.copies(), 3);
+            next.application.history().undo();
             next.click("Discard");
-            QVERIFY(next.bar()->isVisible());
-            QCOMPARE(copiesIn(folder).size(), 1);
+            QVERIFY(next.offers());
+            QCOMPARE(next.copies(), 1);
             QFile broken(copiesIn(folder).constFirst());
             QVERIFY(broken.open(QFile::WriteOnly));
             broken.write("bplist00 and nothing else");
             broken.close();
             next.click("Restore");
-            QVERIFY(next.bar()->isVisible()); // it cannot be read, and is not lost
+            QVERIFY(next.offers()); // it cannot be read, and is not lost
             QCOMPARE(next.item().col(), 4);
         }
         // It was offered, and so it stays without being offered again.
-        QVERIFY(!Program(folder).bar()->isVisible());
-        QCOMPARE(copiesIn(folder).size(), 1);
-        const QFileInfo aside(copiesIn(folder).constFirst());
+        QVERIFY(!Program(folder).offers());
+        const QFileInfo aside(copiesIn(folder).value(0));
         QCOMPARE(aside.absolutePath(), folder);
         QCOMPARE(aside.size(), 25);
     }
@@ -175,32 +105,39 @@ private slots:
     void aProgramThatQuitsLeavesUnsavedChangesAndItsWindowsPlace()
     {
         const QTemporaryDir state;
+        qputenv("XDG_STATE_HOME", state.path().toLocal8Bit());
+        QTimer::singleShot(0, qApp, [] {
+            for (QWidget* widget : QApplication::topLevelWidgets()) {
+                if (!qobject_cast<MainWindow*>(widget))
+                    continue;
+                widget->resize(900, 700);
+                for (auto* action : widget->findChildren<QAction*>()) {
+                    if (action->text() == "Du&plicate")
+                        action->trigger();
+                }
+                widget->close();
+            }
+        });
+        QCOMPARE(runApplication(*qobject_cast<GuardedApplication*>(qApp), std::nullopt), 0);
+        const QSettings memory(state.filePath("wallgrid/window.ini"), QSettings::IniFormat);
+        QWidget window;
+        QVERIFY(window.restoreGeometry(memory.value("geometry").toByteArray()));
+        QCOMPARE(window.size(), QSize(900, 700));
+
         const QString folder = state.filePath("wallgrid/recovery");
-        Run run(state.path());
-        QVERIFY(run.ready());
-        run.write("\n");
-        QVERIFY(run.waitForFinished());
-        QCOMPARE(run.exitCode(), 0);
         {
             Program next(folder);
             next.click("Restore");
-            QCOMPARE(next.item().col(), 7);
+            QCOMPARE(next.layers().size(), 2);
             next.item().setCol(8); // so late that no copy holds it
         }
         {
             Program next(folder);
-            QVERIFY(next.bar()->isVisible());
             next.click("Restore");
             QCOMPARE(next.item().col(), 8);
-            next.panels.answer = next.location("stage.mpr");
-            next.delegate().saveProject();
+            next.save("stage.mpr");
         }
         QVERIFY(QDir(folder).isEmpty());
-
-        QSettings memory(state.filePath("wallgrid/window.ini"), QSettings::IniFormat);
-        QWidget window;
-        QVERIFY(window.restoreGeometry(memory.value("geometry").toByteArray()));
-        QCOMPARE(window.size(), QSize(900, 700));
     }
 
     void aCopyKeepsTheColoursAndPresetsThatNoProjectHolds()
@@ -212,7 +149,7 @@ private slots:
             program.delegate().setBgColor(Color::deviceRGB(1, 0, 0, 0.5));
             program.delegate().setEdgeColor(Color::greenColor());
             program.delegate().presetarraycontroller().removeObjectsAtArrangedObjectIndexes({0, 2});
-            QCOMPARE(program.copies(folder), 1);
+            QCOMPARE(program.copies(), 1);
             QVERIFY(readProject(*readFile(copiesIn(folder).constFirst().toStdString())));
         }
         Program next(folder);
@@ -223,45 +160,45 @@ private slots:
         QCOMPARE(next.output(960, 1070), QString("80800000"));
         next.application.history().undo();
         QVERIFY(!next.delegate().bgColor());
-        QCOMPARE(next.copies(folder), 0);
+        QCOMPARE(next.copies(), 0);
         next.panels.answer = next.location("presets");
         next.delegate().savePresets();
         next.delegate().openPresets();
-        QCOMPARE(next.copies(folder), 0); // a file of the user has them
+        QCOMPARE(next.copies(), 0); // a file of the user has them
     }
 
     void thereIsACopyWhileTheProjectHoldsChanges()
     {
         const QTemporaryDir state;
-        const QString folder = state.filePath("recovery");
-        Program program(folder);
-        const auto changed = [&](std::int32_t x) {
-            program.item().setXpoint(x);
-            return program.copies(folder);
+        Program program(state.filePath("recovery"));
+        /// The position in the copy; -1 without one.
+        const auto copied = [&] {
+            if (program.copies() == 0)
+                return -1;
+            const auto bytes = readFile(copiesIn(state.path()).constFirst().toStdString());
+            return int{readProject(*bytes)->items.front()->xpoint()};
         };
-        QCOMPARE(program.copies(folder), 0);
-        QCOMPARE(changed(5), 1);
+        QCOMPARE(copied(), -1);
+        program.item().setXpoint(5);
+        QCOMPARE(copied(), 5);
         program.application.history().undo();
-        QCOMPARE(program.copies(folder), 0);
-        QCOMPARE(changed(6), 1);
-        const auto copied = [&] { return readProject(*readFile(copiesIn(folder).constFirst().toStdString())); };
-        QCOMPARE(copied()->items.front()->xpoint(), 6);
-        QCOMPARE(changed(7), 1);
-        QCOMPARE(copied()->items.front()->xpoint(), 7);
-
-        program.panels.answer = program.location("stage.mpr");
-        program.delegate().saveProject();
-        QCOMPARE(program.copies(folder), 0);
-        QCOMPARE(changed(8), 1);
-        program.panels.answer = program.location("no folder/stage.mpr");
-        program.delegate().saveProject(); // fails
-        QCOMPARE(program.copies(folder), 1);
+        QCOMPARE(copied(), -1);
+        for (const int x : {6, 7}) {
+            program.item().setXpoint(x);
+            QCOMPARE(copied(), x);
+        }
+        program.save("stage.mpr");
+        QCOMPARE(copied(), -1);
+        program.item().setXpoint(8);
+        program.save("no folder/stage.mpr"); // fails
+        QCOMPARE(copied(), 8);
         program.panels.answer = program.location("stage.mpr");
         program.delegate().openProject();
         program.settle();
-        QCOMPARE(program.copies(folder), 0);
         QCOMPARE(program.item().xpoint(), 7);
-        QCOMPARE(changed(9), 1);
+        QCOMPARE(copied(), -1);
+        program.item().setXpoint(9);
+        QCOMPARE(copied(), 9);
     }
 
     void anEventWithoutMemoryIsTakenBackWhole()
@@ -294,17 +231,12 @@ private slots:
                  launched);
         QVERIFY(!program.application.history().undoable());
         QCOMPARE(outputAfter([&] { program.delegate().setOutputWidth(5); }), QSize(5, launched.height()));
-        QVERIFY(program.application.history().undoable());
     }
 };
 
 int main(int argc, char** argv)
 {
     GuardedApplication application(argc, argv);
-    if (application.arguments().value(1) == "--as-user") {
-        const QtToolkit toolkit;
-        return runUser(application);
-    }
     RecoveryTest test;
     return QTest::qExec(&test, argc, argv);
 }

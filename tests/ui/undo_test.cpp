@@ -1,19 +1,14 @@
 // SPDX-License-Identifier: MIT
 #include "program_under_test.h"
-
 #include "ui/color_button.h"
-#include "ui/preview/preview_surface.h"
-
-#include <QAbstractSpinBox>
-#include <QLineEdit>
-#include <QMenuBar>
-#include <array>
 
 using namespace wallgrid;
 
 namespace {
 
 struct Steps : ProgramUnderTest {
+    Steps() { activate(); }
+
     /// The first two entries of the Edit menu, in brackets when they are disabled.
     QString menu()
     {
@@ -22,12 +17,6 @@ struct Steps : ProgramUnderTest {
         for (const QAction* action : {actions[0], actions[1]})
             texts.append(action->isEnabled() ? action->text() : "(" + action->text() + ")");
         return texts.join(u' ');
-    }
-    void type(QWidget& widget, const QString& text)
-    {
-        widget.setFocus();
-        QTest::keyClick(&widget, Qt::Key_A, Qt::ControlModifier);
-        QTest::keyClicks(&widget, text);
     }
     void undo() { QTest::keyClick(QApplication::focusWidget(), Qt::Key_Z, Qt::ControlModifier); }
     void redo() { QTest::keyClick(QApplication::focusWidget(), Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier); }
@@ -42,17 +31,12 @@ private slots:
     void whatIsTypedInTheInspectorIsTakenBackByTheDocument()
     {
         Steps program;
-        program.activate();
         QCOMPARE(program.menu(), "(&Undo) (&Redo)");
         auto* columns = program.find<QAbstractSpinBox>("COLS");
-        QLineEdit* name = nullptr;
-        for (auto* edit : program.window().inspector()->findChildren<QLineEdit*>()) {
-            if (edit->text() == "Layer 0")
-                name = edit;
-        }
+        auto* name = program.find<QLineEdit>("&Name");
         // No turn of the event loop in between.
-        program.type(*columns, "12");
-        program.type(*name, "Stage");
+        type(columns, "12");
+        type(name, "Stage");
         program.settle();
         QCOMPARE(program.menu(), "&Undo Rename (&Redo)");
 
@@ -75,90 +59,58 @@ private slots:
         QCOMPARE(program.menu(), "&Undo Rename (&Redo)");
     }
 
-    void dragOnThePreviewIsOneStep()
+    void sizeAndColourOfTheOutputAreTakenBackInTheirFields()
     {
         Steps program;
-        program.activate();
-        auto* surface = program.window().miniPvw();
-        const QPoint start = surface->rect().center();
-        program.item().setXpoint(1920 / 2 - 100);
-        program.item().setYpoint(1080 / 2 - 100);
-        program.settle();
-        program.settle();
-        const std::int32_t before = program.item().xpoint();
-        QTest::mousePress(surface, Qt::LeftButton, {}, start);
-        for (int step = 1; step < 5; ++step) {
-            QTest::mouseMove(surface, start + QPoint(20 * step, 0));
-            program.settle();
-        }
-        QCOMPARE(program.menu(), "&Undo Move (&Redo)"); // the one before
-        QTest::mouseRelease(surface, Qt::LeftButton, {}, start + QPoint(80, 0));
-        program.settle();
-        QVERIFY(program.item().xpoint() > before);
-        program.delegate().setBgColor(Color::redColor());
-        surface->setFocus();
-        program.undo();
-        program.undo();
-        QCOMPARE(program.item().xpoint(), before);
-        QCOMPARE(program.menu(), "&Undo Move &Redo Move");
-    }
-
-    void sizeOfTheOutputIsTakenBackInItsField()
-    {
-        Steps program;
-        program.activate();
         auto* width = program.find<QAbstractSpinBox>("Output width");
-        program.type(*width, "640");
+        auto* button = program.find<ColorButton>("Background colour");
+        type(width, "640");
+        QCOMPARE(program.delegate().OutputWidth(), 1920); // it counts when it is typed to the end
         QTest::keyClick(width, Qt::Key_Return);
         program.settle();
         QCOMPARE(program.delegate().offscreenRep()->width(), 640);
         QCOMPARE(program.menu(), "&Undo Change Output Size (&Redo)");
+        emit button->colorChosen(Color::greenColor());
+        program.settle();
+        QCOMPARE(program.output(600, 900), "ff00ff00");
+        program.undo();
+        QCOMPARE(program.output(600, 900), "ff000000");
+        QCOMPARE(button->color(), nullptr);
         program.undo();
         QCOMPARE(program.delegate().offscreenRep()->width(), 1920);
         QCOMPARE(width->text(), "1920 px");
-    }
-
-    void whatDoesNotCountYetIsDroppedFirst_data()
-    {
-        QTest::addColumn<QString>("field");
-        QTest::addColumn<QString>("typed");
-        QTest::addColumn<QString>("text");
-        using Row = std::array<const char*, 4>;
-        for (const auto& [name, field, typed, text] :
-             {Row{"counts when typed to the end", "Output width", "64", "1920 px"},
-              Row{"too large to draw on the way", "COLS", "9999", "9"}, Row{"no number", "COLS", "", "4"},
-              Row{"half a colour", "Fill colour as #RRGGBB or #RRGGBBAA", "#12", "#FF0000"}})
-            QTest::newRow(name) << QString(field) << QString(typed) << QString(text);
+        QCOMPARE(program.menu(), "(&Undo) &Redo Change Output Size");
     }
 
     void whatDoesNotCountYetIsDroppedFirst()
     {
-        QFETCH(QString, field);
-        QFETCH(QString, typed);
-        QFETCH(QString, text);
-        Steps program;
-        program.activate();
-        program.item().setRow(300);
-        program.settle();
-        auto* edited = program.find<QWidget>(field);
-        program.type(*edited, "");
-        QTest::keyClick(edited, Qt::Key_Backspace);
-        QTest::keyClicks(edited, typed);
-        program.settle();
-        QVERIFY(edited->property("text").toString() != text);
-        const QString menu = program.menu();
-        program.undo();
-        program.settle();
-        QCOMPARE(edited->property("text").toString(), text);
-        QCOMPARE(program.menu(), menu);
-        program.undo(); // now the step before
-        QVERIFY(program.menu() != menu);
+        const char* const fields[][3]{{"Output width", "64", "1920 px"}, // counts when it is typed to the end
+                                      {"COLS", "9999", "9"},             // too large to draw on the way
+                                      {"COLS", "", "4"},                 // no number
+                                      {"Fill colour as #RRGGBB or #RRGGBBAA", "#12", "#FF0000"}};
+        for (const auto& [field, typed, text] : fields) {
+            Steps program;
+            program.item().setRow(300);
+            program.settle();
+            auto* edited = program.find<QWidget>(field);
+            type(edited, "");
+            QTest::keyClick(edited, Qt::Key_Backspace);
+            QTest::keyClicks(edited, typed);
+            program.settle();
+            QVERIFY(edited->property("text").toString() != text);
+            const QString menu = program.menu();
+            program.undo();
+            program.settle();
+            QCOMPARE(edited->property("text").toString(), QString(text));
+            QCOMPARE(program.menu(), menu);
+            program.undo(); // now the step before
+            QVERIFY(program.menu() != menu);
+        }
     }
 
     void nameThatIsBeingEditedInAListIsTakenBackThere()
     {
         Steps program;
-        program.activate();
         program.item().setXpoint(9);
         program.settle();
         auto* table = program.window().table();
@@ -170,23 +122,6 @@ private slots:
         program.undo();
         QCOMPARE(editor->text(), "Layer 0");
         QCOMPARE(program.menu(), "&Undo Move (&Redo)");
-    }
-
-    void colourOfTheOutputIsShownAsItIs()
-    {
-        Steps program;
-        program.activate();
-        auto* button = program.find<ColorButton>("Background colour");
-        auto* none = program.find<QToolButton>("No background colour: the output is opaque black");
-        emit button->colorChosen(Color::greenColor());
-        program.settle();
-        QCOMPARE(program.output(900, 900), "ff00ff00");
-        QVERIFY(none->isEnabled());
-        program.undo();
-        QCOMPARE(program.output(900, 900), "ff000000");
-        QVERIFY(!none->isEnabled());
-        QCOMPARE(button->color(), nullptr);
-        QCOMPARE(program.menu(), "(&Undo) &Redo Change Background Colour");
     }
 };
 

@@ -1,15 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "items/gx_still.h"
 #include "program_under_test.h"
-#include "ui/preview/preview_surface.h"
-
-#include <QAbstractButton>
-#include <QLabel>
-#include <QLineEdit>
-#include <QMenuBar>
-#include <QSplitter>
-#include <QStatusBar>
-#include <map>
 
 using namespace wallgrid;
 
@@ -49,16 +40,6 @@ QChar mnemonic(const QString& text)
     return key.isEmpty() ? QChar() : QChar(key[0].key());
 }
 
-QStringList twice(const std::map<QString, QStringList>& uses)
-{
-    QStringList found;
-    for (const auto& [key, users] : uses) {
-        if (users.size() > 1)
-            found.append(key + ": " + users.join(" | "));
-    }
-    return found;
-}
-
 } // namespace
 
 class WalkTest : public QObject {
@@ -68,82 +49,55 @@ private slots:
     void everyControlAndActionHasAName()
     {
         int controls = 0;
-        int actions = 0;
         walk([&](const QWidget& window) {
             QList<const QWidget*> buddies; // whose names are their labels' texts
-            for (const QLabel* label : window.findChildren<QLabel*>())
+            for (const QLabel* label : window.findChildren<QLabel*>()) {
                 buddies.append(label->buddy());
+                QVERIFY2(label->buddy() || mnemonic(label->text()).isNull(), qPrintable(label->text()));
+            }
             for (const QWidget* widget : window.findChildren<QWidget*>()) {
-                const auto* button = qobject_cast<const QAbstractButton*>(widget);
                 if (!isControl(*widget) || !widget->isVisibleTo(&window))
                     continue;
                 ++controls;
-                const bool named = !widget->accessibleName().isEmpty() || (button && !button->text().isEmpty());
-                QVERIFY2(named || buddies.contains(widget), widget->metaObject()->className());
+                const auto* button = qobject_cast<const QAbstractButton*>(widget);
                 // A screen reader says nothing useful of a lone sign.
-                QVERIFY2(!button || button->text().size() > 1 || !button->accessibleName().isEmpty(),
-                         widget->metaObject()->className());
+                const bool named = !widget->accessibleName().isEmpty() || (button && button->text().size() > 1);
+                QVERIFY2(named || buddies.contains(widget), widget->metaObject()->className());
             }
             for (const QAction* action : window.findChildren<QAction*>()) {
                 const QObjectList users = action->associatedObjects();
-                if (users.isEmpty() || users.constFirst()->objectName().startsWith("qt_")) // nobody can reach it
-                    continue;
-                ++actions;
-                QVERIFY(action->isSeparator() || !action->text().isEmpty());
+                const bool reached = !users.isEmpty() && !users.constFirst()->objectName().startsWith("qt_");
+                QVERIFY(!reached || action->isSeparator() || !action->text().isEmpty());
             }
         });
-        QVERIFY2(controls > 60 && actions > 30, qPrintable(QString("%1 %2").arg(controls).arg(actions)));
-    }
-
-    void everyLabelThatNamesAControlIsItsBuddy()
-    {
-        QStringList without;
-        walk([&](const QWidget& window) {
-            for (const QLabel* label : window.findChildren<QLabel*>()) {
-                if (!label->isVisibleTo(&window) || label->buddy() || label->text().isEmpty())
-                    continue;
-                QVERIFY2(mnemonic(label->text()).isNull(), qPrintable(label->text()));
-                if (!without.contains(label->text()))
-                    without.append(label->text());
-            }
-        });
-        without.sort();
-        without.removeIf([](const QString& text) { return text.endsWith(" %"); }); // the preview's scale
-        QCOMPARE(without.join("\n"),
-                 (QStringList{"1 layer", "2 layers", "A picture from a file", "A wall of LED panels",
-                              "Add to the layers", "Drawing", "Geometry", "Not available", "Output 1920 × 1080 px",
-                              "Pixel-map test images for LED video walls.", "Screen, 312 × 312 px", "Still, 0 × 0 px",
-                              "Wallgrid 0.1.0"})
-                     .join("\n"));
+        QVERIFY2(controls > 60, qPrintable(QString::number(controls)));
     }
 
     void noShortcutIsThereTwice()
     {
         ProgramUnderTest program;
-        std::map<QString, QStringList> shortcuts;
-        std::map<QString, QStringList> mnemonics;
-        const auto note = [](std::map<QString, QStringList>& uses, const QString& scope, const QString& text) {
+        QStringList keys;
+        const auto note = [&](const QString& scope, const QString& text) {
             if (!mnemonic(text).isNull())
-                uses[scope + mnemonic(text)].append(text);
+                keys.append(scope + mnemonic(text));
         };
         for (const QAction* action : program.window().findChildren<QAction*>()) {
             for (const QKeySequence& key : action->shortcuts())
-                shortcuts[key.toString()].append(action->text());
+                keys.append(key.toString());
         }
-        QVERIFY(shortcuts.size() > 12);
-        QCOMPARE(twice(shortcuts).join("\n"), QString());
-
         for (const QMenu* menu : program.window().findChildren<QMenu*>()) {
             for (const QAction* action : menu->actions())
-                note(mnemonics, menu->title() + " ", action->text());
+                note(menu->title() + " ", action->text());
         }
         for (const QAction* menu : program.window().menuBar()->actions())
-            note(mnemonics, "Alt+", menu->text());
+            note("Alt+", menu->text());
         for (const QLabel* label : program.window().findChildren<QLabel*>())
-            note(mnemonics, "Alt+", label->text());
+            note("Alt+", label->text());
         for (const QAbstractButton* button : program.window().findChildren<QAbstractButton*>())
-            note(mnemonics, "Alt+", button->text());
-        QCOMPARE(twice(mnemonics).join("\n"), QString());
+            note("Alt+", button->text());
+        QVERIFY(keys.size() > 40 && keys.contains("Del") && keys.contains("Ctrl+Shift+N"));
+        for (const QString& key : keys)
+            QVERIFY2(keys.count(key) == 1, qPrintable(key));
     }
 
     void theTabKeyFollowsTheEye()

@@ -1,57 +1,18 @@
 // SPDX-License-Identifier: MIT
 #include "items/gx_still.h"
 #include "program_under_test.h"
-#include "ui/color_button.h"
-#include "ui/number_field.h"
+#include "ui/appearance_action.h"
 #include "ui/preview/preview_surface.h"
 #include "ui/qt_panels.h"
+#include "ui/qt_progress.h"
+#include "ui/theme.h"
 
-#include <QCheckBox>
-#include <QColorDialog>
-#include <QFileDialog>
-#include <QFileOpenEvent>
-#include <QLabel>
-#include <QLineEdit>
-#include <QMenu>
-#include <QMessageBox>
-#include <QMimeData>
-#include <QPushButton>
-#include <QStatusBar>
+#include <cmath>
 #include <limits>
 
 using namespace wallgrid;
 
 namespace {
-
-/// Does something with the modal dialog that the next call opens.
-template <class Dialog, class Answer>
-void whenAsked(Answer answer)
-{
-    QTimer::singleShot(0, qApp, [answer] {
-        auto* dialog = qobject_cast<Dialog*>(QApplication::activeModalWidget());
-        QVERIFY(dialog);
-        answer(*dialog);
-    });
-}
-
-QAction* action(MainWindow& window, const QString& text)
-{
-    for (QAction* candidate : window.findChildren<QAction*>()) {
-        if (candidate->text() == text)
-            return candidate;
-    }
-    return nullptr;
-}
-
-QStringList entries(MainWindow& window)
-{
-    QStringList texts;
-    for (const QAction* entry : action(window, "Open &Recent")->menu()->actions()) {
-        if (!entry->isSeparator())
-            texts.append(entry->text());
-    }
-    return texts;
-}
 
 void acceptFile(QFileDialog& dialog, const QString& name)
 {
@@ -64,6 +25,13 @@ QString fileName(const UrlRef& url)
     return url ? QFileInfo(QString::fromStdString(*url->filePath())).fileName() : QString();
 }
 
+/// Relative luminance, WCAG 2.1.
+double luminance(const QColor& color)
+{
+    const auto linear = [](double c) { return c <= 0.04045 ? c / 12.92 : std::pow((c + 0.055) / 1.055, 2.4); };
+    return 0.2126 * linear(color.redF()) + 0.7152 * linear(color.greenF()) + 0.0722 * linear(color.blueF());
+}
+
 } // namespace
 
 class WindowTest : public QObject {
@@ -73,17 +41,14 @@ private slots:
     void whatTheThrottleSkippedIsCaughtUpWith()
     {
         ProgramUnderTest program;
-        program.item().setXpoint(100); // renders
+        for (const int x : {100, 500, 1000}) // the first one renders, the others are skipped
+            program.item().setXpoint(x);
         QCOMPARE(program.output(100, 0), QString("ffffffff"));
-        program.item().setXpoint(500);  // skipped
-        program.item().setXpoint(1000); // skipped
-        QCOMPARE(program.output(1000, 0), QString("ff000000"));
         program.runLoop.advance(0.09);
         QCOMPARE(program.output(1000, 0), QString("ff000000"));
         program.runLoop.advance(0.02);
         QCOMPARE(program.output(1000, 0), QString("ffffffff"));
         QCOMPARE(program.window().miniPvw()->image(), program.delegate().img());
-
         const BitmapRef caughtUp = program.delegate().offscreenRep();
         program.runLoop.advance(10);
         QCOMPARE(program.delegate().offscreenRep(), caughtUp); // and then it is quiet
@@ -94,9 +59,8 @@ private slots:
     {
         ManualRunLoop runLoop;
         {
-            const QTemporaryDir folder;
             ScriptedPanels panels;
-            QtRecentDocuments recentDocuments(folder.filePath("recent.ini"));
+            QtRecentDocuments recentDocuments({});
             Application application(runLoop, panels, recentDocuments);
             application.launch();
             application.delegate().update();
@@ -105,167 +69,81 @@ private slots:
         runLoop.advance(1);
     }
 
-    void theColoursOfTheOutput()
+    void filesAreSavedAndOpened()
     {
         ProgramUnderTest program;
-        auto* background = program.find<ColorButton>("Background colour");
-        auto* none = program.find<QToolButton>("No background colour: the output is opaque black");
-        QVERIFY(!program.delegate().bgColor());
-        QVERIFY(!none->isEnabled());
-
-        whenAsked<QColorDialog>([](QColorDialog& dialog) {
-            QVERIFY(dialog.testOption(QColorDialog::ShowAlphaChannel));
-            dialog.setCurrentColor(QColor(255, 128, 0, 51));
-            dialog.accept();
-        });
-        background->click();
-        program.settle();
-        const ColorRef chosen = program.delegate().bgColor();
-        QCOMPARE(chosen->space(), Color::Space::CalibratedRGB);
-        QVERIFY(chosen->rgba() == (Color::RGBA{1, 128 / 255.0, 0, 51 / 255.0}));
-        QCOMPARE(program.output(1000, 1000), QString("33331a00"));
-
-        whenAsked<QColorDialog>([](QColorDialog& dialog) { dialog.accept(); }); // as it was
-        background->click();
-        QCOMPARE(program.delegate().bgColor(), chosen);
-        whenAsked<QColorDialog>([](QColorDialog& dialog) {
-            dialog.setCurrentColor(Qt::blue);
-            dialog.reject();
-        });
-        background->click();
-        QCOMPARE(program.delegate().bgColor(), chosen);
-
-        none->click();
-        program.settle();
-        QVERIFY(!program.delegate().bgColor());
-        QCOMPARE(program.output(1000, 1000), QString("ff000000"));
-
-        whenAsked<QColorDialog>([](QColorDialog& dialog) { dialog.accept(); }); // black, which none is not
-        program.find<ColorButton>("Edge colour")->click();
-        program.settle();
-        QVERIFY(program.delegate().edgeColor());
-    }
-
-    void projectsAndPicturesAreSavedAndOpened()
-    {
-        ProgramUnderTest program;
-        program.panels.answer = program.location("wall & co");
-        action(program.window(), "&Save Project…")->trigger();
-        QVERIFY(QFile::exists(program.path("wall & co.mpr")));
-        QCOMPARE(entries(program.window()), (QStringList{program.path("wall && co.mpr"), "&Clear Menu"}));
-
-        program.item().setLabel(makeString(u"changed"));
-        program.panels.answer = program.location("wall & co.mpr");
-        action(program.window(), "&Open Project…")->trigger();
-        QCOMPARE(textOf(program.item().label()), std::u16string(u"Layer 0"));
-
-        program.item().setLabel(makeString(u"changed"));
-        action(program.window(), program.path("wall && co.mpr"))->trigger();
-        QCOMPARE(textOf(program.item().label()), std::u16string(u"Layer 0"));
-
-        program.panels.answer = program.location("picture");
-        action(program.window(), "&Export PNG…")->trigger();
-        const QImage picture(program.path("picture.png"));
-        QCOMPARE(picture.size(), QSize(1920, 1080));
-        QCOMPARE(picture.pixelColor(10, 10), QColor(Qt::red));
-
-        action(program.window(), "&Clear Menu")->trigger();
-        program.settle();
-        QVERIFY(!action(program.window(), "Open &Recent")->menu()->isEnabled());
-        QCOMPARE(QtRecentDocuments(program.path("recent.ini")).locations(), QStringList());
-    }
-
-    void filesAreHandedOver()
-    {
-        ProgramUnderTest program;
-        program.panels.answer = program.location("a wall%20.mpr");
-        program.delegate().saveProject();
-        const auto change = [&] { program.item().setLabel(makeString(u"changed")); };
-
-        change();
-        program.application.openFile(program.path("a wall%20.mpr").toStdString());
-        QCOMPARE(textOf(program.item().label()), std::u16string(u"Layer 0"));
-
-        change();
+        const QString name = "a wall%20 & co.mpr";
+        program.panels.answer = program.location("a wall%20 & co");
+        program.trigger("&Save Project…");
+        const auto opens = [&](const std::function<void()>& open) {
+            program.item().setLabel(makeString(u"changed"));
+            open();
+            return program.layers() == QStringList("Layer 0");
+        };
+        program.panels.answer = program.location(name);
+        QVERIFY(opens([&] { program.trigger("&Open Project…"); }));
+        QVERIFY(opens([&] { program.trigger(program.path("a wall%20 && co.mpr")); })); // of the recent ones
+        QVERIFY(opens([&] { program.application.openFile(program.path(name).toStdString()); }));
+        QVERIFY(opens([&] {
+            QFileOpenEvent event(program.path(name));
+            QCoreApplication::sendEvent(qApp, &event);
+        }));
         const QString here = QDir::currentPath();
         QDir::setCurrent(program.folder.path());
-        program.application.openFile("a wall%20.mpr");
+        QVERIFY(opens([&] { program.application.openFile(name.toStdString()); }));
         QDir::setCurrent(here);
-        QCOMPARE(textOf(program.item().label()), std::u16string(u"Layer 0"));
 
-        change();
-        QFileOpenEvent event(program.path("a wall%20.mpr"));
-        QCoreApplication::sendEvent(qApp, &event);
-        QCOMPARE(textOf(program.item().label()), std::u16string(u"Layer 0"));
+        program.panels.answer = program.location("picture");
+        program.trigger("&Export PNG…");
+        QCOMPARE(QImage(program.path("picture.png")).size(), QSize(1920, 1080));
+        QCOMPARE(QImage(program.path("picture.png")).pixelColor(10, 10), QColor(Qt::red));
 
-        QCOMPARE(program.panels.alerts.size(), std::size_t{0});
+        program.panels.answer = program.location("presets");
+        program.trigger("Sa&ve Presets…");
+        program.delegate().presetarraycontroller().removeObjectsAtArrangedObjectIndexes({0, 1, 3});
+        program.trigger("Open &Presets…");
+        QCOMPARE(program.window().ptable()->model()->rowCount(), 4);
+
+        QMenu* recent = program.action("Open &Recent")->menu();
+        QCOMPARE(recent->actions().size(), 3); // with a line and what clears the menu
+        program.trigger("&Clear Menu");
+        QVERIFY(!recent->isEnabled());
+        QCOMPARE(QtRecentDocuments(program.path("recent.ini")).locations(), QStringList());
+
+        QVERIFY(program.panels.alerts.empty());
         program.application.openFile("no such file");
         QCOMPARE(program.panels.alerts, std::vector<std::string>{"No File Found|File Not Found"});
-    }
-
-    void whatFailsIsSaidInTheStatusBar()
-    {
-        ProgramUnderTest program;
-        QFile(program.path("text.mpr")).open(QIODevice::WriteOnly);
-        program.application.openFile(program.path("text.mpr").toStdString());
-        QVERIFY(program.window().statusBar()->currentMessage().contains("text.mpr"));
+        program.application.openFile(program.path("picture.png").toStdString()); // no project
+        QVERIFY(program.window().statusBar()->currentMessage().contains("picture.png"));
         program.delegate().arraycontroller().setSelectionIndexes({});
-        action(program.window(), "Du&plicate")->trigger();
+        program.trigger("Du&plicate");
         QCOMPARE(program.window().statusBar()->currentMessage(), "No layer is selected.");
     }
 
     void theStatusBarCounts()
     {
         ProgramUnderTest program;
-        const auto says = [&](const QString& text) {
-            for (const QLabel* label : program.window().statusBar()->findChildren<QLabel*>()) {
-                if (label->text() == text)
-                    return true;
-            }
-            return false;
-        };
-        QVERIFY(says("1 layer"));
-        QVERIFY(says("Output 1920 × 1080 px"));
+        QVERIFY(program.find<QLabel>("1 layer"));
         program.delegate().loadProject({192, 8704, {makeScreen(u"a"), makeScreen(u"b")}});
         program.settle();
-        QVERIFY(says("2 layers"));
-        QVERIFY(says("Output 8704 × 192 px"));
-
-        QVERIFY(says(""));
-        const auto place = [&](std::size_t row, std::int32_t x, std::int32_t y) {
+        QVERIFY(program.find<QLabel>("2 layers"));
+        QVERIFY(program.find<QLabel>("Output 8704 × 192 px"));
+        using Limits = std::numeric_limits<std::int32_t>;
+        const std::tuple<std::size_t, std::int32_t, std::int32_t, const char*> places[]{
+            {0, 8700, 188, ""}, // touches the corner from inside
+            {0, 8701, 188, "1 layer reaches over the edge"},
+            {0, 8704, 0, "1 layer lies outside"}, // touches it from outside
+            {1, 0, -1, "1 layer lies outside, 1 layer reaches over the edge"},
+            {1, Limits::min(), Limits::max(), "2 layers lie outside"}};
+        for (const auto& [row, x, y, text] : places) {
             program.item(row).setXpoint(x);
             program.item(row).setYpoint(y);
             program.settle();
-        };
-        place(0, 8700, 188); // touches the corner from inside
-        QVERIFY(says(""));
-        place(0, 8701, 188);
-        QVERIFY(says("1 layer reaches over the edge"));
-        place(0, 8704, 0); // touches it from outside
-        QVERIFY(says("1 layer lies outside"));
-        place(1, 0, -1);
-        QVERIFY(says("1 layer lies outside, 1 layer reaches over the edge"));
-        place(1, std::numeric_limits<std::int32_t>::min(), std::numeric_limits<std::int32_t>::max());
-        QVERIFY(says("2 layers lie outside"));
+            QVERIFY2(program.find<QLabel>(text), text);
+        }
         program.item(0).setVisible(false);
         program.settle();
-        QVERIFY(says("1 layer lies outside"));
-    }
-
-    void theOutputSizeIsTyped()
-    {
-        ProgramUnderTest program;
-        program.activate();
-        auto* width = program.find<NumberField>("Output width");
-        QCOMPARE(width->value(), 1920);
-        QTest::keyClick(width, Qt::Key_A, Qt::ControlModifier);
-        QTest::keyClicks(width, "3840");
-        QCOMPARE(program.delegate().OutputWidth(), 1920);
-        QTest::keyClick(width, Qt::Key_Return);
-        QTest::keyClick(program.find<NumberField>("Output height"), Qt::Key_Up, Qt::ShiftModifier);
-        program.settle();
-        QCOMPARE(program.delegate().offscreenRep()->width(), 3840);
-        QCOMPARE(program.delegate().offscreenRep()->height(), 1090);
+        QVERIFY(program.find<QLabel>("1 layer lies outside"));
     }
 
     void filesAreDropped()
@@ -276,48 +154,29 @@ private slots:
         program.item().setLabel(makeString(u"changed"));
         QImage picture(30, 20, QImage::Format_RGB32);
         picture.fill(Qt::blue);
-        picture.setDotsPerMeterX(2835); // one point a pixel
-        picture.setDotsPerMeterY(2835);
         picture.save(program.path("logo #1.png"));
-        QFile text(program.path("notes.txt"));
-        QVERIFY(text.open(QIODevice::WriteOnly) && text.write("no project") > 0);
-        text.close();
-
+        QVERIFY(QFile(program.path("notes.txt")).open(QIODevice::WriteOnly));
         const auto drop = [&](const QList<QUrl>& urls) {
             QMimeData data;
             if (!urls.isEmpty())
                 data.setUrls(urls);
-            const QPoint place(5, 5);
-            QDragEnterEvent enter(place, Qt::CopyAction | Qt::MoveAction, &data, Qt::LeftButton, Qt::NoModifier);
+            QDragEnterEvent enter({5, 5}, Qt::CopyAction | Qt::MoveAction, &data, Qt::LeftButton, Qt::NoModifier);
             enter.ignore();
             QCoreApplication::sendEvent(&program.window(), &enter);
-            if (enter.isAccepted()) {
-                QDropEvent event(place, Qt::CopyAction | Qt::MoveAction, &data, Qt::LeftButton, Qt::NoModifier);
-                QCoreApplication::sendEvent(&program.window(), &event);
-            }
+            QDropEvent event({5, 5}, Qt::CopyAction | Qt::MoveAction, &data, Qt::LeftButton, Qt::NoModifier);
+            QCoreApplication::sendEvent(&program.window(), &event);
             program.settle();
-            return enter.isAccepted();
+            return enter.isAccepted() ? program.layers().join(", ") : "refused";
         };
         const auto file = [&](const QString& name) { return QUrl::fromLocalFile(program.path(name)); };
 
-        QVERIFY(!drop({}));
-        QVERIFY(!drop({QUrl("https://example.org/logo.png")}));
-        QVERIFY(drop({file("logo #1.png")}));
-        const auto* still = dynamic_cast<GXStill*>(&program.item(1)); // below the first row, as the Add sheet's
-        QVERIFY(still);
-        QCOMPARE(fileName(still->ImageURL()), QString("logo #1.png"));
-        QCOMPARE(still->panelWidth(), 30);
-        program.item(0).setVisible(false);
-        program.settle();
-        QCOMPARE(program.output(3, 3), QString("ff0000ff"));
-
-        QVERIFY(drop({file("notes.txt")}));
+        QCOMPARE(drop({}), QString("refused"));
+        QCOMPARE(drop({QUrl("https://example.org/logo.png")}), QString("refused"));
+        QCOMPARE(drop({file("notes.txt")}), QString("changed"));
         QVERIFY(program.window().statusBar()->currentMessage().contains("notes.txt"));
-        QCOMPARE(program.delegate().arraycontroller().arrangedObjects().size(), std::size_t{2});
-
-        QVERIFY(drop({file("a wall.mpr"), file("logo #1.png")}));
-        QCOMPARE(program.delegate().arraycontroller().arrangedObjects().size(), std::size_t{2});
-        QCOMPARE(textOf(program.item().label()), std::u16string(u"Layer 0"));
+        QCOMPARE(drop({file("a wall.mpr"), file("logo #1.png")}), QString("Layer 0, "));
+        const auto* still = dynamic_cast<GXStill*>(&program.item(1)); // below the first row, as the Add sheet's
+        QCOMPARE(fileName(still->ImageURL()), QString("logo #1.png"));
         QVERIFY(program.panels.alerts.empty());
     }
 
@@ -328,29 +187,33 @@ private slots:
         const auto title = [&] {
             return program.window().windowTitle() + (program.window().isWindowModified() ? "+" : "");
         };
+        QString proposed;
+        connect(&program.window(), &MainWindow::panelAhead, this, [&](auto& purpose) { proposed = purpose.name; });
         QCOMPARE(title(), QString("Wallgrid"));
         program.panels.answer = program.location("stage");
         program.delegate().saveProject();
         QCOMPARE(title(), QString("stage.mpr[*]"));
-        action(program.window(), "Du&plicate")->trigger();
-        program.settle();
+        program.trigger("Du&plicate");
         QCOMPARE(title(), QString("stage.mpr[*]+"));
-        QCOMPARE(program.delegate().arraycontroller().arrangedObjects().size(), std::size_t{2});
-        QCOMPARE(program.delegate().arraycontroller().selectionIndex(), std::size_t{0});
+        QCOMPARE(program.layers().size(), 2);
+        QVERIFY(&program.item(0) != &program.item(1));
         program.window().open(program.location("gone.mpr")->absoluteString());
+        QFile::copy(program.path("stage.mpr"), program.path("empty.mpr"));
+        QVERIFY(QFile(program.path("empty.mpr")).resize(0));
+        program.window().open(program.location("empty.mpr")->absoluteString());
         QCOMPARE(title(), QString("stage.mpr[*]+"));
         QFile::copy(program.path("stage.mpr"), program.path("other.mpr"));
         program.window().open(program.location("other.mpr")->absoluteString());
         QCOMPARE(title(), QString("other.mpr[*]"));
+        program.trigger("&Export PNG…");
+        QCOMPARE(proposed, QString("other"));
 
         // The file belongs to the state that the history goes back to.
-        QString proposed;
-        connect(&program.window(), &MainWindow::panelAhead, [&](const PanelPurpose& panel) { proposed = panel.name; });
         const auto expect = [&](const char* expected) {
             program.settle();
             QCOMPARE(title(), QString(expected));
             program.panels.answer = nullptr;
-            action(program.window(), "&Save Project…")->trigger();
+            program.trigger("&Save Project…");
             QCOMPARE(proposed, title().section('.', 0, 0));
         };
         UndoHistory& history = program.application.history();
@@ -387,7 +250,7 @@ private slots:
         program.delegate().addImageAt(program.location("logo.png"));
         const ImageRef image = program.item(1).thumbnail();
         const Size size = image->size();
-        action(program.window(), "Du&plicate")->trigger();
+        program.trigger("Du&plicate");
         program.item(1).setPanelWidth(90);
         program.settle();
         QVERIFY(program.item(1).thumbnail()->size() != size);
@@ -416,119 +279,112 @@ private slots:
         ProgramUnderTest program;
         QtPanels panels;
         QString offered;
+        bool wanted = false;
         connect(&program.window(), &MainWindow::panelAhead, this, [&](const PanelPurpose& purpose) {
             offered = purpose.option.text;
             panels.prepare(purpose);
             whenAsked<QFileDialog>([&](QFileDialog& dialog) {
-                auto* box = dialog.findChild<QCheckBox*>();
-                QCOMPARE(box != nullptr, !offered.isEmpty());
-                if (box) {
-                    QVERIFY(!box->isChecked());
-                    box->click();
-                }
+                if (auto* box = dialog.findChild<QCheckBox*>())
+                    box->setChecked(wanted);
                 acceptFile(dialog, program.path("wall.psd")); // not wall.psd.psd
             });
             program.panels.answer = panels.runSavePanel();
         });
-        QAction* exportPsd = action(program.window(), "Export &Layered PSD…");
-        const auto names = [&] {
-            exportPsd->trigger();
+        const auto numbered = [&] {
             QFile file(program.path("wall.psd"));
-            return file.open(QIODevice::ReadOnly) ? file.readAll().count("Layer 0 2") : -1;
+            file.remove();
+            program.trigger("Export &Layered PSD…");
+            return file.open(QIODevice::ReadOnly) ? int(file.readAll().count("Layer 0 2")) : -1;
         };
-        QCOMPARE(names(), 0);
+        QCOMPARE(numbered(), 0);
         QCOMPARE(offered, QString());
-        QFile::remove(program.path("wall.psd"));
         program.insert(makeScreen(u"Layer 0"));
-        QCOMPARE(names(), 1);
-        QFile::remove(program.path("wall.psd"));
-        program.item().setLabel(makeString(u"other"));
-        QCOMPARE(names(), 0); // the choice held for that one file
-        QCOMPARE(textOf(program.item(1).label()), std::u16string(u"Layer 0"));
+        QCOMPARE(numbered(), 0);
+        wanted = true;
+        QCOMPARE(numbered(), 1);
     }
 
     void theOutputWindowComesAndGoes()
     {
         ProgramUnderTest program;
-        QAction* shown = action(program.window(), "&Output Window");
-        QVERIFY(!program.application.outputWindow().isVisible());
-        shown->trigger();
-        QVERIFY(program.application.outputWindow().isVisible());
-        program.application.outputWindow().close();
-        QVERIFY(!shown->isChecked());
-        shown->trigger();
+        QWidget& output = program.application.outputWindow();
+        QVERIFY(!output.isVisible());
+        program.trigger("&Output Window");
+        QVERIFY(output.isVisible());
+        output.close();
+        QVERIFY(!program.action("&Output Window")->isChecked());
+        program.trigger("&Output Window");
         program.window().close();
-        QVERIFY(!program.application.outputWindow().isVisible());
+        QVERIFY(!output.isVisible());
     }
 
     void recentDocumentsAreKeptNewestFirst()
     {
-        const QTemporaryDir folder;
-        const QString file = folder.filePath("state/recent.ini");
-        const auto url = [&](int i) { return Url::fromFilePath(folder.filePath(QString::number(i)).toStdString()); };
+        const ProgramUnderTest program;
+        const QString file = program.path("state/recent.ini");
         {
             QtRecentDocuments recent(file);
-            for (const int i : {0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 5}) {
-                QVERIFY(QFile(folder.filePath(QString::number(i))).open(QFile::WriteOnly));
-                recent.noteNewRecentDocument(std::make_shared<const Url>(url(i)));
+            for (const char* name : {"0", "1", "2", "3", "4", "5", "6", "7", "8", "9", "a", "b", "5"}) {
+                QVERIFY(QFile(program.path(name)).open(QFile::WriteOnly));
+                recent.noteNewRecentDocument(program.location(name));
             }
-            recent.noteNewRecentDocument(std::make_shared<const Url>(url(12))); // its saving has failed
+            recent.noteNewRecentDocument(program.location("c")); // its saving has failed
         }
-        QStringList expected;
-        for (const int i : {5, 11, 10, 9, 8, 7, 6, 4, 3, 2})
-            expected.append(QString::fromStdString(url(i).absoluteString()));
-        QCOMPARE(QtRecentDocuments(file).locations(), expected);
+        const QString folder = "file://" + program.path("");
+        QCOMPARE(QtRecentDocuments(file).locations().join("").remove(folder), QString("/5/b/a/9/8/7/6/4/3/2"));
     }
 
     void alertsHaveOneButton()
     {
         QtPanels panels;
         whenAsked<QMessageBox>([](QMessageBox& alert) {
-            QCOMPARE(alert.text(), QString("No <File> Found"));
-            QCOMPARE(alert.informativeText(), QString("File Not Found"));
+            QCOMPARE(alert.text() + alert.informativeText(), QString("No <File> Found: File Not Found"));
             QCOMPARE(alert.textFormat(), Qt::PlainText);
             QCOMPARE(alert.buttons().size(), 1);
-            QCOMPARE(alert.buttons().constFirst()->text(), QString("OK"));
             alert.buttons().constFirst()->click();
         });
-        panels.runAlert("No <File> Found", "File Not Found");
+        panels.runAlert("No <File> Found: ", "File Not Found");
+    }
+
+    void longWorkIsCancelled()
+    {
+        whenAsked<QProgressDialog>([](QProgressDialog& dialog) { dialog.cancel(); });
+        const QDeadlineTimer patience(20'000);
+        QtProgress().run(LongWork::ExportPSD, [&](const Report& report) {
+            while (!patience.hasExpired() && report(0.5)) {
+            }
+        });
+        QVERIFY(!patience.hasExpired());
     }
 
     void savingAsksBeforeItReplacesTheFileThatIsWritten()
     {
         const QTemporaryDir folder;
-        QFile(folder.filePath("wall.mpr")).open(QIODevice::WriteOnly);
-        QFile(folder.filePath("wall.txt")).open(QIODevice::WriteOnly);
+        for (const char* name : {"wall.mpr", "wall.txt"})
+            QVERIFY(QFile(folder.filePath(name)).open(QIODevice::WriteOnly));
         QtPanels panels;
-        const auto choose = [&](const QString& name) {
-            whenAsked<QFileDialog>([path = folder.filePath(name)](QFileDialog& dialog) { acceptFile(dialog, path); });
+        const auto choose = [&](const QString& name, std::optional<QMessageBox::StandardButton> answer = {}) {
+            whenAsked<QFileDialog>([&, name, answer](QFileDialog& dialog) {
+                if (answer) {
+                    whenAsked<QMessageBox>([answer = *answer](QMessageBox& question) {
+                        QVERIFY(question.text().contains("wall.mpr"));
+                        if (answer == QMessageBox::No)
+                            whenAsked<QFileDialog>([](QFileDialog& again) { again.reject(); });
+                        question.button(answer)->click();
+                    });
+                }
+                acceptFile(dialog, name);
+            });
         };
         const auto save = [&] {
             panels.prepare({"Save", "Projects (*.mpr)", "mpr"});
             return fileName(panels.runSavePanel());
         };
-
-        choose("wall.txt"); // will be wall.txt.mpr
+        choose(folder.filePath("wall.txt")); // will be wall.txt.mpr
         QCOMPARE(save(), QString("wall.txt"));
-
-        int questions = 0;
-        whenAsked<QFileDialog>([&](QFileDialog& dialog) {
-            whenAsked<QMessageBox>([&](QMessageBox& question) {
-                QVERIFY(question.text().contains("wall.mpr"));
-                ++questions;
-                question.button(QMessageBox::No)->click();
-                whenAsked<QFileDialog>([](QFileDialog& again) { again.reject(); });
-            });
-            acceptFile(dialog, folder.filePath("wall"));
-        });
+        choose(folder.filePath("wall"), QMessageBox::No);
         QCOMPARE(save(), QString());
-        QCOMPARE(questions, 1);
-
-        whenAsked<QFileDialog>([&](QFileDialog& dialog) {
-            QCOMPARE(dialog.directory().canonicalPath(), QFileInfo(folder.path()).canonicalFilePath());
-            whenAsked<QMessageBox>([&](QMessageBox& question) { question.button(QMessageBox::Yes)->click(); });
-            acceptFile(dialog, "wall.mpr");
-        });
+        choose("wall.mpr", QMessageBox::Yes); // in the folder of the last time
         QCOMPARE(save(), QString("wall.mpr"));
 
         QFile(folder.filePath("wall.PSD")).open(QIODevice::WriteOnly);
@@ -546,6 +402,49 @@ private slots:
         QCOMPARE(fileName(panels.runOpenPanel()), QString("wall.txt"));
         whenAsked<QFileDialog>([](QFileDialog& dialog) { dialog.reject(); });
         QVERIFY(!panels.runOpenPanel());
+    }
+
+    void textsAreLegible()
+    {
+        constexpr std::pair<QPalette::ColorRole, QPalette::ColorRole> kPairs[]{
+            {QPalette::WindowText, QPalette::Window},       {QPalette::Text, QPalette::Base},
+            {QPalette::Text, QPalette::AlternateBase},      {QPalette::PlaceholderText, QPalette::Base},
+            {QPalette::ButtonText, QPalette::Button},       {QPalette::HighlightedText, QPalette::Highlight},
+            {QPalette::ToolTipText, QPalette::ToolTipBase}, {QPalette::Link, QPalette::Window},
+            {QPalette::LinkVisited, QPalette::Window}};
+        for (const Appearance appearance : {Appearance::Dark, Appearance::Light}) {
+            applyTheme(*qApp, appearance);
+            QCOMPARE(desktopAppearance(), appearance);
+            for (const auto group : {QPalette::Active, QPalette::Inactive}) {
+                for (const auto& [text, ground] : kPairs) {
+                    const double one = luminance(qApp->palette().color(group, text));
+                    const double other = luminance(qApp->palette().color(group, ground));
+                    QVERIFY2((std::max(one, other) + 0.05) / (std::min(one, other) + 0.05) >= 4.5,
+                             qPrintable(QString("%1 on %2").arg(text).arg(ground)));
+                }
+            }
+        }
+    }
+
+    void theAppearanceIsRememberedAndTakesEffectAtOnce()
+    {
+        applyTheme(*qApp, Appearance::Light);
+        ProgramUnderTest program;
+        QSettings memory(program.path("window.ini"), QSettings::IniFormat);
+        AppearanceAction action(*qApp, memory);
+        QVERIFY(!action.isChecked()); // as the desktop is
+        const auto iconLuminance = [&] {
+            const QIcon icon = program.find<QToolButton>("Align: CENTER")->icon();
+            return luminance(icon.pixmap(20, 16).toImage().pixelColor(0, 0));
+        };
+        QVERIFY(iconLuminance() < 0.2);
+        action.trigger();
+        program.settle();
+        QVERIFY(luminance(program.window().palette().color(QPalette::Window)) < 0.2);
+        QVERIFY(iconLuminance() > 0.5);
+        applyTheme(*qApp, Appearance::Light);
+        QVERIFY(AppearanceAction(*qApp, memory).isChecked());
+        QCOMPARE(desktopAppearance(), Appearance::Dark);
     }
 };
 

@@ -7,13 +7,7 @@ using namespace wallgrid;
 
 TEST(DisplayFit, saysWhatTheDisplayDoesNotShow)
 {
-    struct Case {
-        QSize pixels;
-        double scale;
-        QSize output;
-        const char* expected;
-    };
-    const Case cases[] = {
+    const std::tuple<QSize, double, QSize, const char*> cases[] = {
         {{1920, 1080}, 1, {1920, 1080}, "Output Preview on HDMI-1, 1920 × 1080, pixel for pixel"},
         {{3840, 2160}, 1, {1920, 1080}, "Output Preview on HDMI-1, 3840 × 2160, pixel for pixel"},
         {{1280, 1080}, 1, {1920, 1080}, "HDMI-1, 1280 × 1080, is smaller than the output and cuts off 640 columns."},
@@ -26,6 +20,6 @@ TEST(DisplayFit, saysWhatTheDisplayDoesNotShow)
         {{1920, 1080}, 1.5, {1920, 1080}, "The desktop scales HDMI-1 to 150 %: set it to 100 % for exact pixels."},
         {{1920, 1080}, 1, {}, "HDMI-1: no output"},
     };
-    for (const Case& c : cases)
-        EXPECT_EQ(displayFit({"HDMI-1", c.pixels, c.scale}, c.output).toStdString(), c.expected);
+    for (const auto& [pixels, scale, output, expected] : cases)
+        EXPECT_EQ(displayFit({"HDMI-1", pixels, scale}, output).toStdString(), expected);
 }

@@ -4,12 +4,27 @@
 #include "ui/preview/preview_surface.h"
 #include "ui/program_under_test.h"
 
-#include <QLabel>
-#include <QMenu>
-#include <QScreen>
-#include <QStatusBar>
+#include <QtDBus>
 
 using namespace wallgrid;
+
+/// What a desktop offers, on a bus of the test's own.
+class ScreenSaver : public QObject, public QDBusContext {
+    Q_OBJECT
+    Q_CLASSINFO("D-Bus Interface", "org.freedesktop.ScreenSaver")
+
+public:
+    QStringList asked;
+    QString asker;
+
+public slots:
+    uint Inhibit(const QString& program, const QString& reason) // NOLINT: the name is the interface's
+    {
+        asked.append(program + ": " + reason);
+        asker = message().service();
+        return 1;
+    }
+};
 
 // On a desktop of three displays.
 class OutputPreviewTest : public QObject {
@@ -57,60 +72,40 @@ private:
         return wrong;
     }
 
-    static bool says(ProgramUnderTest& program, const QString& text)
-    {
-        for (const QLabel* label : program.window().statusBar()->findChildren<QLabel*>()) {
-            if (label->text() == text)
-                return true;
-        }
-        return false;
-    }
-
 private slots:
-    void theDisplayShowsTheRasterAndNothingElse_data()
-    {
-        QTest::addColumn<QString>("name");
-        QTest::addColumn<QSize>("pixels");
-        QTest::addColumn<QString>("report");
-        QTest::newRow("exact") << "wall" << QSize(400, 300) << "Output Preview on wall, 400 × 300, pixel for pixel";
-        QTest::newRow("larger") << "desk" << QSize(1000, 800) << "Output Preview on desk, 1000 × 800, pixel for pixel";
-        QTest::newRow("scaled") << "scaled" << QSize(600, 450)
-                                << "The desktop scales scaled to 150 %: set it to 100 % for exact pixels.";
-    }
-
     void theDisplayShowsTheRasterAndNothingElse()
     {
-        QFETCH(QString, name);
-        QFETCH(QSize, pixels);
-        QFETCH(QString, report);
-        ProgramUnderTest program;
-        program.delegate().loadProject({300, 400, {makeScreen(u"a", 120, 77, 33)}});
-        program.delegate().setEdgeColor(Color::greenColor());
-        program.settle();
-        OutputPreview& preview = program.window().outputPreview();
-        preview.chooseDisplay(name);
-        program.delegate().openPvw();
-        program.settle();
-        RasterWindow* window = rasterWindow();
-        QVERIFY(window);
-        QCOMPARE(window->screen(), display(name));
-        QCOMPARE(window->geometry(), display(name)->geometry());
-        QCOMPARE((QSizeF(window->size()) * window->devicePixelRatioF()).toSize(), pixels);
-        QCOMPARE(window->cursor().shape(), Qt::BlankCursor);
-        QVERIFY(program.delegate().offscreenRep()->at(100, 50).g == 255);
-        QCOMPARE(wrongPixels(program, *display(name)), 0);
-        QVERIFY(says(program, report));
+        const std::tuple<const char*, QSize, const char*> displays[]{
+            {"wall", {400, 300}, "Output Preview on wall, 400 × 300, pixel for pixel"},
+            {"desk", {1000, 800}, "Output Preview on desk, 1000 × 800, pixel for pixel"},
+            {"scaled", {600, 450}, "The desktop scales scaled to 150 %: set it to 100 % for exact pixels."}};
+        for (const auto& [name, pixels, report] : displays) {
+            ProgramUnderTest program;
+            program.delegate().loadProject({300, 400, {makeScreen(u"a", 120, 77, 33)}});
+            program.delegate().setEdgeColor(Color::greenColor());
+            program.window().outputPreview().chooseDisplay(name);
+            program.delegate().openPvw();
+            program.settle();
+            RasterWindow* window = rasterWindow();
+            QVERIFY(window);
+            QCOMPARE(window->screen(), display(name));
+            QCOMPARE(window->geometry(), display(name)->geometry());
+            QCOMPARE((QSizeF(window->size()) * window->devicePixelRatioF()).toSize(), pixels);
+            QCOMPARE(window->cursor().shape(), Qt::BlankCursor);
+            QVERIFY(program.delegate().offscreenRep()->at(100, 50).g == 255);
+            QCOMPARE(wrongPixels(program, *display(name)), 0);
+            QVERIFY(program.find<QLabel>(report));
 
-        program.item().setXpoint(200); // it follows
-        program.settle();
-        QCOMPARE(wrongPixels(program, *display(name)), 0);
-        program.delegate().openPvw(); // again: nothing changes
-        QCOMPARE(rasterWindow(), window);
-
-        QTest::keyClick(window, name == "wall" ? Qt::Key_F : Qt::Key_Escape);
-        QVERIFY(!rasterWindow());
-        program.settle();
-        QVERIFY(!says(program, report));
+            program.item().setXpoint(200); // it follows
+            program.settle();
+            QCOMPARE(wrongPixels(program, *display(name)), 0);
+            program.delegate().openPvw(); // again: nothing changes
+            QCOMPARE(rasterWindow(), window);
+            QTest::keyClick(window, pixels.width() == 400 ? Qt::Key_F : Qt::Key_Escape);
+            QVERIFY(!rasterWindow());
+            program.settle();
+            QVERIFY(!program.find<QLabel>(report));
+        }
     }
 
     void itWaitsForAnUnpluggedDisplay()
@@ -140,22 +135,39 @@ private slots:
         program.window().outputPreview().chooseDisplay("wall");
         program.window().outputPreview().show();
         QStringList listed;
-        QAction* desk = nullptr;
-        for (QMenu* menu : program.window().findChildren<QMenu*>()) {
-            for (QAction* action : menu->title() == "Output Preview o&n" ? menu->actions() : QList<QAction*>()) {
-                listed.append(action->text() + (action->isChecked() ? " *" : ""));
-                if (action->text().startsWith("desk"))
-                    desk = action;
-            }
-        }
+        for (const QAction* each : program.action("Output Preview o&n")->menu()->actions())
+            listed.append(each->text() + (each->isChecked() ? " *" : ""));
         listed.sort();
         QCOMPARE(listed, (QStringList{"desk, 1000 × 800", "scaled, 600 × 450", "wall, 400 × 300 *"}));
-        desk->trigger();
-        program.settle();
+        program.trigger("desk, 1000 × 800");
         QVERIFY(rasterWindow());
         QCOMPARE(rasterWindow()->screen(), display("desk"));
         program.window().close(); // ends all of the program
         QVERIFY(!rasterWindow());
+    }
+
+    void theDesktopIsAskedAndLetGo()
+    {
+        QProcess daemon;
+        daemon.start("dbus-daemon", {"--session", "--nofork", "--print-address"});
+        QVERIFY(daemon.waitForReadyRead());
+        const QByteArray address = daemon.readLine().trimmed();
+        qputenv("DBUS_SESSION_BUS_ADDRESS", address);
+        auto desktop = QDBusConnection::connectToBus(QString::fromLatin1(address), "desktop");
+        ScreenSaver saver;
+        QVERIFY(desktop.registerObject("/org/freedesktop/ScreenSaver", &saver, QDBusConnection::ExportAllSlots));
+        QVERIFY(desktop.registerService("org.freedesktop.ScreenSaver"));
+
+        ProgramUnderTest program;
+        program.delegate().openPvw();
+        QTRY_COMPARE(saver.asked, QStringList{QCoreApplication::applicationName() + ": Output Preview"});
+        QDBusServiceWatcher watcher(saver.asker, desktop);
+        QSignalSpy gone(&watcher, &QDBusServiceWatcher::serviceUnregistered);
+        program.window().outputPreview().leave();
+        QTRY_COMPARE(gone.count(), 1); // which ends the request
+        QDBusConnection::disconnectFromBus("desktop");
+        daemon.terminate();
+        QVERIFY(daemon.waitForFinished());
     }
 };
 

@@ -5,13 +5,13 @@
 #include "ui/preview/scaled_picture.h"
 
 #include <QtTest>
+#include <QtWidgets>
 
 using namespace wallgrid;
 
 namespace {
 
 constexpr Pixel white{255, 255, 255, 255};
-constexpr Pixel black{255, 0, 0, 0};
 
 template <class Paint>
 BitmapRef paint(int width, int height, Paint pixelAt)
@@ -43,46 +43,31 @@ private slots:
             return Pixel{std::uint8_t(200 + x), std::uint8_t(10 * x), std::uint8_t(20 * y), std::uint8_t(7)};
         });
         const QImage picture = scaledPicture(*bitmap, {3, 2});
-        for (int y = 0; y < 2; ++y) {
-            for (int x = 0; x < 3; ++x) {
-                const QRgb stored = reinterpret_cast<const QRgb*>(picture.constScanLine(y))[x];
-                QCOMPARE(stored, qRgba(10 * x, 20 * y, 7, 200 + x));
-            }
+        for (int i = 0; i < 6; ++i) {
+            const QRgb stored = reinterpret_cast<const QRgb*>(picture.constScanLine(i / 3))[i % 3];
+            QCOMPARE(stored, qRgba(10 * (i % 3), 20 * (i / 3), 7, 200 + i % 3));
         }
-    }
-
-    void areasAreAveraged()
-    {
-        const auto checkers = paint(8, 8, [](int x, int y) { return (x + y) % 2 ? white : black; });
-        const QImage picture = scaledPicture(*checkers, {2, 2});
+        const auto checkers = paint(8, 8, [](int x, int y) { return (x + y) % 2 ? white : Pixel{255, 0, 0, 0}; });
         for (int i = 0; i < 4; ++i)
-            QCOMPARE(picture.pixel(i % 2, i / 2), qRgb(128, 128, 128));
+            QCOMPARE(scaledPicture(*checkers, {2, 2}).pixel(i % 2, i / 2), qRgb(128, 128, 128));
     }
 
     /// Wherever it is, a line keeps its share of the pixel that stands for it.
-    void thinLinesDoNotVanish_data()
-    {
-        QTest::addColumn<int>("reduction");
-        QTest::addColumn<bool>("upright");
-        for (const int reduction : {2, 3, 7, 16, 17, 40, 64}) {
-            for (const bool upright : {false, true})
-                QTest::addRow("1:%d %s", reduction, upright ? "upright" : "level") << reduction << upright;
-        }
-    }
-
     void thinLinesDoNotVanish()
     {
-        QFETCH(int, reduction);
-        QFETCH(bool, upright);
-        for (int line = 0; line < reduction; ++line) {
-            const auto bitmap = paint(2 * reduction, 2 * reduction,
-                                      [&](int x, int y) { return (upright ? x : y) == line ? white : Pixel{}; });
-            const QImage seen = scaledPicture(*bitmap, {2, 2});
-            const int share = 255 / reduction;
-            QVERIFY2(std::abs(qAlpha(seen.pixel(0, 0)) - share) <= share / 2 + 1,
-                     qPrintable(QString("line %1: %2").arg(line).arg(qAlpha(seen.pixel(0, 0)))));
-            QCOMPARE(seen.pixel(1, 1), 0U);
-            QCOMPARE(scaledPicture(*bitmap, {2, 2}, Coverage::Strongest).pixel(0, 0), qRgb(255, 255, 255));
+        for (const int reduction : {2, 3, 7, 16, 17, 40, 64}) {
+            for (int line = 0; line < 2 * reduction; ++line) {
+                const bool upright = line < reduction;
+                const auto bitmap = paint(2 * reduction, 2 * reduction, [&](int x, int y) {
+                    return (upright ? x : y) == line % reduction ? white : Pixel{};
+                });
+                const QImage seen = scaledPicture(*bitmap, {2, 2});
+                const int share = 255 / reduction;
+                QVERIFY2(std::abs(qAlpha(seen.pixel(0, 0)) - share) <= share / 2 + 1,
+                         qPrintable(QString("1:%1, line %2").arg(reduction).arg(line)));
+                QCOMPARE(seen.pixel(1, 1), 0U);
+                QCOMPARE(scaledPicture(*bitmap, {2, 2}, Coverage::Strongest).pixel(0, 0), qRgb(255, 255, 255));
+            }
         }
     }
 
@@ -106,57 +91,38 @@ private slots:
         }
     }
 
-    void hugeRastersCostNoMoreThanTheirPicture()
-    {
-        // Would take minutes in this build if every pixel of it were looked at, and fail without the memory of one
-        // copy.
-        const auto bitmap = Bitmap::create(16'384, 8'192);
-        QVERIFY(bitmap);
-        bitmap->row(8'191)[16'383] = white;
-        QCOMPARE(scaledPicture(*bitmap, {48, 24}).size(), QSize(48, 24));
-    }
-
-    void sizesAreFitted_data()
-    {
-        QTest::addColumn<QSizeF>("size");
-        QTest::addColumn<QSize>("room");
-        QTest::addColumn<QSize>("fitted");
-        QTest::newRow("smaller stays") << QSizeF(10, 20) << QSize(640, 360) << QSize(10, 20);
-        QTest::newRow("exact") << QSizeF(1920, 1080) << QSize(640, 360) << QSize(640, 360);
-        QTest::newRow("wide") << QSizeF(8704, 192) << QSize(640, 360) << QSize(640, 14);
-        QTest::newRow("a hair") << QSizeF(2e9, 1) << QSize(640, 360) << QSize(640, 1);
-        QTest::newRow("nothing") << QSizeF(0, 5) << QSize(640, 360) << QSize();
-        QTest::newRow("negative") << QSizeF(-4, 5) << QSize(640, 360) << QSize();
-        QTest::newRow("no room") << QSizeF(4, 5) << QSize(640, 0) << QSize();
-    }
-
     void sizesAreFitted()
     {
-        QFETCH(QSizeF, size);
-        QFETCH(QSize, room);
-        QFETCH(QSize, fitted);
-        QCOMPARE(fittedSize({size.width(), size.height()}, room), fitted);
+        const std::tuple<Size, QSize, QSize> cases[]{{{10, 20}, {640, 360}, {10, 20}},
+                                                     {{1920, 1080}, {640, 360}, {640, 360}},
+                                                     {{8704, 192}, {640, 360}, {640, 14}},
+                                                     {{2e9, 1}, {640, 360}, {640, 1}},
+                                                     {{0, 5}, {640, 360}, {}},
+                                                     {{-4, 5}, {640, 360}, {}},
+                                                     {{4, 5}, {640, 0}, {}}};
+        for (const auto& [size, room, fitted] : cases)
+            QCOMPARE(fittedSize(size, room), fitted);
     }
 
     void theViewPaintsItsImageInTheMiddle()
     {
         ImageViewWidget view;
         view.resize(100, 100);
-        view.setImage(imageOf(paint(40, 20, [](int x, int) {
+        const auto pixels = [&](const ImageRef& image) {
+            view.setImage(image);
+            const QImage seen = view.grab().toImage();
+            QStringList names;
+            for (const QPoint place : {QPoint(29, 50), QPoint(30, 40), QPoint(69, 59), QPoint(50, 60)})
+                names.append(seen.pixelColor(place).name());
+            return names.join(' ').replace(view.palette().color(QPalette::Mid).name(), "-");
+        };
+        const auto halves = paint(40, 20, [](int x, int) {
             return x < 20 ? Pixel{255, 255, 0, 0} : Pixel{255, 0, 0, 255};
-        })));
-        QCOMPARE(view.pictureRect(), QRect(30, 40, 40, 20));
-        QImage seen = view.grab().toImage();
-        const QRgb surround = view.palette().color(QPalette::Mid).rgb();
-        QCOMPARE(seen.pixel(29, 50), surround);
-        QCOMPARE(seen.pixelColor(30, 40), QColor(Qt::red));
-        QCOMPARE(seen.pixelColor(69, 59), QColor(Qt::blue));
-        QCOMPARE(seen.pixel(50, 60), surround);
-
-        view.setImage(nullptr);
-        QCOMPARE(view.grab().toImage().pixel(50, 50), surround);
-        view.setImage(std::make_shared<Image>(Size{40, 20})); // no raster
-        QCOMPARE(view.grab().toImage().pixel(50, 50), surround);
+        });
+        QCOMPARE(pixels(imageOf(halves)), "- #ff0000 #0000ff -");
+        QCOMPARE(pixels(imageOf(paint(40, 20, [](int, int) { return white; }))), "- #ffffff #ffffff -");
+        QCOMPARE(pixels(std::make_shared<Image>(Size{40, 20})), "- - - -"); // no raster
+        QCOMPARE(pixels(nullptr), "- - - -");
     }
 
     void theOutputWindowKeepsTheFrameOfItsView()

