@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "items/gx_screen.h"
 #include "picture.h"
+#include "platform/toolkit.h"
 
 #include <gtest/gtest.h>
 #include <limits>
-#include <sstream>
 
 using namespace wallgrid;
 
@@ -29,30 +29,25 @@ void expectDrawn(GXScreen& screen, std::initializer_list<std::string_view> rows)
     EXPECT_TRUE(test::samePicture(pixelsOf(screen), test::picture(rows)));
 }
 
-} // namespace
-
-TEST(GXScreen, InitMakesTheDefaultScreen)
-{
-    const ScreenRef screen = GXScreen::init();
-    std::ostringstream values;
-    for (const GXItem::Field& field : GXItem::fields()) {
-        const GXItem::FieldValue value = screen->value(field);
-        if (const auto* number = std::get_if<std::int32_t>(&value))
-            values << field.property << ' ' << *number << ' ';
-        else if (const auto* flag = std::get_if<bool>(&value))
-            values << field.property << ' ' << *flag << ' ';
+/// Each text is a box of two pixels.
+struct BoxToolkit : Toolkit {
+    struct Box : TextLine {
+        PixelRect inkBounds() const override { return {0, 0, 2, 1}; }
+        void rasterize(const PixelRect&, std::span<std::uint8_t> coverages) const override
+        {
+            std::ranges::fill(coverages, std::uint8_t(255));
+        }
+    };
+    std::unique_ptr<TextLine> layOutText(std::string_view text, double) override
+    {
+        texts += std::string(text) + "|";
+        return std::make_unique<Box>();
     }
-    EXPECT_EQ(values.str(), "col 5 bgEnable 1 BoarderEnable 1 panelWidth 48 panelHeight 48 row 5 visible 1 "
-                            "screenSizeHeight 240 screenSizeWidth 240 xpoint 0 ypoint 0 XYFontSize 50 XYFontEnable 0 "
-                            "screenFontEnable 0 CircleEnable 0 screenFontSize 50 boarderWidth 1 circleBWidth 4 ");
-    EXPECT_EQ(screen->label(), nullptr);
-    EXPECT_EQ(screen->PositionArray(),
-              (std::vector<std::u16string>{u"TOP LEFT", u"TOP RIGHT", u"CENTER", u"BOTTOM LEFT", u"BOTTOM RIGHT"}));
-    EXPECT_EQ(textOf(std::make_shared<GXScreen>()->captions().fields[0].text), u"Panel-H")
-        << "of one that a file holds, too";
-    EXPECT_EQ(textOf(screen->label8()), u"Label Screen Size");
-    EXPECT_FALSE(screen->label3Hidden() || screen->labelGroupRightHidden());
-}
+    Expected<ImageRef> decodeImage(std::span<const std::uint8_t>) override { return failure("no images here"); }
+    std::string texts;
+};
+
+} // namespace
 
 TEST(GXScreen, DrawsPanelsAndFrames)
 {
@@ -61,25 +56,8 @@ TEST(GXScreen, DrawsPanelsAndFrames)
     screen->setBoarderWidth(-3);
     expectDrawn(*screen, {"RRRRRRRR", "RRRRRRRR", "RRRRRRRR"});
     screen->setBoarderWidth(1);
-    screen->setBgEnable(false);
-    expectDrawn(*screen, {"WWWWWWWW", "W..WW..W", "WWWWWWWW"});
-    screen->setBoarderEnable(false);
-    expectDrawn(*screen, {"........", "........", "........"});
-
-    const ScreenRef large = makeScreen(1, 1, 600, 600);
-    large->setBgEnable(false);
-    large->drawInRect(); // in the memory of the filled picture
-    EXPECT_EQ(pixelsOf(*large)->at(300, 300), Pixel{});
-
-    const ScreenRef colors = makeScreen(1, 1, 3, 3);
-    colors->setRectColor(Color::calibratedRGB(0, 1, 0, 0.5));
-    colors->setBoarderColor(Color::calibratedWhite(1, 0.25));
-    colors->drawInRect();
-    EXPECT_EQ(pixelsOf(*colors)->at(1, 1), (Pixel{128, 0, 128, 0})) << "translucent colours replace";
-    EXPECT_EQ(pixelsOf(*colors)->at(0, 0), (Pixel{64, 64, 64, 64}));
-    colors->setBoarderColor(nullptr);
-    colors->drawInRect();
-    EXPECT_EQ(pixelsOf(*colors)->at(0, 0), (Pixel{128, 0, 128, 0})) << "no colour leaves the one in force";
+    screen->setBoarderColor(nullptr); // leaves the colour in force
+    expectDrawn(*screen, {"RRRRRRRR", "RRRRRRRR", "RRRRRRRR"});
 }
 
 TEST(GXScreen, CircleTouchesTheShorterSides)
@@ -113,6 +91,23 @@ TEST(GXScreen, CircleTouchesTheShorterSides)
     EXPECT_GT(pixelsOf(*odd)->at(1, 3).a, 0);
 }
 
+TEST(GXScreen, TextsSayTheSizeAndThePlaceWithinAMargin)
+{
+    BoxToolkit toolkit;
+    Toolkit::install(&toolkit);
+    const ScreenRef screen = makeScreen(2, 1, 2, 6);
+    screen->setBgEnable(false);
+    screen->setBoarderEnable(false);
+    screen->setScreenFontEnable(true);
+    screen->setXYFontEnable(true);
+    screen->setXYFontSize(2);
+    screen->setXpoint(-7);
+    screen->setCircleBWidth(1); // which is the margin
+    expectDrawn(*screen, {"....", "....", ".WW.", "....", ".WW.", "...."});
+    EXPECT_EQ(toolkit.texts, "4 x 6|xy -7 x 0|");
+    Toolkit::install(nullptr);
+}
+
 TEST(GXScreen, UnusualSizesCostNothingAndDrawWhatTheyCan)
 {
     struct Case {
@@ -143,6 +138,7 @@ TEST(GXScreen, AnEditIsToldAndShowsLikeAScreenThatWasNeverDrawnBefore)
     screen->setScreenFontEnable(true);
     screen->setXYFontEnable(true);
     screen->setCircleEnable(true);
+    EXPECT_EQ(textOf(std::make_shared<GXScreen>()->captions().fields[0].text), u"Panel-H") << "of one read from a file";
     std::string told;
     const auto observation = screen->observe([&](std::string_view key) { told = key; });
     for (const GXItem::Field& field : GXItem::fields()) {
