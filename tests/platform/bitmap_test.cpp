@@ -16,30 +16,17 @@ namespace {
 
 constexpr std::int64_t kMega = 1 << 20;
 
-/// A bitmap of so many bytes that holds nothing but this pixel.
-BitmapRef dirty(std::int64_t bytes)
-{
-    const BitmapRef bitmap = Bitmap::create(bytes / 4096, 1024, Bitmap::Contents::Undefined);
-    std::fill_n(bitmap->pixels(), bytes / 4, Pixel{1, 2, 3, 4});
-    return bitmap;
-}
-
 } // namespace
 
 TEST(Bitmap, IsNotMadeWithoutPixelsOrBeyondFourGiB)
 {
-    constexpr std::int64_t kInt = std::numeric_limits<int>::max();
     constexpr std::int64_t kLong = std::numeric_limits<std::int64_t>::max();
-    for (const auto& [width, height] : std::vector<std::pair<std::int64_t, std::int64_t>>{{0, 5},
-                                                                                          {5, 0},
-                                                                                          {-3, -3},
-                                                                                          {kLong, kLong},
-                                                                                          {-kLong, 4},
-                                                                                          {kInt, kInt},
-                                                                                          {1 << 15, (1 << 15) + 1},
-                                                                                          {1 << 30, 2},
-                                                                                          {kInt + 1, 1},
-                                                                                          {1, kLong / 2 + 2}})
+    for (const auto& [width, height] : {std::pair<std::int64_t, std::int64_t>{0, 5},
+                                        {-3, -3},
+                                        {kLong, kLong},
+                                        {1 << 15, (1 << 15) + 1},
+                                        {1 << 30, 2},
+                                        {1, kLong / 2 + 2}})
         EXPECT_FALSE(Bitmap::create(width, height)) << width << " x " << height;
 }
 
@@ -71,12 +58,11 @@ TEST(BitmapMemory, MapsABlockThatItsLastCacheLineMakesLarge)
 TEST(BitmapMemory, ClearsWhatItHandsOutAgainToBitmapsOfThatSize)
 {
     for (const std::int64_t bytes : {std::int64_t(4096), kMega / 2, kMega, 5 * kMega}) {
-        const Pixel* const used = dirty(bytes)->pixels();
+        BitmapRef bitmap = Bitmap::create(bytes / 4096, 1024, Bitmap::Contents::Undefined);
+        const Pixel* const used = std::fill_n(bitmap->pixels(), bytes / 4, Pixel{1, 2, 3, 4}) - bytes / 4;
+        bitmap = nullptr;
         const BitmapRef again = Bitmap::create(bytes / 4096, 1024);
         EXPECT_EQ(std::count(again->pixels(), again->pixels() + bytes / 4, Pixel{}), bytes / 4) << bytes;
         EXPECT_TRUE(bytes < kMega || again->pixels() == used) << bytes << " bytes were not handed out again";
     }
-    const Pixel* const large = dirty(32 * kMega)->pixels();
-    EXPECT_NE(Bitmap::create(1024, 1024, Bitmap::Contents::Undefined)->pixels(), large);
-    EXPECT_EQ(Bitmap::create(7900, 1024, Bitmap::Contents::Undefined)->pixels(), large) << "which is nearly as large";
 }
