@@ -27,13 +27,12 @@ struct ScriptedTable : TableView {
     std::string events;
 };
 
-/// The launched program with both tables, its lists filled with screens that have one letter for a name. Which sheets
-/// and windows are loaded, begun and ended is written down.
-class ListFixture : public ScriptedDesktop, SheetLoader, WindowLoader {
+/// The launched program with both tables, its lists filled with screens that have one letter for a name.
+class ListFixture : public ScriptedDesktop {
 protected:
     ListFixture()
     {
-        delegate.connect({nullptr, &table, &ptable, nullptr, this, this});
+        delegate.connect({nullptr, &table, &ptable, nullptr, nullptr, nullptr});
         delegate.applicationDidFinishLaunching();
     }
 
@@ -70,30 +69,8 @@ protected:
         EXPECT_TRUE(delegate.tableViewAcceptDrop(to, pasteboard, row, DropOperation::Above));
     }
 
-    struct Loaded : Sheet, WindowController {
-        Loaded(std::string& log, std::string_view loadedName)
-            : events(log)
-            , name(loadedName)
-        {
-        }
-        void begin() override { events += "begin " + name + "|"; }
-        void end() override { events += "end " + name + "|"; }
-        void showWindow() override { events += "show " + name + "|"; }
-        std::string& events;
-        std::string name;
-    };
-    std::shared_ptr<Sheet> loadNibNamed(std::string_view name) override
-    {
-        return std::make_shared<Loaded>(events, name);
-    }
-    std::shared_ptr<WindowController> windowControllerWithNibName(std::string_view name) override
-    {
-        return std::make_shared<Loaded>(events, name);
-    }
-
     ScriptedTable table{"mainTView"};
     ScriptedTable ptable{"presetTView"};
-    std::string events; ///< of sheets and windows
 };
 
 } // namespace wallgrid
