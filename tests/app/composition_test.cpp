@@ -79,14 +79,3 @@ TEST_F(Composition, ThrottleRendersOnceInATenthOfASecond)
     EXPECT_NE(delegate.img(), shown);
     EXPECT_FALSE(delegate.hasSkippedUpdate());
 }
-
-TEST_F(Composition, ThePassRendersASelectedRowOtherThanTheFirst)
-{
-    compose({screen(Color::redColor(), 2, 2, 0, 0), screen(Color::redColor(), 2, 2, 0, 0)});
-    for (const std::size_t row : {0U, 1U}) {
-        delegate.arraycontroller().setSelectionIndex(row);
-        const ImageRef before = delegate.allScreensArray()->at(row)->thumbnail();
-        ScriptedDesktop::compose();
-        EXPECT_EQ(delegate.allScreensArray()->at(row)->thumbnail() != before, row == 1);
-    }
-}

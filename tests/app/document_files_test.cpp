@@ -39,12 +39,8 @@ TEST_F(DocumentFiles, ExtensionsAreAppendedUnlessTheyAreThere)
         choose(name);
         delegate.saveAction();
     }
-    cancel();
-    delegate.saveProject();
-    delegate.saveAction();
     EXPECT_EQ(filesWritten(),
               (std::vector<std::string>{"out.PNG.png", "out.png", "out.psd.png", "wall.MPR.mpr", "wall.mpr"}));
-    EXPECT_EQ(recent.size(), 3u);
     choose("no/such/folder");
     delegate.saveProject();
     delegate.saveAction();

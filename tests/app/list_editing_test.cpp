@@ -142,7 +142,10 @@ TEST_F(ListEditing, AnyNotificationRendersTheSelectedItemAndNoOther)
         change();
         return std::pair(first->thumbnail() != firstBefore, second->thumbnail() != secondBefore);
     };
+    delegate.arraycontroller().setSelectionIndex(1);
+    EXPECT_EQ(rendered([&] { compose(); }), std::pair(false, true));
     delegate.arraycontroller().setSelectionIndex(0);
+    EXPECT_EQ(rendered([&] { compose(); }), std::pair(false, false)) << "a pass leaves the first row as it is";
     EXPECT_EQ(rendered([&] { second->setCol(9); }), std::pair(true, false));
     EXPECT_EQ(rendered([&] { delegate.presetScreensArray()->at(0)->setThumbnail(nullptr); }), std::pair(true, false));
     delegate.arraycontroller().setSelectionIndexes({});
