@@ -29,18 +29,14 @@ ItemRef itemAt(std::int32_t x, std::int32_t y, std::int32_t side, bool visible =
 TEST(Snapping, goesToTheNearestEdges)
 {
     const std::tuple<const char*, Box, std::int64_t, Snap> cases[]{
-        {"far from everything", {200, 700, 300, 800}, 8, {0, 0, {}}},
         {"raster's corner", {5, -3, 105, 90}, 8, {-5, 3, {{Qt::Vertical, 0, 0, 1080}, {Qt::Horizontal, 0, 0, 1920}}}},
         {"just too far", {9, 200, 109, 300}, 8, {0, 0, {}}},
-        {"raster's right edge", {1815, 700, 1915, 800}, 8, {5, 0, {{Qt::Vertical, 1920, 0, 1080}}}},
-        {"beside a wall", {404, 700, 504, 800}, 8, {-4, 0, {{Qt::Vertical, 500, 100, 800}}}},
         {"the nearer of two", {903, 700, 1918, 800}, 8, {2, 0, {{Qt::Vertical, 1920, 0, 1080}}}},
         {"left before right", {903, 700, 1917, 800}, 8, {-3, 0, {{Qt::Vertical, 900, 100, 800}}}},
         {"as wide as the wall",
          {502, 700, 902, 800},
          8,
          {-2, 0, {{Qt::Vertical, 500, 100, 800}, {Qt::Vertical, 900, 100, 800}, {Qt::Vertical, 700, 100, 800}}}},
-        {"middle of the wall", {547, 700, 857, 800}, 8, {-2, 0, {{Qt::Vertical, 700, 100, 800}}}},
         {"middle, half a pixel off", {547, 700, 858, 800}, 8, {-2, 0, {{Qt::Vertical, 700, 100, 800}}}},
         {"middle of the raster", {200, 480, 300, 594}, 8, {0, 3, {{Qt::Horizontal, 540, 0, 1920}}}},
         {"only what meets already", {500, 700, 601, 800}, 0, {0, 0, {{Qt::Vertical, 500, 100, 800}}}},
