@@ -1,9 +1,12 @@
 # SPDX-License-Identifier: MIT
 """The rules of composition, written down a second time, pixel by pixel and with exact fractions."""
 
+import pathlib
 from fractions import Fraction
 from functools import cache
 from math import floor
+
+from raw_archive import LINK_CLASS, SCREEN_CLASS, STILL_CLASS
 
 
 def nearest(value):
@@ -41,14 +44,14 @@ class Screen:
             return sample(self.frame)
         return sample(self.fill) if self.fill else (0, 0, 0, 0)
 
-    def archive(self, archive, label):
-        return archive.item("GXScreen", {
+    def archive(self, project, label):
+        return project.item(SCREEN_CLASS, **{
             "col": self.col, "row": self.row, "panelwidth": self.panel_width, "panelheight": self.panel_height,
-            "bgenable": self.fill is not None, "rectcolor": archive.color(*(self.fill or (1, 0, 0))),
-            "boarderenable": self.frame is not None, "boardercolor": archive.color(*(self.frame or (1, 1, 1))),
+            "bgenable": self.fill is not None, "rectcolor": self.fill or (1, 0, 0),
+            "boarderenable": self.frame is not None, "boardercolor": self.frame or (1, 1, 1),
             "boarderwidth": self.frame_width, "visible": self.visible, "xpoint": self.x, "ypoint": self.y,
             # Not what the grid gives: sizes are computed anew when a record is read.
-            "screenwidth": 1, "screenheight": 1, "circlebwidth": 4, "label": archive.add(label), **self.more})
+            "screenwidth": 1, "screenheight": 1, "circlebwidth": 4, "label": label, **self.more})
 
 
 class Still:
@@ -59,12 +62,13 @@ class Still:
     def pixel(self, x, y):
         return premultiplied(self.pixels[y * self.width + x])
 
-    def archive(self, archive, label):
-        location = str(self.path) if "://" in str(self.path) else f"file://{self.path}"
-        return archive.item("GXStill", {
-            "panelwidth": self.width, "panelheight": self.height, "screenwidth": self.width,
-            "screenheight": self.height, "visible": self.visible, "xpoint": self.x, "ypoint": self.y,
-            "boarderwidth": 1, "label": archive.add(label), "imageURL": archive.url(location)})
+    def archive(self, project, label):
+        location = str(self.path) if "://" in str(self.path) else pathlib.Path(self.path).as_uri()
+        still = project.item(STILL_CLASS, panelwidth=self.width, panelheight=self.height, screenwidth=self.width,
+                             screenheight=self.height, visible=self.visible, xpoint=self.x, ypoint=self.y, label=label)
+        link = project.record(LINK_CLASS, NS_relative=project.uid(project.add(project.text(location))))
+        project.set(still, imageURL=project.uid(link))
+        return still
 
 
 def compose(width, height, items, ground=(0, 0, 0, 255)):

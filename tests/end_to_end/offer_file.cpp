@@ -12,18 +12,10 @@ namespace {
 
 class Offer final : public QWidget {
 public:
-    explicit Offer(const QString& path)
-        : m_file(QUrl::fromLocalFile(path))
-    {
-        setWindowTitle(QStringLiteral("Offer"));
-        setGeometry(2200, 300, 200, 200); // on the second display
-    }
-
-protected:
     void mousePressEvent(QMouseEvent*) override
     {
         auto* offered = new QMimeData;
-        offered->setUrls({m_file});
+        offered->setUrls({QUrl::fromLocalFile(QApplication::arguments().value(1))});
         auto* drag = new QDrag(this);
         drag->setMimeData(offered);
         connect(drag, &QDrag::actionChanged, this, [this](Qt::DropAction action) {
@@ -31,17 +23,16 @@ protected:
         });
         drag->exec(Qt::CopyAction);
     }
-
-private:
-    QUrl m_file;
 };
 
 } // namespace
 
 int main(int argc, char** argv)
 {
-    QApplication application(argc, argv);
-    Offer offer(application.arguments().value(1));
+    const QApplication application(argc, argv);
+    Offer offer;
+    offer.setWindowTitle(QStringLiteral("Offer"));
+    offer.setGeometry(2200, 300, 200, 200); // on the second display
     offer.show();
     return QApplication::exec();
 }

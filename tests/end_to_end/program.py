@@ -9,15 +9,16 @@ import tempfile
 import unittest
 
 import png
-from project_files import Archive
+from raw_archive import Project
 
 WALLGRID = os.environ.get("WALLGRID_PROGRAM") or os.environ["WALLGRID_BUILT"]
 
 
 def project(width, height, items, names=None):
-    archive = Archive()
-    records = [item.archive(archive, names[i] if names else f"Item {i}") for i, item in enumerate(items)]
-    return archive.data(archive.array([archive.add(height), archive.add(width), archive.array(records)]))
+    p = Project()
+    p.size(width, height)
+    p.items(*(item.archive(p, names[i] if names else f"Item {i}") for i, item in enumerate(items)))
+    return p.file()
 
 
 class ProgramTest(unittest.TestCase):
@@ -26,10 +27,10 @@ class ProgramTest(unittest.TestCase):
         self.addCleanup(folder.cleanup)
         self.folder = pathlib.Path(folder.name)
 
-    def run_program(self, *words, prepare=None, **variables):
+    def run_program(self, *words, prepare=None, output=subprocess.PIPE, **variables):
         without = "DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"
         environment = {key: value for key, value in os.environ.items() if key not in without}
-        return subprocess.run([WALLGRID, *map(str, words)], capture_output=True, cwd=self.folder,
+        return subprocess.run([WALLGRID, *map(str, words)], stdout=output, stderr=subprocess.PIPE, cwd=self.folder,
                               env=environment | variables, preexec_fn=prepare, timeout=120)
 
     def logo(self, width, height, seed):

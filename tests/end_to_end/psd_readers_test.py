@@ -168,7 +168,7 @@ class PsdReaders(ReadBack, unittest.TestCase):
         def size():
             return choose.randint(1, 300) if choose.random() < .8 else choose.randint(1, 3)
 
-        while len(samples) < 40:
+        while len(samples) < 25:
             width, height = size(), size()
             sample = self.sample(f"random{len(samples)}", width, height, choose.random() < .7)
             for number in range(choose.randint(0, 20)):

@@ -2,6 +2,7 @@
 """One session with the editor from the first wall to the picture on the second display, as a user at mouse and keyboard
 has it, and files that come from another program's window. Runs on two displays (tools/with-display --two)."""
 
+import json
 import os
 import subprocess
 import unittest
@@ -11,7 +12,6 @@ import numpy
 import png
 from composition import Screen, Still, compose
 from program import project
-from project_files import Unarchive
 from psd_readers import ReadBack, psd_tools
 from window import WindowTest, grab, is_open, xdotool
 
@@ -31,27 +31,6 @@ class Session(ReadBack, WindowTest):
 
     def expect_layers(self, names):
         self.expect_rows(names + self.PRESETS)
-
-    def items_of(self, path):
-        """The items of a project of ours, and their names."""
-        archive = Unarchive(path.read_bytes())
-        height, width, items = archive.elements(archive.root())
-        self.assertEqual((width, height), (WIDTH, HEIGHT))
-
-        def color(record, key):
-            return tuple(float(n) for n in archive[record[key]].get("NSRGB", b"1 1 1\0")[:-1].split())
-
-        def item(record):
-            place = record["xpoint"], record["ypoint"]
-            if archive.class_of(record)["$classname"] == "GXStill":
-                self.assertEqual(archive[archive[record["imageURL"]]["NS.relative"]], f"file://{self.image}")
-                return Still(160, 90, [(*IMAGE, 255)] * (160 * 90), self.image, *place, record["visible"])
-            return Screen(record["col"], record["row"], record["panelwidth"], record["panelheight"], *place,
-                          color(record, "rectcolor") if record["bgenable"] else None,
-                          color(record, "boardercolor") if record["boarderenable"] else None, record["boarderwidth"],
-                          record["visible"])
-        records = archive.elements(items)
-        return [item(record) for record in records], [archive[record["label"]] or "" for record in records]
 
     def exported(self, path):
         """Of an exported PNG: rows of columns of samples."""
@@ -95,10 +74,16 @@ class Session(ReadBack, WindowTest):
         xdotool("key", "Return")
 
         done = self.write("ctrl+s", "Save Project", "done.mpr")
-        items, names = self.items_of(done)
-        self.assertEqual(names, ["", "Stage left", "Layer 2", "Layer 1", "LINES"])
-        self.assertEqual([(item.x, item.y) for item in items],
-                         [(0, 0), (WIDTH - WALL, HEIGHT - WALL), (0, 0), (0, 0), (0, -270)])
+        wall = dict(fill=(1, 0, 0), frame=(1, 1, 1))
+        items = [Still(160, 90, [(*IMAGE, 255)] * (160 * 90), self.image, 0, 0),
+                 Screen(4, 4, WALL // 4, WALL // 4, WIDTH - WALL, HEIGHT - WALL, **wall),
+                 Screen(4, 4, WALL // 4, WALL // 4, 0, 0, **wall), Screen(4, 4, WALL // 4, WALL // 4, 0, 0, **wall),
+                 Screen(1, 3, 1920, 540, 0, -270, frame=(0, 1, 0))]
+        names = ["", "Stage left", "Layer 2", "Layer 1", "LINES"]
+        told = json.loads(self.run_program("info", "--json", done).stdout)
+        self.assertEqual([(item["name"], item["width"], item["height"], item["x"], item["y"]) for item in told["items"]],
+                         [(name, item.width, item.height, item.x, item.y) for name, item in zip(names, items)])
+        self.assertEqual((told["items"][0]["image"], told["outputWidth"]), (str(self.image), WIDTH))
 
         xdotool("key", *["ctrl+z"] * 7)  # as many as there were steps
         self.expect_layers("W")

@@ -140,6 +140,18 @@ class Project(Plist):
     def size(self, width, height):
         self.entries[WIDTH], self.entries[HEIGHT] = self.integer(width), self.integer(height)
 
+    def value(self, value):
+        """Of a record: numbers and flags as such, a text or a calibrated colour of three or four numbers by reference."""
+        if isinstance(value, (bool, int)):
+            return self.boolean(value) if isinstance(value, bool) else self.integer(value)
+        if value is None or isinstance(value, str):
+            return self.uid(0 if value is None else self.add(self.utf16(value)))
+        numbers = " ".join(f"{number:.10g}" for number in value).encode() + b"\0"
+        return self.uid(self.record(COLOUR_CLASS, NSColorSpace=self.integer(1), NSRGB=self.data(numbers)))
+
+    def item(self, class_, **values):
+        return self.record(class_, **{key: self.value(value) for key, value in values.items()})
+
     def key(self, key):
         """Keys are shared, as every writer shares them."""
         if key not in self.names:

@@ -11,12 +11,16 @@ def chunk(kind, data):
     return struct.pack(">I", len(data)) + kind + data + struct.pack(">I", zlib.crc32(kind + data))
 
 
+def wrapped(width, height, data):
+    """The file around what claims to be the compressed rows."""
+    return SIGNATURE + chunk(b"IHDR", struct.pack(">IIBBBBB", width, height, 8, 6, 0, 0, 0)) + chunk(b"IDAT", data) + chunk(
+        b"IEND", b"")
+
+
 def write(path, width, height, pixels):
     """`pixels` are (r, g, b, a), row by row."""
     rows = b"".join(b"\0" + b"".join(bytes(pixels[y * width + x]) for x in range(width)) for y in range(height))
-    with open(path, "wb") as file:
-        file.write(SIGNATURE + chunk(b"IHDR", struct.pack(">IIBBBBB", width, height, 8, 6, 0, 0, 0)) +
-                   chunk(b"IDAT", zlib.compress(rows)) + chunk(b"IEND", b""))
+    path.write_bytes(wrapped(width, height, zlib.compress(rows)))
 
 
 def paeth(a, b, c):
