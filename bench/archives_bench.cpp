@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
+#include "archive/keyed_archiver.h"
+#include "archive/keyed_decoder.h"
 #include "benchmarks.h"
-#include "platform/keyed_archiver.h"
-#include "platform/keyed_decoder.h"
 
 #include <cstdlib>
 

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "app/gx_app_delegate.h"
-#include "platform/headless_desktop.h"
+#include "desktop/headless_desktop.h"
 #include "psd/kp_psd_writer.h"
 
 #include <cstdint>

@@ -3,10 +3,10 @@
 // export_memory WALLGRID WIDTH HEIGHT SCREENS: has the program export the project of such a document as a PNG and a
 // PSD, and prints how many bytes of memory it had at its peak, all it is made of included, and how many its raster, the
 // pictures of its items and the bytes of the PSD are.
+#include "base/file.h"
 #include "documents.h"
 #include "items/gx_still.h"
-#include "platform/file.h"
-#include "platform/png_encoder.h"
+#include "png/png_encoder.h"
 
 #include <cstdlib>
 #include <filesystem>

@@ -2,10 +2,10 @@
 //
 // growth items|raster|panels: how time grows with one of these, as a table: a line that names the columns, then one
 // line a measurement, with tabs in between. Times are of the processor, in ms, the shortest of at least three.
+#include "base/byte_sink.h"
 #include "documents.h"
 #include "items/gx_screen.h"
-#include "platform/byte_sink.h"
-#include "platform/png_encoder.h"
+#include "png/png_encoder.h"
 
 #include <algorithm>
 #include <cmath>

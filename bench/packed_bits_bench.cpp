@@ -3,7 +3,7 @@
 #include "items/gx_screen.h"
 #include "plain_packed_bits.h"
 #include "psd/growing_file.h"
-#include "psd/packed_rows.h"
+#include "psd/packbits/packed_rows.h"
 #include "same_bytes.h"
 
 #include <algorithm>

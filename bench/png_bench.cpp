@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "benchmarks.h"
 #include "documents.h"
-#include "platform/png_encoder.h"
+#include "png/png_encoder.h"
 
 #include <QImage>
 #include <array>

@@ -4,7 +4,7 @@
 // takes.
 #include "benchmarks.h"
 #include "documents.h"
-#include "platform/png_encoder.h"
+#include "png/png_encoder.h"
 
 #include <QBuffer>
 #include <QImage>

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
+#include "base/file.h"
 #include "benchmarks.h"
 #include "documents.h"
 #include "plain_psd.h"
-#include "platform/file.h"
 #include "same_bytes.h"
 
 #include <fcntl.h>

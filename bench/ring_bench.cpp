@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "benchmarks.h"
-#include "platform/graphics_context.h"
+#include "graphics/graphics_context.h"
 
 #include <QImage>
 #include <QPainter>

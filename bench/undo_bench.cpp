@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "app/undo_history.h"
 #include "benchmarks.h"
+#include "desktop/headless_desktop.h"
 #include "items/gx_screen.h"
-#include "platform/headless_desktop.h"
 
 #include <iostream>
 #include <memory>

@@ -2,8 +2,8 @@
 //
 // Changes property lists object by object and writes a sound container around the result, where libFuzzer's own changes
 // of bytes seldom leave one. Now and then, and for what is no property list, those are made instead.
+#include "archive/property_list.h"
 #include "fuzz/raw_plist.h"
-#include "platform/property_list.h"
 
 #include <algorithm>
 #include <cstring>

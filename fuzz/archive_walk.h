@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "platform/property_list.h"
+#include "archive/property_list.h"
 
 namespace wallgrid {
 

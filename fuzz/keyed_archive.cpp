@@ -2,9 +2,9 @@
 //
 // Any bytes as an archive: every object in reach of the root is read as each kind that there is, and a colour that
 // was read is archived again and opens again.
+#include "archive/keyed_archiver.h"
+#include "archive/keyed_decoder.h"
 #include "fuzz/fuzz_target.h"
-#include "platform/keyed_archiver.h"
-#include "platform/keyed_decoder.h"
 
 using namespace wallgrid;
 

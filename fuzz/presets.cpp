@@ -3,7 +3,7 @@
 // Any bytes as a preset file: what opens is saved, and what was saved opens again with as many presets.
 #include "app/preset_file.h"
 #include "fuzz/fuzz_target.h"
-#include "platform/bitmap_memory.h"
+#include "graphics/bitmap_memory.h"
 
 using namespace wallgrid;
 

@@ -4,11 +4,11 @@
 // same document. Bitmaps may take little memory, so that most executions are fast and many meet a bitmap that is
 // refused.
 #include "app/gx_app_delegate.h"
+#include "desktop/headless_desktop.h"
 #include "fuzz/fuzz_target.h"
-#include "platform/bitmap_memory.h"
-#include "platform/headless_desktop.h"
-#include "platform/png_encoder.h"
-#include "platform/qt/qt_toolkit.h"
+#include "graphics/bitmap_memory.h"
+#include "png/png_encoder.h"
+#include "qt/qt_toolkit.h"
 
 #include <QGuiApplication>
 #include <sstream>

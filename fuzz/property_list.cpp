@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 //
 // Any bytes as a property list: what opens can be read to its last object.
+#include "archive/dictionary_lookup.h"
 #include "fuzz/archive_walk.h"
 #include "fuzz/fuzz_target.h"
-#include "platform/dictionary_lookup.h"
 
 using namespace wallgrid;
 

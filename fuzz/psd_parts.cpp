@@ -5,7 +5,7 @@
 #include "fuzz/fuzz_target.h"
 #include "plain_packed_bits.h"
 #include "psd/kp_psd_writer.h"
-#include "psd/packed_bits.h"
+#include "psd/packbits/packed_bits.h"
 #include "psd/pascal_string.h"
 #include "psd/record_fields.h"
 

@@ -3,7 +3,7 @@
 // The main of a fuzz target where libFuzzer's is not linked: runs each file given, and each file in a folder given.
 #include "fuzz/fuzz_target.h"
 
-#include "platform/file.h"
+#include "base/file.h"
 
 #include <cstdio>
 #include <filesystem>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "cli/command_line.h"
-#include "platform/qt/qt_toolkit.h"
-#include "ui/application.h"
+#include "qt/qt_toolkit.h"
+#include "ui/window/application.h"
 
 #include <QGuiApplication>
 #include <csignal>

@@ -3,8 +3,8 @@
 // write_layers FOLDER: writes the 3840 x 2160 document as ours.psd and as what other programs make a PSD of: the RGBA
 // samples of merged.rgba and of each layer, 0.rgba the bottom one, laid on a transparent canvas; their names, one a
 // line, are in names.txt. Prints how many milliseconds our writer took to make and write the file.
+#include "base/file.h"
 #include "documents.h"
-#include "platform/file.h"
 
 #include <algorithm>
 #include <array>

@@ -3,7 +3,7 @@
 
 #include "app/new_items.h"
 #include "app/row_drag.h"
-#include "platform/bitmap_memory.h"
+#include "graphics/bitmap_memory.h"
 
 #include <string>
 #include <vector>

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "desktop/table_view.h"
 #include "items/gx_item.h"
-#include "platform/table_view.h"
 
 #include <memory>
 #include <utility>

@@ -2,7 +2,7 @@
 #include "app/layer_names.h"
 
 #include "app/new_items.h"
-#include "platform/unicode.h"
+#include "base/unicode.h"
 
 #include <string_view>
 #include <unordered_map>

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "app/project_file.h"
 
+#include "archive/keyed_archiver.h"
+#include "archive/keyed_unarchiver.h"
 #include "items/item_decoding.h"
-#include "platform/keyed_archiver.h"
-#include "platform/keyed_unarchiver.h"
 
 #include <algorithm>
 #include <unordered_set>

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "archive/keyed_coding.h"
+#include "base/error.h"
+#include "base/file.h"
+#include "base/progress.h"
 #include "items/gx_item.h"
-#include "platform/error.h"
-#include "platform/file.h"
-#include "platform/keyed_coding.h"
-#include "platform/progress.h"
 
 #include <cstdint>
 

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "app/raster_composer.h"
 
-#include "platform/bitmap_memory.h"
-#include "platform/graphics_context.h"
+#include "graphics/bitmap_memory.h"
+#include "graphics/graphics_context.h"
 
 #include <algorithm>
 #include <iterator>

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "platform/bitmap.h"
-#include "platform/color.h"
-#include "platform/geometry.h"
-#include "platform/image.h"
+#include "graphics/bitmap.h"
+#include "graphics/color.h"
+#include "graphics/geometry.h"
+#include "graphics/image.h"
 
 #include <cstdint>
 #include <memory>

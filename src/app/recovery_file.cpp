@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "app/recovery_file.h"
 
+#include "archive/keyed_unarchiver.h"
 #include "items/item_decoding.h"
-#include "platform/keyed_unarchiver.h"
 
 #include <utility>
 

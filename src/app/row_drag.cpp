@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "app/row_drag.h"
 
-#include "platform/archived_index_set.h"
+#include "archive/archived_index_set.h"
 
 namespace wallgrid {
 

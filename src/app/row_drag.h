@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "platform/pasteboard.h"
+#include "desktop/pasteboard.h"
 
 #include <cstddef>
 #include <optional>

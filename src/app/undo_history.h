@@ -2,7 +2,7 @@
 #pragma once
 
 #include "app/document_state.h"
-#include "platform/run_loop.h"
+#include "base/run_loop.h"
 
 #include <cstddef>
 #include <functional>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "items/gx_item.h"
 
-#include "platform/keyed_archiver.h"
+#include "archive/keyed_archiver.h"
 
 #include <algorithm>
 #include <type_traits>

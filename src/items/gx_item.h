@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "platform/color.h"
-#include "platform/image.h"
-#include "platform/key_value_observing.h"
-#include "platform/keyed_coding.h"
-#include "platform/keyed_decoder.h"
-#include "platform/string_ref.h"
+#include "archive/keyed_coding.h"
+#include "archive/keyed_decoder.h"
+#include "base/key_value_observing.h"
+#include "base/string_ref.h"
+#include "graphics/color.h"
+#include "graphics/image.h"
 
 #include <array>
 #include <cstdint>

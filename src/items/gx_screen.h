@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "base/error.h"
+#include "graphics/bitmap.h"
 #include "items/gx_item.h"
-#include "platform/bitmap.h"
-#include "platform/error.h"
 
 #include <array>
 #include <cstdint>

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "items/gx_still.h"
 
-#include "platform/image_file.h"
-#include "platform/keyed_archiver.h"
+#include "archive/keyed_archiver.h"
+#include "graphics/image_file.h"
 
 #include <algorithm>
 #include <limits>

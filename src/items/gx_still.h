@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "base/error.h"
+#include "base/url.h"
 #include "items/gx_item.h"
-#include "platform/error.h"
-#include "platform/url.h"
 
 #include <memory>
 #include <optional>

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "items/item_decoding.h"
 
+#include "graphics/image_file.h"
 #include "items/gx_screen.h"
 #include "items/gx_still.h"
-#include "platform/image_file.h"
 
 #include <string_view>
 #include <unordered_map>

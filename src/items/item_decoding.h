@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "archive/keyed_unarchiver.h"
+#include "base/error.h"
+#include "base/progress.h"
 #include "items/gx_item.h"
-#include "platform/error.h"
-#include "platform/keyed_unarchiver.h"
-#include "platform/progress.h"
 
 namespace wallgrid {
 

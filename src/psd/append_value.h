@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "platform/byte_buffer.h"
-#include "platform/color.h"
+#include "base/byte_buffer.h"
+#include "graphics/color.h"
 
 #include <cstdint>
 #include <string_view>

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "platform/byte_buffer.h"
-#include "platform/byte_sink.h"
+#include "base/byte_buffer.h"
+#include "base/byte_sink.h"
 #include "psd/kp_psd_error.h"
 
 #include <cstdint>

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "platform/error.h"
-#include "platform/progress.h"
+#include "base/error.h"
+#include "base/progress.h"
 
 #include <string>
 #include <string_view>

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "platform/bitmap.h"
-#include "platform/byte_buffer.h"
-#include "platform/geometry.h"
-#include "platform/progress.h"
-#include "platform/string_ref.h"
+#include "base/byte_buffer.h"
+#include "base/progress.h"
+#include "base/string_ref.h"
+#include "graphics/bitmap.h"
+#include "graphics/geometry.h"
 #include "psd/group_layers.h"
 #include "psd/kp_psd_error.h"
 #include "psd/layers/kp_psd_layer.h"

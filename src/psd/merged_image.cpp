@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "psd/merged_image.h"
 
-#include "platform/blend.h"
-#include "platform/pixel_runs.h"
+#include "graphics/blend.h"
+#include "graphics/pixel_runs.h"
 
 #include <algorithm>
 #include <utility>

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "platform/bitmap.h"
-#include "platform/color.h"
+#include "graphics/bitmap.h"
+#include "graphics/color.h"
 #include "psd/layers/kp_psd_layer.h"
 
 #include <array>

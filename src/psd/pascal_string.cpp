@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "psd/pascal_string.h"
 
-#include "platform/unicode.h"
+#include "base/unicode.h"
 
 #include <cmath>
 #include <cstddef>

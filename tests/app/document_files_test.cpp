@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "platform/png_encoder.h"
+#include "png/png_encoder.h"
 #include "scripted_desktop.h"
 
 using namespace wallgrid;

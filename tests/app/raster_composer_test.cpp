@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "app/raster_composer.h"
 
+#include "graphics/bitmap_memory.h"
+#include "graphics/graphics_context.h"
 #include "picture.h"
-#include "platform/bitmap_memory.h"
-#include "platform/graphics_context.h"
 
 using namespace wallgrid;
 using test::samePicture;

@@ -2,9 +2,9 @@
 #pragma once
 
 #include "app/gx_app_delegate.h"
+#include "base/unicode.h"
+#include "desktop/desktop.h"
 #include "items/gx_screen.h"
-#include "platform/desktop.h"
-#include "platform/unicode.h"
 
 #include <filesystem>
 #include <fstream>

@@ -2,7 +2,7 @@
 //
 // write_psd_samples DESCRIPTION: writes the PSD files that psd_readers_test.py describes in a JSON file, through every
 // part of the writer's interface that the program itself does not use.
-#include "platform/file.h"
+#include "base/file.h"
 #include "psd/kp_psd_writer.h"
 
 #include <iostream>

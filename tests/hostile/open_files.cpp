@@ -3,11 +3,11 @@
 // open_files FOLDER: reads each file of a folder, in the order of their names, as a project and as dragged rows, and
 // prints a line of JSON: what is in it, or why nothing is. A project is saved again beside it as NAME.copy, and a small
 // one opened in the one window and exported. The last line is told before, so that it names the file of a crash.
+#include "archive/archived_index_set.h"
+#include "base/file.h"
+#include "graphics/bitmap_memory.h"
 #include "items/gx_still.h"
-#include "platform/archived_index_set.h"
-#include "platform/bitmap_memory.h"
-#include "platform/file.h"
-#include "platform/png_encoder.h"
+#include "png/png_encoder.h"
 #include "ui/program_under_test.h"
 
 #include <QApplication>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
+#include "graphics/toolkit.h"
 #include "items/gx_screen.h"
 #include "picture.h"
-#include "platform/toolkit.h"
 
 #include <gtest/gtest.h>
 #include <limits>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "hex.h"
 #include "psd/append_value.h"
-#include "psd/packed_bits.h"
+#include "psd/packbits/packed_bits.h"
 #include "psd/pascal_string.h"
 
 #include <gtest/gtest.h>

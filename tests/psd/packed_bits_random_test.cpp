@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "plain_packed_bits.h"
 #include "psd/growing_file.h"
-#include "psd/packed_rows.h"
-#include "psd/repeats.h"
+#include "psd/packbits/packed_rows.h"
+#include "psd/packbits/repeats.h"
 
 #include <gtest/gtest.h>
 

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
+#include "base/byte_sink.h"
+#include "graphics/bitmap_memory.h"
 #include "hex.h"
 #include "picture.h"
-#include "platform/bitmap_memory.h"
-#include "platform/byte_sink.h"
 #include "psd/kp_psd_writer.h"
 
 #include <bit>

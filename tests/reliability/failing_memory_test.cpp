@@ -7,8 +7,8 @@
 #include "app/undo_history.h"
 #include "cli/command_line.h"
 #include "items/gx_still.h"
-#include "platform/png_encoder.h"
-#include "platform/qt/qt_toolkit.h"
+#include "png/png_encoder.h"
+#include "qt/qt_toolkit.h"
 
 #include <QGuiApplication>
 #include <atomic>

@@ -4,9 +4,9 @@
 // starts it again each time. Fails when a file that is renamed into its place is not whole, or when work for which
 // there was a copy is not offered or cannot be opened. Each run is a fork of this process.
 #include "app/project_file.h"
-#include "platform/file.h"
+#include "base/file.h"
 #include "random_user.h"
-#include "ui/recovery.h"
+#include "ui/recovery/recovery.h"
 
 #include <QApplication>
 #include <QDirIterator>

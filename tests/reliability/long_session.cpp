@@ -4,9 +4,9 @@
 // holds after the first 1,000 of them, or the first half of fewer, with what it holds at the end, each time with the
 // same document and no history. Fails when the heap has grown by more than a twentieth, or timers, observers or objects
 // of the window by any.
-#include "platform/bitmap_memory.h"
+#include "graphics/bitmap_memory.h"
 #include "random_user.h"
-#include "ui/recovery.h"
+#include "ui/recovery/recovery.h"
 
 #include <QApplication>
 #include <algorithm>

@@ -2,11 +2,11 @@
 #pragma once
 
 #include "items/gx_screen.h"
-#include "platform/qt/qt_toolkit.h"
-#include "ui/application.h"
-#include "ui/inspector.h"
-#include "ui/item_table.h"
-#include "ui/qt_recent_documents.h"
+#include "qt/qt_toolkit.h"
+#include "ui/desktop/qt_recent_documents.h"
+#include "ui/inspector/inspector.h"
+#include "ui/lists/item_table.h"
+#include "ui/window/application.h"
 
 #include <QtTest>
 #include <QtWidgets>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "platform/color.h"
+#include "graphics/color.h"
 
 #include <algorithm>
 #include <cstdint>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "psd/layers/kp_psd_layer.h"
 
-#include "platform/unicode.h"
+#include "base/unicode.h"
 
 #include <cmath>
 #include <stdexcept>

@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "platform/bitmap.h"
-#include "platform/byte_buffer.h"
-#include "platform/geometry.h"
-#include "platform/string_ref.h"
+#include "base/byte_buffer.h"
+#include "base/string_ref.h"
+#include "graphics/bitmap.h"
+#include "graphics/geometry.h"
 #include "psd/layers/layer_effects.h"
-#include "psd/packed_rows.h"
+#include "psd/packbits/packed_rows.h"
 
 #include <cstddef>
 #include <cstdint>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "platform/byte_buffer.h"
+#include "base/byte_buffer.h"
 #include "psd/layers/bevel_effect.h"
 #include "psd/layers/glow_effects.h"
 #include "psd/layers/shadow_effects.h"

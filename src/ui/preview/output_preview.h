@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "platform/views.h"
+#include "desktop/views.h"
 #include "ui/preview/display_fit.h"
 #include "ui/preview/display_wake.h"
 #include "ui/preview/raster_window.h"

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ui/preview/picture_tiles.h"
 
-#include "ui/preview/scaled_picture.h"
+#include "ui/base/scaled_picture.h"
 
 #include <QPainter>
 #include <utility>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "platform/bitmap.h"
+#include "graphics/bitmap.h"
 
 #include <QHash>
 #include <QImage>

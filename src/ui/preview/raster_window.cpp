@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "ui/preview/raster_window.h"
 
+#include "ui/base/scaled_picture.h"
 #include "ui/preview/device_pixels.h"
-#include "ui/preview/scaled_picture.h"
 
 #include <QCloseEvent>
 #include <QKeyEvent>

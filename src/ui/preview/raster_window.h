@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "platform/image.h"
+#include "graphics/image.h"
 
 #include <QWidget>
 

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "ui/preview/zoom_view.h"
 
+#include "ui/base/scaled_picture.h"
 #include "ui/preview/device_pixels.h"
-#include "ui/preview/scaled_picture.h"
 
 #include <QKeyEvent>
 #include <QPainter>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "platform/views.h"
+#include "desktop/views.h"
 #include "ui/preview/picture_tiles.h"
 #include "ui/preview/viewport.h"
 

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
-#include "platform/bitmap.h"
-#include "ui/output_window.h"
+#include "graphics/bitmap.h"
+#include "ui/base/scaled_picture.h"
 #include "ui/preview/image_view.h"
-#include "ui/preview/scaled_picture.h"
+#include "ui/window/output_window.h"
 
 #include <QtTest>
 #include <QtWidgets>

@@ -1,0 +1,92 @@
+// SPDX-License-Identifier: MIT
+#include "app/gx_app_delegate.h"
+
+#include "graphics/bitmap_memory.h"
+
+#include <utility>
+
+namespace wallgrid {
+
+namespace {
+
+constexpr double kThrottleSeconds = 0.1;
+
+/// In the raster's coordinates, y upwards; 32-bit like every position of an item.
+PixelPoint lowerLeftCorner(const GXItem& item, std::int32_t outputHeight)
+{
+    const auto y = static_cast<std::uint32_t>(outputHeight) - static_cast<std::uint32_t>(item.ypoint()) -
+                   static_cast<std::uint32_t>(item.screenSizeHeight());
+    return {item.xpoint(), static_cast<std::int32_t>(y)};
+}
+
+} // namespace
+
+void GXAppDelegate::update()
+{
+    if (m_shouldUpdate) {
+        m_shouldUpdate = false;
+        m_hasSkippedUpdate = false;
+        // The first row is rendered by the change handler only.
+        if (m_arraycontroller.selectionIndex().value_or(0) != 0)
+            m_arraycontroller.selectedObject()->drawInRect();
+        reloadTable();
+        compose();
+    } else {
+        m_hasSkippedUpdate = true;
+    }
+    m_desktop.runLoop.scheduleTimer(kThrottleSeconds, [self = std::weak_ptr(m_self)] {
+        if (const auto delegate = self.lock())
+            (*delegate)->timerupdate();
+    });
+}
+
+void GXAppDelegate::openPvw()
+{
+    if (!m_outlets.windows)
+        return;
+    m_outputPreview = m_outlets.windows->windowControllerWithNibName("Output Preview");
+    m_outputPreview->showWindow();
+}
+
+void GXAppDelegate::compose()
+{
+    RasterScene scene{m_OutputWidth, m_OutputHeight, m_bgColor, m_edgeColor, {}};
+    // Last to first, so that the first row ends up on top.
+    const ItemArray& items = m_arraycontroller.arrangedObjects();
+    scene.pictures.reserve(items.size());
+    for (auto item = items.rbegin(); item != items.rend(); ++item) {
+        const PixelPoint corner = lowerLeftCorner(**item, m_OutputHeight);
+        if (ImageRef picture = (*item)->picture(); picture && (*item)->visible())
+            scene.pictures.push_back(
+                {std::move(picture), {corner.x, corner.y, (*item)->screenSizeWidth(), (*item)->screenSizeHeight()}});
+    }
+
+    // Nobody holds the raster of the last pass while it is composed anew, so that it serves again.
+    m_offscreenRep = nullptr;
+    show(nullptr);
+    m_offscreenRep = m_rasterComposer.compose(scene);
+    reportRefusedBitmaps();
+    if (!m_offscreenRep)
+        return;
+    auto image = std::make_shared<Image>(Size{static_cast<double>(m_OutputWidth), static_cast<double>(m_OutputHeight)});
+    image->addRepresentation(m_offscreenRep);
+    show(std::move(image));
+}
+
+void GXAppDelegate::reportRefusedBitmaps()
+{
+    const std::size_t before = std::exchange(m_refusedBitmaps, BitmapMemory::refused());
+    if (m_refusedBitmaps != before && m_offscreenRep) // without a raster nothing is shown
+        m_desktop.log.log("there is not enough memory for all pictures; some are not shown");
+}
+
+void GXAppDelegate::show(ImageRef image)
+{
+    m_img = std::move(image);
+    if (m_pvwImageWell)
+        m_pvwImageWell->setImage(m_img);
+    if (m_outlets.miniPvw)
+        m_outlets.miniPvw->setImage(m_img);
+}
+
+} // namespace wallgrid

@@ -1,0 +1,229 @@
+// SPDX-License-Identifier: MIT
+#include "graphics/graphics_context.h"
+
+#include "graphics/blend.h"
+#include "graphics/pixel_runs.h"
+#include "graphics/ring.h"
+#include "graphics/toolkit.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstring>
+#include <utility>
+#include <vector>
+
+namespace wallgrid {
+
+namespace {
+
+constexpr double kDefaultFontSize = 13;
+/// Text is rasterised in pieces of at most this many pixels, however large the letters.
+constexpr std::int64_t kTextPieceWidth = 1 << 14;
+constexpr std::int64_t kTextPieceArea = 1 << 20;
+/// Shorter rows than this, in pixels, share too many cache lines for writes past the cache to pay.
+constexpr std::int64_t kLeastStreamedRow = 1024;
+
+} // namespace
+
+GraphicsContext::GraphicsContext(BitmapRef bitmap)
+    : m_bitmap(std::move(bitmap))
+    , m_clip(bounds())
+{
+}
+
+PixelRect GraphicsContext::bounds() const
+{
+    return m_bitmap ? PixelRect{0, 0, m_bitmap->width(), m_bitmap->height()} : PixelRect{};
+}
+
+Pixel* GraphicsContext::at(std::int64_t x, std::int64_t y)
+{
+    return m_bitmap->row(static_cast<int>(m_bitmap->height() - 1 - y)).data() + x;
+}
+
+void GraphicsContext::setColor(const ColorRef& color)
+{
+    if (color)
+        m_color = color->pixel();
+}
+
+// Fills and frames
+
+void GraphicsContext::fill(const PixelRect& rect, Pixel color)
+{
+    const PixelRect part = intersection(rect, m_clip);
+    if (part.empty())
+        return;
+    if (part.width == bounds().width) {
+        // Whole rows follow one another, the top one first.
+        fillPixels(at(0, part.top() - 1), color, static_cast<std::size_t>(part.width * part.height));
+        return;
+    }
+    for (std::int64_t y = part.y; y < part.top(); ++y)
+        fillPixels(at(part.x, y), color, static_cast<std::size_t>(part.width));
+}
+
+void GraphicsContext::fillRect(const PixelRect& rect)
+{
+    fill(rect, m_color);
+}
+
+void GraphicsContext::clearRect(const PixelRect& rect)
+{
+    fill(rect, {});
+}
+
+void GraphicsContext::frameRect(const PixelRect& rect, std::int64_t width)
+{
+    if (width <= 0 || rect.empty())
+        return;
+    if (width >= (std::min(rect.width, rect.height) + 1) / 2)
+        return fill(rect, m_color);
+    const std::int64_t sides = rect.height - 2 * width;
+    fill({rect.x, rect.y, rect.width, width}, m_color);
+    fill({rect.x, rect.y + width, width, sides}, m_color);
+    fill({rect.right() - width, rect.y + width, width, sides}, m_color);
+    fill({rect.x, rect.top() - width, rect.width, width}, m_color);
+}
+
+void GraphicsContext::tile(std::int64_t blockWidth, std::int64_t blockHeight, std::int64_t columns, std::int64_t rows)
+{
+    if (!m_bitmap || blockWidth <= 0 || blockHeight <= 0 || columns <= 0 || rows <= 0)
+        return;
+    // Compared by division: the products need not fit.
+    const auto tiled = [](std::int64_t block, std::int64_t count, std::int64_t limit) {
+        return count > limit / block ? limit : block * count;
+    };
+    const std::int64_t width = tiled(blockWidth, columns, bounds().width);
+    const std::int64_t height = tiled(blockHeight, rows, bounds().height);
+    // The lowest band first: its rows in full, and for each the lowest row that looks like it. A panel has few
+    // different rows, so what the rest is copied from stays in the nearest cache.
+    const std::int64_t block = std::min(blockWidth, width);
+    const bool more = height > blockHeight;
+    std::vector<const Pixel*> rowsOfBand;
+    for (std::int64_t y = 0; y < std::min(blockHeight, height); ++y) {
+        Pixel* const row = at(0, y);
+        for (std::int64_t done = block; done < width; done *= 2)
+            copyPixels(row + done, row, static_cast<std::size_t>(std::min(done, width - done)));
+        const bool same =
+            more && y > 0 && std::memcmp(row, rowsOfBand.back(), static_cast<std::size_t>(block) * sizeof(Pixel)) == 0;
+        rowsOfBand.push_back(same ? rowsOfBand.back() : row);
+    }
+    const std::size_t bytes = static_cast<std::size_t>(width * height) * sizeof(Pixel);
+    const bool stream = bytes >= kBeyondCache && width >= kLeastStreamedRow;
+    for (std::int64_t y = height - 1; y >= blockHeight; --y)
+        (stream ? streamPixels : copyPixels)(at(0, y), rowsOfBand[static_cast<std::size_t>(y % blockHeight)],
+                                             static_cast<std::size_t>(width));
+    if (stream)
+        finishStreaming();
+}
+
+// Strokes
+
+void GraphicsContext::strokeCircle(const PixelRect& square, std::int64_t lineWidth)
+{
+    if (square.width <= 0 || m_clip.empty())
+        return;
+    const double radius = static_cast<double>(square.width) / 2;
+    const double halfLine = static_cast<double>(std::max<std::int64_t>(lineWidth, 1)) / 2;
+    const Ring ring{static_cast<double>(square.x) + radius, static_cast<double>(square.y) + radius, radius + halfLine,
+                    radius - halfLine};
+    const auto clamped = [&](double y) {
+        return std::clamp(y, static_cast<double>(m_clip.y), static_cast<double>(m_clip.top()));
+    };
+    const auto top = static_cast<std::int64_t>(std::ceil(clamped(ring.centerY + ring.outerRadius)));
+    const auto bottom = static_cast<std::int64_t>(clamped(ring.centerY - ring.outerRadius));
+    for (std::int64_t y = bottom; y < top; ++y) {
+        const RingRow row(ring, y);
+        Pixel* const pixels = at(0, y);
+        const std::int64_t end = std::min(row.touched().end, m_clip.right());
+        for (std::int64_t x = std::max(row.touched().begin, m_clip.x); x < end;) {
+            const bool left = row.solidLeft().contains(x);
+            if (row.hole().contains(x)) {
+                x = row.hole().end;
+            } else if (left || row.solidRight().contains(x)) {
+                const std::int64_t runEnd = std::min(end, left ? row.solidLeft().end : row.solidRight().end);
+                blendColor(pixels + x, m_color, static_cast<std::size_t>(runEnd - x));
+                x = runEnd;
+            } else {
+                const auto coverage = static_cast<std::uint8_t>(std::clamp(row.coverage(x), 0.0, 1.0) * 255 + 0.5);
+                blendCoverage(pixels + x, m_color, &coverage, 1);
+                ++x;
+            }
+        }
+    }
+}
+
+// Texts
+
+void GraphicsContext::drawText(std::string_view text, PixelPoint point, double fontSize, const ColorRef& color)
+{
+    Toolkit* const toolkit = Toolkit::current();
+    if (!m_bitmap || !toolkit)
+        return;
+    const auto line = toolkit->layOutText(text, fontSize > 0 ? fontSize : kDefaultFontSize);
+    if (!line)
+        return;
+    PixelRect ink = line->inkBounds();
+    ink.x += point.x;
+    ink.y += point.y;
+    const PixelRect part = intersection(ink, m_clip);
+    if (part.empty())
+        return;
+
+    const Pixel pixel = color ? color->pixel() : m_color;
+    const std::int64_t pieceWidth = std::min(part.width, kTextPieceWidth);
+    const std::int64_t pieceHeight = std::min(part.height, kTextPieceArea / pieceWidth);
+    std::vector<std::uint8_t> coverage(static_cast<std::size_t>(pieceWidth * pieceHeight));
+    for (std::int64_t y = part.y; y < part.top(); y += pieceHeight) {
+        for (std::int64_t x = part.x; x < part.right(); x += pieceWidth) {
+            const PixelRect piece = intersection(part, {x, y, pieceWidth, pieceHeight});
+            const auto width = static_cast<std::size_t>(piece.width);
+            const auto height = static_cast<std::size_t>(piece.height);
+            line->rasterize({x - point.x, y - point.y, piece.width, piece.height},
+                            std::span(coverage).first(width * height));
+            for (std::size_t row = 0; row < height; ++row)
+                blendCoverage(at(x, piece.top() - 1 - static_cast<std::int64_t>(row)), pixel,
+                              coverage.data() + row * width, width);
+        }
+    }
+}
+
+// Images
+
+void GraphicsContext::drawImage(const Image& image, PixelPoint point, const PixelRect& source,
+                                CompositingOperation operation, std::uint8_t alpha)
+{
+    // From the image's coordinates to the bitmap's.
+    const std::int64_t dx = point.x - source.x;
+    const std::int64_t dy = point.y - source.y;
+    const PixelRect shown = intersection(source, image.extent());
+    const PixelRect onBitmap = intersection({shown.x + dx, shown.y + dy, shown.width, shown.height}, bounds());
+    const PixelRect part = intersection(onBitmap, m_clip);
+    if (shown.empty() || part.empty())
+        return;
+    PixelPoint from{part.x - dx, part.y - dy};
+    BitmapRef raster = image.unscaled();
+    if (!raster) {
+        // All that the bitmap can show, whatever the clip: the image keeps it for the next piece.
+        raster = image.scaledPart({onBitmap.x - dx, onBitmap.y - dy, onBitmap.width, onBitmap.height});
+        from = {part.x - onBitmap.x, part.y - onBitmap.y};
+    }
+    if (!raster)
+        return;
+    const bool replaces = operation == CompositingOperation::SourceOver && alpha == 255 && image.isOpaque();
+    const auto blend = replaces ? copyPixels : operation == CompositingOperation::SourceOver ? blendOver : blendAtop;
+    const auto width = static_cast<std::size_t>(part.width);
+    std::vector<Pixel> faded(alpha == 255 ? 0 : width);
+    for (std::int64_t y = 0; y < part.height; ++y) {
+        const int row = static_cast<int>(raster->height() - 1 - (from.y + y));
+        const Pixel* pixels = std::as_const(*raster).row(row).data() + from.x;
+        if (alpha < 255) {
+            scalePixels(faded.data(), pixels, alpha, width);
+            pixels = faded.data();
+        }
+        blend(at(part.x, part.y + y), pixels, width);
+    }
+}
+
+} // namespace wallgrid

@@ -1,0 +1,40 @@
+// SPDX-License-Identifier: MIT
+#include "qt/qt_run_loop.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace wallgrid {
+
+QtRunLoop::QtRunLoop()
+{
+    m_timer.setSingleShot(true);
+    m_timer.setTimerType(Qt::PreciseTimer);
+    m_timer.callOnTimeout([this] { fire(); });
+}
+
+void QtRunLoop::scheduleTimer(double seconds, std::function<void()> handler)
+{
+    const auto delay = std::chrono::duration_cast<Clock::duration>(std::chrono::duration<double>(seconds));
+    const auto timer = m_timers.emplace(Clock::now() + delay, std::move(handler));
+    if (timer == m_timers.begin())
+        arm();
+}
+
+void QtRunLoop::arm()
+{
+    const auto left = std::chrono::ceil<std::chrono::milliseconds>(m_timers.begin()->first - Clock::now());
+    m_timer.start(std::max(left, std::chrono::milliseconds{0}));
+}
+
+void QtRunLoop::fire()
+{
+    // A handler may schedule timers; those wait for the next turn.
+    const auto now = Clock::now();
+    while (!m_timers.empty() && m_timers.begin()->first <= now)
+        m_timers.extract(m_timers.begin()).mapped()();
+    if (!m_timers.empty())
+        arm();
+}
+
+} // namespace wallgrid

@@ -1,0 +1,145 @@
+// SPDX-License-Identifier: MIT
+#include "ui/desktop/qt_panels.h"
+
+#include "ui/base/shown_text.h"
+
+#include <QApplication>
+#include <QCheckBox>
+#include <QFile>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QGridLayout>
+#include <QHeaderView>
+#include <QLabel>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QTreeView>
+#include <utility>
+
+namespace wallgrid {
+
+namespace {
+
+constexpr QSize kPanelSize(820, 520);
+
+QCheckBox* addOption(QFileDialog& dialog, const PanelPurpose::Option& option)
+{
+    dialog.setOption(QFileDialog::DontUseNativeDialog); // only ours has room for it
+    auto* grid = qobject_cast<QGridLayout*>(dialog.layout());
+    auto* reason = new QLabel(option.reason, &dialog);
+    reason->setWordWrap(true);
+    auto* box = new QCheckBox(option.text, &dialog);
+    box->setAccessibleDescription(option.reason);
+    const int row = grid->rowCount();
+    grid->addWidget(reason, row, 0, 1, grid->columnCount());
+    grid->addWidget(box, row + 1, 0, 1, grid->columnCount());
+    return box;
+}
+
+UrlRef toUrl(const QString& path)
+{
+    const QByteArray bytes = QFile::encodeName(path);
+    return std::make_shared<const Url>(Url::fromFilePath({bytes.constData(), static_cast<std::size_t>(bytes.size())}));
+}
+
+/// The file that will be written for a chosen one.
+QString writtenPath(const QString& chosen, const PanelPurpose& purpose)
+{
+    const auto letters = purpose.whole ? Qt::CaseInsensitive : Qt::CaseSensitive;
+    const bool complete =
+        purpose.extension.isEmpty() || QFileInfo(chosen).suffix().compare(purpose.extension, letters) == 0;
+    return complete ? chosen : chosen + u'.' + purpose.extension;
+}
+
+} // namespace
+
+void QtPanels::setUp(QFileDialog& dialog, const PanelPurpose& purpose) const
+{
+    const QString allFiles = tr("All files (*)");
+    dialog.setWindowTitle(purpose.title);
+    dialog.setNameFilters(purpose.nameFilter.isEmpty() ? QStringList{allFiles}
+                                                       : QStringList{purpose.nameFilter, allFiles});
+    dialog.setOption(QFileDialog::HideNameFilterDetails); // the images' would be longer than the dialog
+    dialog.resize(kPanelSize);
+    if (auto* list = dialog.findChild<QTreeView*>(QStringLiteral("treeView"))) { // not when the desktop's is used
+        list->header()->setStretchLastSection(false);
+        list->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
+        list->header()->setSectionResizeMode(0, QHeaderView::Stretch);
+    }
+    for (const QString& folder : {m_folder, purpose.folder}) {
+        if (QFileInfo(folder).isDir())
+            dialog.setDirectory(folder);
+    }
+}
+
+QString QtPanels::run(QFileDialog& dialog)
+{
+    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
+        return {};
+    const QFileInfo chosen(dialog.selectedFiles().constFirst());
+    m_folder = chosen.absolutePath();
+    return chosen.absoluteFilePath();
+}
+
+bool QtPanels::mayReplace(const QString& path, const PanelPurpose& purpose)
+{
+    QMessageBox question(
+        QMessageBox::Question, purpose.title,
+        tr("“%1” exists already. Do you want to replace it?").arg(shownText(QFileInfo(path).fileName())),
+        QMessageBox::Yes | QMessageBox::No, QApplication::activeWindow());
+    question.setTextFormat(Qt::PlainText);
+    question.setDefaultButton(QMessageBox::No);
+    return question.exec() == QMessageBox::Yes;
+}
+
+UrlRef QtPanels::runSavePanel()
+{
+    const PanelPurpose purpose = std::exchange(m_purpose, {});
+    QFileDialog dialog(QApplication::activeWindow());
+    setUp(dialog, purpose);
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setFileMode(QFileDialog::AnyFile);
+    // The panel does not know the name that the file will have.
+    dialog.setOption(QFileDialog::DontConfirmOverwrite);
+    if (!purpose.name.isEmpty())
+        dialog.selectFile(purpose.name + u'.' + purpose.extension);
+    const QCheckBox* option = purpose.option.text.isEmpty() ? nullptr : addOption(dialog, purpose.option);
+    for (;;) {
+        const QString chosen = run(dialog);
+        if (chosen.isEmpty())
+            return nullptr;
+        const QString written = writtenPath(chosen, purpose);
+        if (QFileInfo::exists(written) && !mayReplace(written, purpose))
+            continue;
+        if (option)
+            purpose.option.apply(option->isChecked());
+        if (purpose.chosen)
+            purpose.chosen(written);
+        return toUrl(purpose.whole ? written : chosen);
+    }
+}
+
+UrlRef QtPanels::runOpenPanel()
+{
+    const PanelPurpose purpose = std::exchange(m_purpose, {});
+    QFileDialog dialog(QApplication::activeWindow());
+    setUp(dialog, purpose);
+    dialog.setFileMode(QFileDialog::ExistingFile);
+    const QString chosen = run(dialog);
+    return chosen.isEmpty() ? nullptr : toUrl(chosen);
+}
+
+void QtPanels::runAlert(std::string_view message, std::string_view informativeText)
+{
+    const auto text = [](std::string_view utf8) {
+        return QString::fromUtf8(utf8.data(), static_cast<qsizetype>(utf8.size()));
+    };
+    QMessageBox alert(QMessageBox::Warning, QApplication::applicationDisplayName(), text(message), QMessageBox::Ok,
+                      QApplication::activeWindow());
+    alert.button(QMessageBox::Ok)->setText(tr("OK"));
+    alert.setTextFormat(Qt::PlainText);
+    alert.setInformativeText(text(informativeText));
+    alert.exec();
+}
+
+} // namespace wallgrid

@@ -1,0 +1,121 @@
+// SPDX-License-Identifier: MIT
+#include "ui/inspector/drawing_controls.h"
+
+#include "ui/fields/color_field.h"
+#include "ui/fields/number_field.h"
+
+#include <QCheckBox>
+#include <QGridLayout>
+#include <QLabel>
+#include <QVBoxLayout>
+
+namespace wallgrid {
+
+namespace {
+
+constexpr int kLargestWidth = 10'000;
+
+struct Switch {
+    const char* name;
+    bool (GXItem::*enabled)() const;
+    void (GXItem::*setEnabled)(bool);
+    const char* colorName = nullptr; // null: no colour of its own
+    ColorRef (GXItem::*color)() const = nullptr;
+    void (GXItem::*setColor)(ColorRef) = nullptr;
+    const char* widthName = nullptr; // null: no width
+    std::int32_t (GXItem::*width)() const = nullptr;
+    void (GXItem::*setWidth)(std::int32_t) = nullptr;
+};
+
+constexpr std::array<Switch, 5> kSwitches{{
+    {QT_TRANSLATE_NOOP("wallgrid::DrawingControls", "Fill"), &GXItem::bgEnable, &GXItem::setBgEnable,
+     QT_TRANSLATE_NOOP("wallgrid::DrawingControls", "Fill colour"), &GXItem::rectColor, &GXItem::setRectColor},
+    {QT_TRANSLATE_NOOP("wallgrid::DrawingControls", "Frame"), &GXItem::BoarderEnable, &GXItem::setBoarderEnable,
+     QT_TRANSLATE_NOOP("wallgrid::DrawingControls", "Frame colour"), &GXItem::boarderColor, &GXItem::setBoarderColor,
+     QT_TRANSLATE_NOOP("wallgrid::DrawingControls", "Frame width"), &GXItem::boarderWidth, &GXItem::setBoarderWidth},
+    {QT_TRANSLATE_NOOP("wallgrid::DrawingControls", "Circle"), &GXItem::CircleEnable, &GXItem::setCircleEnable,
+     QT_TRANSLATE_NOOP("wallgrid::DrawingControls", "Circle colour"), &GXItem::circleColor, &GXItem::setCircleColor,
+     QT_TRANSLATE_NOOP("wallgrid::DrawingControls", "Circle width, also the margin of the texts"),
+     &GXItem::circleBWidth, &GXItem::setCircleBWidth},
+    {QT_TRANSLATE_NOOP("wallgrid::DrawingControls", "Position text"), &GXItem::XYFontEnable, &GXItem::setXYFontEnable},
+    {QT_TRANSLATE_NOOP("wallgrid::DrawingControls", "Size text"), &GXItem::screenFontEnable,
+     &GXItem::setScreenFontEnable},
+}};
+
+} // namespace
+
+DrawingControls::DrawingControls(QWidget* parent)
+    : QWidget(parent)
+    , m_texts(new QGridLayout)
+{
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins({});
+    auto* colors = new QGridLayout;
+    colors->setVerticalSpacing(4);
+    colors->setColumnStretch(1, 1);
+    layout->addLayout(colors);
+    layout->addSpacing(4);
+    m_texts->setVerticalSpacing(2);
+    m_texts->setColumnStretch(0, 1);
+    m_texts->setColumnStretch(1, 1);
+    layout->addLayout(m_texts);
+
+    int texts = 0;
+    for (std::size_t i = 0; i < kRowCount; ++i) {
+        const Switch& property = kSwitches[i];
+        Row& row = m_rows[i];
+        const int line = static_cast<int>(i);
+        row.enabled = new QCheckBox(tr(property.name), this);
+        connect(row.enabled, &QCheckBox::clicked, this,
+                [this, &property](bool on) { ((*m_item).*property.setEnabled)(on); });
+        if (property.color)
+            colors->addWidget(row.enabled, line, 0);
+        else
+            m_texts->addWidget(row.enabled, 0, texts++);
+        if (property.color) {
+            row.color = new ColorField(tr(property.colorName), this);
+            connect(row.color, &ColorField::colorChosen, this,
+                    [this, &property](const ColorRef& color) { ((*m_item).*property.setColor)(color); });
+            colors->addWidget(row.color, line, 1);
+        }
+        if (property.width) {
+            row.width = new NumberField(0, kLargestWidth, this);
+            row.width->setSuffix(tr(" px"));
+            row.width->setAccessibleName(tr(property.widthName));
+            row.width->setToolTip(tr(property.widthName));
+            connect(row.width, &QSpinBox::valueChanged, this,
+                    [this, &property](int value) { ((*m_item).*property.setWidth)(value); });
+            colors->addWidget(row.width, line, 2);
+        }
+    }
+    show(nullptr);
+}
+
+void DrawingControls::addTextSizes(const Captioned& position, const Captioned& size)
+{
+    int column = 0;
+    QWidget* before = m_rows.back().enabled;
+    for (const Captioned& number : {position, size}) {
+        m_texts->addWidget(number.caption, 1, column);
+        m_texts->addWidget(number.field, 2, column++);
+        setTabOrder(before, number.field);
+        before = number.field;
+    }
+}
+
+void DrawingControls::show(const ItemRef& item)
+{
+    m_item = item;
+    setEnabled(item != nullptr);
+    for (std::size_t i = 0; i < kRowCount; ++i) {
+        const Switch& property = kSwitches[i];
+        const Row& row = m_rows[i];
+        row.enabled->setChecked(item && ((*item).*property.enabled)());
+        if (row.color)
+            row.color->setColor(item ? ((*item).*property.color)() : nullptr);
+        if (row.width)
+            row.width->showValue(item ? ((*item).*property.width)() : 0);
+    }
+}
+
+} // namespace wallgrid

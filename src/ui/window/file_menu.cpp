@@ -1,0 +1,100 @@
+// SPDX-License-Identifier: MIT
+#include "ui/window/file_menu.h"
+
+#include "ui/base/shown_text.h"
+#include "ui/desktop/qt_recent_documents.h"
+
+#include <QDateTime>
+#include <QFile>
+#include <QFileInfo>
+#include <memory>
+
+namespace wallgrid {
+
+namespace {
+
+/// What the menu calls a location: its path, or the whole text of one that is no file.
+QString menuText(const QString& location)
+{
+    const auto url = Url::fromString(location.toStdString());
+    const auto path = url ? url->filePath() : std::nullopt;
+    return withoutMnemonics(shownText(path ? QFile::decodeName(path->c_str()) : location, 80));
+}
+
+} // namespace
+
+FileMenu::FileMenu(GXAppDelegate& delegate, QtRecentDocuments& recentDocuments, const QList<QAction*>& presets,
+                   QWidget* parent)
+    : QMenu(tr("&File"), parent)
+    , m_delegate(delegate)
+    , m_recentDocuments(recentDocuments)
+{
+    const QString projects = tr("Projects (*.mpr)");
+    addAction(tr("&Open Project…"), QKeySequence::Open, this, [this, projects] {
+        emit panelAhead({tr("Open Project"), projects, {}});
+        m_delegate.openProject();
+    });
+    m_recentMenu = addMenu(tr("Open &Recent"));
+    connect(&m_recentDocuments, &QtRecentDocuments::changed, this, &FileMenu::fillRecentMenu);
+    fillRecentMenu();
+    addAction(tr("&Save Project…"), QKeySequence::Save, this, [this, projects] {
+        PanelPurpose purpose{tr("Save Project"), projects, QStringLiteral("mpr")};
+        purpose.folder = m_project.isEmpty() ? QString() : QFileInfo(m_project).path();
+        write(std::move(purpose), &GXAppDelegate::saveProject);
+    });
+    addSeparator();
+    addActions(presets);
+    addSeparator();
+    addAction(tr("&Export PNG…"), QKeySequence(Qt::CTRL | Qt::Key_E), this, [this] {
+        write({tr("Export PNG"), tr("PNG images (*.png)"), QStringLiteral("png")}, &GXAppDelegate::saveAction);
+    });
+    addAction(tr("Export &Layered PSD…"), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_E), this, &FileMenu::exportPsd);
+    addSeparator();
+    addAction(tr("&Quit"), QKeySequence(Qt::CTRL | Qt::Key_Q), this, &FileMenu::quitWanted)
+        ->setMenuRole(QAction::QuitRole);
+}
+
+void FileMenu::fillRecentMenu()
+{
+    m_recentMenu->clear();
+    const QStringList locations = m_recentDocuments.locations();
+    m_recentMenu->setEnabled(!locations.isEmpty());
+    for (const QString& location : locations)
+        m_recentMenu->addAction(menuText(location), this,
+                                [this, location] { emit openWanted(location.toStdString()); });
+    m_recentMenu->addSeparator();
+    // Later, because the menu that is cleared is the one that is being left.
+    m_recentMenu->addAction(
+        tr("&Clear Menu"), this, [this] { m_recentDocuments.clear(); }, Qt::QueuedConnection);
+}
+
+void FileMenu::exportPsd()
+{
+    m_delegate.setNumbersEqualLayerNames(false);
+    PanelPurpose purpose{tr("Export Layered PSD"), tr("Photoshop documents (*.psd)"), QStringLiteral("psd"), true};
+    if (m_delegate.hasEqualLayerNames()) {
+        purpose.option = {tr("&Number equal layer names"),
+                          tr("Some layers have the same name. In the file a number can tell them apart."),
+                          [this](bool numbers) { m_delegate.setNumbersEqualLayerNames(numbers); }};
+    }
+    m_delegate.setPSDLocationIsWhole(true);
+    write(std::move(purpose), &GXAppDelegate::savePSD);
+    m_delegate.setPSDLocationIsWhole(false);
+}
+
+void FileMenu::write(PanelPurpose purpose, void (GXAppDelegate::*action)())
+{
+    // Shared, because nobody knows how long the panels keep the purpose.
+    const auto chosen = std::make_shared<QString>();
+    purpose.chosen = [chosen](const QString& path) { *chosen = path; };
+    purpose.name = QFileInfo(m_project).completeBaseName();
+    const QDateTime before = QDateTime::currentDateTime();
+    emit panelAhead(purpose);
+    (m_delegate.*action)();
+    // What failed has said so itself, and has left an older file or none.
+    const QFileInfo file(*chosen);
+    if (!chosen->isEmpty() && file.exists() && file.lastModified() >= before)
+        emit messageWanted(tr("Written: %1").arg(shownText(file.filePath())));
+}
+
+} // namespace wallgrid

@@ -1,0 +1,370 @@
+// SPDX-License-Identifier: MIT
+#include "ui/window/main_window.h"
+
+#include "ui/base/heading.h"
+#include "ui/base/shown_text.h"
+#include "ui/desktop/qt_recent_documents.h"
+#include "ui/inspector/inspector.h"
+#include "ui/lists/item_table.h"
+#include "ui/lists/list_bar.h"
+#include "ui/preview/display_menu.h"
+#include "ui/preview/preview_surface.h"
+#include "ui/preview/zoom_bar.h"
+#include "ui/window/file_drops.h"
+#include "ui/window/file_menu.h"
+#include "ui/window/output_controls.h"
+#include "ui/window/output_window.h"
+#include "ui/window/outside_text.h"
+#include "ui/window/undo_actions.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QFile>
+#include <QFileInfo>
+#include <QLineEdit>
+#include <QMenuBar>
+#include <QScreen>
+#include <QScrollArea>
+#include <QSplitter>
+#include <QStatusBar>
+#include <QVBoxLayout>
+
+namespace wallgrid {
+
+namespace {
+
+using Column = ItemTableModel::Column;
+
+constexpr int kMessageMilliseconds = 15'000;
+constexpr qsizetype kLongestMessage = 300;
+constexpr qsizetype kLongestTitle = 80;
+
+QWidget* titled(const QString& title, QWidget* content, QWidget* bar)
+{
+    auto* box = new QWidget;
+    auto* layout = new QVBoxLayout(box);
+    layout->setContentsMargins(8, 6, 0, 4);
+    layout->setSpacing(4);
+    QLabel* heading = makeHeading(title, box);
+    heading->setBuddy(content);
+    layout->addWidget(heading);
+    layout->addWidget(content);
+    layout->addWidget(bar);
+    return box;
+}
+
+} // namespace
+
+MainWindow::MainWindow(GXAppDelegate& delegate, UndoHistory& history, QtRecentDocuments& recentDocuments,
+                       OutputWindow& outputWindow)
+    : m_delegate(delegate)
+    , m_recentDocuments(recentDocuments)
+    , m_outputWindow(outputWindow)
+    , m_status([this] { refreshStatus(); })
+    , m_sheets(delegate, *this)
+    , m_history(history)
+    , m_outputPreview(*this)
+{
+    connect(&m_sheets, &Sheets::panelAhead, this, &MainWindow::panelAhead);
+    makeEditActions();
+    auto* columns = new QSplitter(Qt::Horizontal);
+    columns->addWidget(makeLists());
+    columns->addWidget(makeOutput());
+    columns->addWidget(makeFields());
+    columns->setStretchFactor(0, 0);
+    columns->setStretchFactor(1, 1);
+    columns->setStretchFactor(2, 0);
+    columns->setSizes({260, 810, 330});
+    columns->setChildrenCollapsible(false);
+    setCentralWidget(columns);
+
+    makeStatusBar();
+    makeFileMenu();
+    makeEditMenu();
+    makeViewMenu();
+    makeHelpMenu();
+    nameProject();
+    resize(QSize(1400, 840).boundedTo(screen()->availableSize()));
+    m_table->setFocus();
+
+    connect(new FileDrops(m_delegate, *this), &FileDrops::openWanted, this, &MainWindow::open);
+    for (QLineEdit* field : findChildren<QLineEdit*>())
+        field->setAcceptDrops(false); // a file that is dropped there is meant for the window
+}
+
+void MainWindow::makeEditActions()
+{
+    m_add = new QAction(tr("&Add…"), this);
+    m_add->setShortcut(Qt::CTRL | Qt::SHIFT | Qt::Key_N);
+    m_add->setToolTip(tr("Add a screen or an image to the layers"));
+    connect(m_add, &QAction::triggered, this, [this] {
+        m_table->setFocus(); // where the keyboard goes on when something was added
+        m_delegate.add();
+    });
+
+    m_openPresets = new QAction(tr("Open &Presets…"), this);
+    m_openPresets->setIconText(tr("Open…"));
+    m_openPresets->setToolTip(tr("Replace the presets by those of a file"));
+    connect(m_openPresets, &QAction::triggered, this, [this] {
+        emit panelAhead({tr("Open Presets"), {}, {}});
+        m_delegate.openPresets();
+    });
+    m_savePresets = new QAction(tr("Sa&ve Presets…"), this);
+    m_savePresets->setIconText(tr("Save…"));
+    m_savePresets->setToolTip(tr("Save the presets to a file"));
+    connect(m_savePresets, &QAction::triggered, this, [this] {
+        emit panelAhead({tr("Save Presets"), {}, {}});
+        m_delegate.savePresets();
+    });
+}
+
+QWidget* MainWindow::makeLists()
+{
+    m_table = new ItemTable(m_delegate.arraycontroller(), {Column::Visible, Column::Thumbnail, Column::Name});
+    m_table->setObjectName("mainTView");
+    m_table->setAccessibleName(tr("Layers"));
+    m_ptable = new ItemTable(m_delegate.presetarraycontroller(), {Column::Thumbnail, Column::Name});
+    m_ptable->setObjectName("presetTView");
+    m_ptable->setAccessibleName(tr("Presets"));
+    connect(m_table, &ItemTable::removalWanted, this, [this] {
+        hasSelection(*m_table);
+        m_delegate.remove();
+    });
+    connect(m_ptable, &ItemTable::removalWanted, this, [this] {
+        hasSelection(*m_ptable);
+        m_delegate.removePreset();
+    });
+
+    auto* remove = new QAction(tr("Remove"), this);
+    remove->setToolTip(tr("Remove the selected layers"));
+    connect(remove, &QAction::triggered, m_table, &ItemTable::removalWanted);
+    auto* removePreset = new QAction(tr("Remove"), this);
+    removePreset->setToolTip(tr("Remove the selected presets"));
+    connect(removePreset, &QAction::triggered, m_ptable, &ItemTable::removalWanted);
+
+    auto* lists = new QSplitter(Qt::Vertical);
+    lists->addWidget(titled(tr("&Layers"), m_table, makeListBar({m_add, remove})));
+    lists->addWidget(titled(tr("&Presets"), m_ptable, makeListBar({m_openPresets, m_savePresets, removePreset})));
+    lists->setSizes({500, 220});
+    lists->setStretchFactor(0, 1);
+    lists->setChildrenCollapsible(false);
+    lists->setMinimumWidth(180);
+    return lists;
+}
+
+QWidget* MainWindow::makeOutput()
+{
+    m_miniPvw = new PreviewSurface(m_delegate);
+    m_miniPvw->setAccessibleName(tr("Output preview"));
+    m_miniPvw->setMinimumSize(240, 135);
+    return m_miniPvw;
+}
+
+QWidget* MainWindow::makeFields()
+{
+    m_fields = new QWidget;
+    auto* layout = new QVBoxLayout(m_fields);
+    layout->setContentsMargins({});
+    layout->setSpacing(0);
+    layout->addWidget(new OutputControls(m_delegate));
+    auto* line = new QFrame;
+    line->setFrameStyle(QFrame::HLine | QFrame::Sunken);
+    layout->addWidget(line);
+    m_inspector = new Inspector(m_delegate);
+    auto* area = new QScrollArea;
+    area->setWidget(m_inspector);
+    area->setWidgetResizable(true);
+    area->setFrameShape(QFrame::NoFrame);
+    area->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    area->setFocusPolicy(Qt::NoFocus);
+    area->setMinimumWidth(m_inspector->minimumSizeHint().width() + 16);
+    layout->addWidget(area, 1);
+    return m_fields;
+}
+
+void MainWindow::makeStatusBar()
+{
+    m_outputReport = new QLabel(this);
+    m_outputReport->setContentsMargins(8, 0, 8, 0);
+    m_outputReport->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred); // it must not widen the window
+    m_outputReport->setAccessibleName(tr("Output Preview"));
+    statusBar()->addWidget(m_outputReport, 1);
+    for (QLabel** label : {&m_outside, &m_itemCount, &m_outputSize}) {
+        *label = new QLabel(this);
+        (*label)->setContentsMargins(8, 0, 8, 0);
+        statusBar()->addPermanentWidget(*label);
+    }
+    m_zoom = new ZoomBar(*m_miniPvw);
+    statusBar()->addPermanentWidget(m_zoom);
+    // An edit may change the list, and a composition the output size; both end up here.
+    connect(m_miniPvw, &PreviewSurface::pictureChanged, this, [this] {
+        m_status.schedule();
+        m_outputPreview.setImage(m_miniPvw->image());
+    });
+    connect(&m_outputPreview, &OutputPreview::changed, this, [this] { m_status.schedule(); });
+    m_delegate.arraycontroller().addObserverForArrangedObjects({}, [this] { m_status.schedule(); });
+    m_status.schedule();
+}
+
+void MainWindow::refreshStatus()
+{
+    const auto count = static_cast<int>(m_delegate.arraycontroller().arrangedObjects().size());
+    m_itemCount->setText(count == 1 ? tr("1 layer") : tr("%1 layers").arg(count));
+    m_outputReport->setText(m_outputPreview.report());
+    m_outputReport->setToolTip(m_outputPreview.report());
+    m_outside->setText(outsideText(m_delegate));
+    m_outputSize->setText(tr("Output %1 × %2 px").arg(m_delegate.OutputWidth()).arg(m_delegate.OutputHeight()));
+}
+
+void MainWindow::showMessage(const QString& line)
+{
+    statusBar()->showMessage(shownText(line, kLongestMessage), kMessageMilliseconds);
+}
+
+void MainWindow::makeFileMenu()
+{
+    m_fileMenu = new FileMenu(m_delegate, m_recentDocuments, {m_openPresets, m_savePresets}, this);
+    menuBar()->addMenu(m_fileMenu);
+    connect(m_fileMenu, &FileMenu::panelAhead, this, &MainWindow::panelAhead);
+    connect(m_fileMenu, &FileMenu::openWanted, this, &MainWindow::open);
+    connect(m_fileMenu, &FileMenu::messageWanted, this, &MainWindow::showMessage);
+    connect(m_fileMenu, &FileMenu::quitWanted, this, &QWidget::close);
+    connect(&m_recentDocuments, &QtRecentDocuments::changed, this, &MainWindow::nameProject);
+    m_history.addObserver([this] { nameProject(); });
+}
+
+void MainWindow::open(const std::string& location)
+{
+    m_history.commit();
+    m_delegate.applicationOpenFile(location);
+    m_history.commit();
+}
+
+void MainWindow::nameProject()
+{
+    const UrlRef location = m_delegate.documentFile()->location;
+    const auto path = location ? location->filePath() : std::nullopt;
+    const QFileInfo file(path ? QFile::decodeName(path->c_str()) : QString());
+    m_fileMenu->setProject(file.filePath());
+    setWindowTitle(path ? shownText(file.fileName(), kLongestTitle) + "[*]" : tr("Wallgrid"));
+}
+
+void MainWindow::setSaved(bool saved)
+{
+    setWindowModified(!saved && windowTitle().endsWith("[*]"));
+}
+
+ItemTable& MainWindow::editedTable() const
+{
+    const QWidget* focus = focusWidget(); // of a table it is also the editor of a name
+    return focus && (focus == m_ptable || m_ptable->isAncestorOf(focus)) ? *m_ptable : *m_table;
+}
+
+void MainWindow::makeEditMenu()
+{
+    QMenu* menu = menuBar()->addMenu(tr("&Edit"));
+    const auto* steps = new UndoActions(m_history, *m_fields, this);
+    connect(m_miniPvw, &PreviewSurface::beginInteraction, steps, [this] { m_history.beginInteraction(); });
+    connect(m_miniPvw, &PreviewSurface::endInteraction, steps, [this] { m_history.endInteraction(); });
+    menu->addActions({steps->undo(), steps->redo()});
+    menu->addSeparator();
+    menu->addAction(m_add);
+    menu->addAction(tr("Du&plicate"), Qt::CTRL | Qt::Key_D, this, &MainWindow::duplicate);
+    menu->addAction(tr("Add Prese&t to Layers"), Qt::CTRL | Qt::SHIFT | Qt::Key_P, this, [this] {
+        if (hasSelection(*m_ptable))
+            m_ptable->dropSelectionOn(*m_table, 0);
+    });
+    menu->addSeparator();
+    // Of whichever list has the keyboard focus.
+    menu->addAction(tr("Mo&ve Up"), Qt::CTRL | Qt::SHIFT | Qt::Key_Up, this, [this] {
+        if (hasSelection(editedTable()))
+            editedTable().moveSelection(ItemTable::Direction::Up);
+    });
+    menu->addAction(tr("Move &Down"), Qt::CTRL | Qt::SHIFT | Qt::Key_Down, this, [this] {
+        if (hasSelection(editedTable()))
+            editedTable().moveSelection(ItemTable::Direction::Down);
+    });
+    menu->addAction(tr("Re&name"), Qt::Key_F2, this, [this] {
+        if (hasSelection(editedTable()))
+            editedTable().renameSelection();
+    });
+    menu->addAction(tr("Re&move"), QKeySequence::Delete, this, [this] { emit editedTable().removalWanted(); });
+}
+
+bool MainWindow::hasSelection(const ItemTable& table)
+{
+    const bool presets = &table == m_ptable;
+    if ((presets ? m_delegate.presetarraycontroller() : m_delegate.arraycontroller()).selectionIndex())
+        return true;
+    showMessage(presets ? tr("No preset is selected.") : tr("No layer is selected."));
+    return false;
+}
+
+void MainWindow::duplicate()
+{
+    auto& layers = m_delegate.arraycontroller();
+    m_table->setFocus();
+    if (hasSelection(*m_table))
+        layers.insertObjectAtArrangedObjectIndex(layers.selectedObject()->duplicate(), *layers.selectionIndex());
+}
+
+void MainWindow::makeViewMenu()
+{
+    QMenu* menu = m_viewMenu = menuBar()->addMenu(tr("&View"));
+    menu->addActions(m_zoom->actions());
+    menu->addSeparator();
+    QAction* output = menu->addAction(tr("&Output Window"));
+    output->setCheckable(true);
+    output->setShortcut(Qt::CTRL | Qt::Key_2);
+    connect(output, &QAction::triggered, this, [this](bool shown) {
+        if (shown)
+            m_outputWindow.show();
+        else
+            m_outputWindow.hide();
+    });
+    connect(&m_outputWindow, &OutputWindow::shownChanged, output, &QAction::setChecked);
+    addOutputPreviewTo(*menu);
+}
+
+void MainWindow::addOutputPreviewTo(QMenu& menu)
+{
+    QAction* preview = menu.addAction(tr("Output &Preview"));
+    preview->setCheckable(true);
+    preview->setShortcut(Qt::Key_F11);
+    preview->setToolTip(tr("Show the output full screen, pixel for pixel"));
+    connect(preview, &QAction::triggered, this, [this](bool shown) {
+        if (shown)
+            m_delegate.openPvw();
+        else
+            m_outputPreview.leave();
+    });
+    connect(&m_outputPreview, &OutputPreview::changed, preview,
+            [this, preview] { preview->setChecked(m_outputPreview.isActive()); });
+    auto* displays = new DisplayMenu(m_outputPreview, &menu);
+    connect(displays, &DisplayMenu::chosen, this, [this] { m_delegate.openPvw(); });
+    menu.addMenu(displays);
+}
+
+void MainWindow::makeHelpMenu()
+{
+    menuBar()->addMenu(tr("&Help"))->addAction(tr("&About Wallgrid"), this, [this] { m_delegate.openAbout(); });
+}
+
+void MainWindow::showEvent(QShowEvent* event)
+{
+    m_status.finish(); // or its texts would first be seen cut off, where there was room for none
+    QMainWindow::showEvent(event);
+}
+
+void MainWindow::closeEvent(QCloseEvent* event)
+{
+    if (m_delegate.applicationShouldTerminate() != GXAppDelegate::TerminateReply::TerminateNow) {
+        event->ignore();
+        return;
+    }
+    m_outputWindow.close();
+    m_outputPreview.leave();
+    QMainWindow::closeEvent(event);
+}
+
+} // namespace wallgrid

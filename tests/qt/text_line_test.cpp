@@ -1,0 +1,78 @@
+// SPDX-License-Identifier: MIT
+#include "qt/text_line.h"
+
+#include <algorithm>
+#include <gtest/gtest.h>
+#include <numeric>
+#include <vector>
+
+using namespace wallgrid;
+
+namespace {
+
+std::vector<std::uint8_t> rasterized(const TextLine& line, const PixelRect& area)
+{
+    std::vector<std::uint8_t> coverage(static_cast<std::size_t>(area.width * area.height), 77);
+    line.rasterize(area, coverage);
+    return coverage;
+}
+
+double ink(const TextLine& line, std::int64_t margin = 0)
+{
+    const PixelRect box = line.inkBounds();
+    const auto coverage =
+        rasterized(line, {box.x - margin, box.y - margin, box.width + 2 * margin, box.height + 2 * margin});
+    return std::accumulate(coverage.begin(), coverage.end(), 0.0);
+}
+
+} // namespace
+
+TEST(TextLine, StandsOnItsBaselineAboveTheLineBoxCorner)
+{
+    const QtTextLine digits("240 x 240", 50), descending("y", 50);
+    const PixelRect box = digits.inkBounds();
+    EXPECT_GE(box.x, 0);
+    EXPECT_GT(box.y, 5) << "digits stand on the baseline, which lies above the corner by the descent";
+    EXPECT_LT(box.y, 18);
+    EXPECT_GT(box.height, 30);
+    EXPECT_LT(box.top(), 60);
+    EXPECT_GE(descending.inkBounds().y, 0) << "descenders reach down to the line box's lower edge at most";
+    EXPECT_LT(descending.inkBounds().y, box.y);
+    EXPECT_GT(ink(digits), 255 * 50 * 10);
+    EXPECT_EQ(ink(digits, 9), ink(digits)) << "no ink lies outside the bounds";
+}
+
+TEST(TextLine, DrawsAtEverySizeAndInPieces)
+{
+    const double reference = ink(QtTextLine("8", 100)) / 1e4;
+    for (const double size : {1.0, 13.0, 200.0, 1500.0})
+        EXPECT_NEAR(ink(QtTextLine("8", size)) / (size * size), reference, 0.15 * reference) << size;
+    const QtTextLine line("xy -10 x 20", 40);
+    const PixelRect box = line.inkBounds();
+    const auto whole = rasterized(line, box);
+    for (std::int64_t y = box.y; y < box.top(); y += 7) {
+        const PixelRect band{box.x, y, box.width, std::min<std::int64_t>(7, box.top() - y)};
+        const auto piece = rasterized(line, band);
+        EXPECT_TRUE(std::equal(piece.begin(), piece.end(), whole.begin() + (box.top() - band.top()) * box.width)) << y;
+    }
+}
+
+TEST(TextLine, LooksAlikeInLettersBeyondAnyRaster)
+{
+    const QtTextLine line("6 x 8", 128);
+    const PixelRect box = line.inkBounds();
+    const auto ink = rasterized(line, box);
+    for (const std::int64_t scale : {1 << 10, 1 << 23}) {
+        const QtTextLine monster("6 x 8", 128.0 * static_cast<double>(scale));
+        for (std::int64_t i = box.width; i < (box.height - 1) * box.width; i += 11) {
+            // The baselines lie half a pixel apart at most, so the edges are not compared.
+            const auto at = ink.begin() + i;
+            const auto alike = {at[-1], at[1], at[-box.width], at[box.width]};
+            const PixelPoint point{box.x + i % box.width, box.top() - 1 - i / box.width};
+            if (std::ranges::count(alike, *at) == 4) {
+                ASSERT_EQ(rasterized(monster, {point.x * scale + scale / 2, point.y * scale + scale / 2, 3, 2}),
+                          std::vector<std::uint8_t>(6, *at));
+            }
+        }
+    }
+}

@@ -1,0 +1,224 @@
+// SPDX-License-Identifier: MIT
+#include "items/gx_still.h"
+#include "ui/fields/color_button.h"
+#include "ui/fields/color_text.h"
+#include "ui/fields/number_field.h"
+#include "ui/inspector/anchor.h"
+#include "ui/program_under_test.h"
+
+#include <limits>
+
+using namespace wallgrid;
+
+namespace {
+
+constexpr auto lowest = std::numeric_limits<std::int32_t>::min();
+constexpr auto highest = std::numeric_limits<std::int32_t>::max();
+
+struct Edited : ProgramUnderTest {
+    Edited() { activate(); }
+
+    /// What the item told its observers since the last call.
+    QString changes()
+    {
+        settle();
+        return std::exchange(m_changes, {}).join(u' ');
+    }
+
+    QStringList m_changes;
+    KeyValueObservable::Observation m_observation =
+        item().observe([this](std::string_view key) { m_changes.append(QString::fromStdString(std::string(key))); });
+};
+
+} // namespace
+
+class InspectorTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void everyControlEditsAndShowsItsOwnProperty()
+    {
+        Edited program;
+        QStringList found;
+        for (auto* control : program.window().inspector()->findChildren<QWidget*>()) {
+            auto* box = qobject_cast<QCheckBox*>(control);
+            const bool line = qobject_cast<QLineEdit*>(control) && !qobject_cast<NumberField*>(control->parent());
+            if (!control->isVisible() || !(box || line || qobject_cast<NumberField*>(control)))
+                continue;
+            const QString name = box ? box->text() : control->accessibleName();
+            const auto shown = [&] { return control->property(box ? "checked" : "text").toString(); };
+            const QString before = shown();
+            std::map<std::string_view, GXItem::FieldValue> values;
+            for (const GXItem::Field& field : GXItem::fields())
+                values[field.property] = program.item().value(field);
+            if (box)
+                box->click();
+            else
+                type(control, name.contains('#') ? "#123456" : "7");
+            const QString changed = program.changes();
+            found.append(QString(name + ' ' + changed).remove(" as #RRGGBB or #RRGGBBAA"));
+            QVERIFY2(shown() != before, qPrintable(name));
+            for (const GXItem::Field& field : GXItem::fields()) {
+                if (changed == QString::fromStdString(std::string(field.property)))
+                    program.item().setValue(field, values[field.property]);
+            }
+            QCOMPARE(program.changes(), changed);
+            QCOMPARE(shown(), before);
+        }
+        QCOMPARE(found.join(", "),
+                 " label, V&isible in the output visible, Panel-H panelWidth, Panel-V panelHeight, COLS col, ROWS row, "
+                 "H-Start xpoint, V-Start ypoint, Fill bgEnable, Fill colour rectColor, Frame BoarderEnable, Frame "
+                 "colour boarderColor, Frame width boarderWidth, Circle CircleEnable, Circle colour circleColor, "
+                 "Circle width, also the margin of the texts circleBWidth, Position text XYFontEnable, Size text "
+                 "screenFontEnable, XY Label Size XYFontSize, Label Screen Size screenFontSize");
+    }
+
+    void numbersAreStepped()
+    {
+        Edited program;
+        auto* left = program.find<NumberField>("H-Start");
+        QWheelEvent wheel({5, 5}, {5, 5}, {}, {0, 120}, {}, {}, Qt::NoScrollPhase, false);
+        QCoreApplication::sendEvent(left, &wheel); // scrolls past it
+        QCOMPARE(program.item().xpoint(), 0);
+        left->setFocus();
+        QTest::keyClick(left, Qt::Key_Up);
+        QCOMPARE(program.item().xpoint(), 1);
+        QTest::keyClick(left, Qt::Key_Down, Qt::ShiftModifier);
+        QCOMPARE(program.item().xpoint(), -9);
+    }
+
+    void coloursAreTypedAndPasted()
+    {
+        Edited program;
+        auto* field = program.find<QLineEdit>("Fill colour as #RRGGBB or #RRGGBBAA");
+        const ColorRef red = program.item().rectColor();
+        const auto paste = [&](const QString& text) {
+            program.item().setRectColor(red);
+            program.settle();
+            field->setFocus();
+            field->selectAll();
+            QGuiApplication::clipboard()->setText(text);
+            field->paste();
+            const bool taken = program.item().rectColor() != red;
+            program.settle();
+            QTest::keyClick(field, Qt::Key_Return);
+            return field->text() + (taken ? "" : " left");
+        };
+        QCOMPARE(paste("#00ff7F"), "#00FF7F");
+        QVERIFY(program.item().rectColor()->rgba() == (Color::RGBA{0, 1, 127 / 255.0, 1}));
+        QCOMPARE(program.item().rectColor()->space(), Color::Space::CalibratedRGB);
+        QCOMPARE(paste("#00FF7f80"), "#00FF7F80");
+        QCOMPARE(program.item().rectColor()->rgba().a, 128 / 255.0);
+        QCOMPARE(paste(" 00FF7FFF "), "#00FF7F");
+        for (const char* same : {"#ff0000", "", "#00FF7", "#00FF7F8", "#00FF7F801", "#00FF7G", "green", "##00FF7F"})
+            QCOMPARE(paste(same), "#FF0000 left");
+    }
+
+    void coloursAreChosenInAPanel()
+    {
+        Edited program;
+        auto* none = program.find<QToolButton>("No edge colour: the edge is like the background");
+        const auto choose = [&](const QColor& color, bool accepted) {
+            whenAsked<QColorDialog>([&](QColorDialog& dialog) {
+                QVERIFY(dialog.testOption(QColorDialog::ShowAlphaChannel));
+                dialog.setCurrentColor(color.isValid() ? color : dialog.currentColor());
+                accepted ? dialog.accept() : dialog.reject();
+            });
+            program.find<ColorButton>("Edge colour")->click();
+            program.settle();
+            return program.delegate().edgeColor();
+        };
+        QVERIFY(!none->isEnabled());
+        QVERIFY(choose({}, true)); // black, which none is not
+        const ColorRef chosen = choose(QColor(255, 128, 0, 51), true);
+        QVERIFY(chosen->rgba() == (Color::RGBA{1, 128 / 255.0, 0, 51 / 255.0}));
+        QCOMPARE(choose(Qt::blue, false), chosen);
+        QCOMPARE(choose({}, true), chosen); // the same
+        none->click();
+        program.settle();
+        QVERIFY(!program.delegate().edgeColor() && !none->isEnabled());
+    }
+
+    void showingAnItemChangesNothingOfIt()
+    {
+        Edited program;
+        const ItemRef item = makeScreen(u"extreme");
+        bool low = false;
+        for (const GXItem::Field& field : GXItem::fields()) {
+            if (std::holds_alternative<std::int32_t>(item->value(field)))
+                item->setValue(field, (low = !low) ? lowest : highest);
+        }
+        item->setRectColor(nullptr);
+        item->setBoarderColor(std::make_shared<Color>(Color::Space::DeviceCMYK, std::array{0.1, 0.2, 0.3, 0.4}, 0.123));
+        item->setLabel(makeString(std::u16string{u'a', u'\xd800', u'\0', u'\n', u'b'}));
+        program.insert(item);
+        program.settle();
+        const Bytes before = writeProject(program.delegate().project());
+        program.m_observation = item->observe([&](std::string_view) { QFAIL("changed"); });
+        QCOMPARE(program.find<NumberField>("COLS")->value(), item->col());
+        QCOMPARE(program.find<NumberField>("ROWS")->value(), item->row());
+        QCOMPARE(program.find<ColorButton>("Frame colour")->color(), item->boarderColor());
+        for (int i = 0; i < 60; ++i)
+            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+        for (const auto& rows : {std::set<std::size_t>{1}, {0}, {}}) {
+            program.delegate().arraycontroller().setSelectionIndexes(rows);
+            program.settle();
+        }
+        QVERIFY(!program.find<NumberField>("COLS")->isEnabled() && !program.find<QLineEdit>("&Name")->isEnabled());
+        QVERIFY(writeProject(program.delegate().project()) == before);
+    }
+
+    void namesAreKeptUntilTheyAreEdited()
+    {
+        Edited program;
+        const StringRef monster = makeString(std::u16string().assign(10'000'000, u'x'));
+        program.item().setLabel(monster);
+        program.settle();
+        auto* name = program.find<QLineEdit>("&Name");
+        QCOMPARE(name->text(), QString());
+        QVERIFY(name->placeholderText().size() < 300);
+        QCOMPARE(program.item().label(), monster);
+        type(name, "short");
+        QCOMPARE(program.layers(), QStringList("short"));
+    }
+
+    void aStillShowsWhatAStillHas()
+    {
+        Edited program;
+        auto still = GXStill::initWithimage(nullptr);
+        still->setImageURL(program.location("still.png"));
+        program.insert(still);
+        for (const std::size_t row : {0, 1}) {
+            program.delegate().arraycontroller().setSelectionIndex(row);
+            program.settle();
+            QVERIFY(program.find<NumberField>(row == 0 ? "Width" : "COLS")->isVisible());
+            for (const char* ofScreens : {"Pos-H", "Pos-V", "XY Label Size", "Label Screen Size", "Fill"}) {
+                const auto* control = program.find<QWidget>(ofScreens);
+                QVERIFY2(!control || control->isVisible() == (row == 1), ofScreens);
+            }
+            QCOMPARE(program.find<QLineEdit>(program.path("still.png"))->isVisible(), row == 0);
+        }
+    }
+
+    void alignMovesTheItem()
+    {
+        ProgramUnderTest program;
+        const std::pair<const char*, Position> places[]{{"TOP LEFT", {0, 0}},
+                                                        {"TOP RIGHT", {1608, 0}},
+                                                        {"CENTER", {804, 384}},
+                                                        {"BOTTOM LEFT", {0, 768}},
+                                                        {"BOTTOM RIGHT", {1608, 768}}};
+        for (const auto& [name, place] : places) {
+            program.item().setXpoint(-3);
+            program.item().setYpoint(5);
+            program.find<QToolButton>(QString("Align: ") + name)->click();
+            program.settle();
+            QVERIFY2((Position{program.item().xpoint(), program.item().ypoint()} == place), name);
+        }
+        QVERIFY(positionAt(Anchor::Center, {1920, 1621}, {1920, 1080}) == (Position{0, -271}));
+        QVERIFY(positionAt(Anchor::BottomRight, {lowest, highest}, {highest, lowest}) == (Position{highest, lowest}));
+    }
+};
+
+QTEST_MAIN(InspectorTest)
+#include "inspector_test.moc"

@@ -1,0 +1,422 @@
+// SPDX-License-Identifier: MIT
+#include "items/gx_still.h"
+#include "ui/desktop/qt_panels.h"
+#include "ui/desktop/qt_progress.h"
+#include "ui/preview/preview_surface.h"
+#include "ui/program_under_test.h"
+#include "ui/theme/appearance_action.h"
+#include "ui/theme/theme.h"
+
+#include <cmath>
+#include <limits>
+
+using namespace wallgrid;
+
+namespace {
+
+void acceptFile(QFileDialog& dialog, const QString& name)
+{
+    dialog.findChild<QLineEdit*>("fileNameEdit")->setText(name);
+    static_cast<QDialog&>(dialog).accept();
+}
+
+QString fileName(const UrlRef& url)
+{
+    return url ? QFileInfo(QString::fromStdString(*url->filePath())).fileName() : QString();
+}
+
+/// Relative luminance, WCAG 2.1.
+double luminance(const QColor& color)
+{
+    const auto linear = [](double c) { return c <= 0.04045 ? c / 12.92 : std::pow((c + 0.055) / 1.055, 2.4); };
+    return 0.2126 * linear(color.redF()) + 0.7152 * linear(color.greenF()) + 0.0722 * linear(color.blueF());
+}
+
+} // namespace
+
+class WindowTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void whatTheThrottleSkippedIsCaughtUpWith()
+    {
+        ProgramUnderTest program;
+        for (const int x : {100, 500, 1000}) // the first one renders, the others are skipped
+            program.item().setXpoint(x);
+        QCOMPARE(program.output(100, 0), QString("ffffffff"));
+        program.runLoop.advance(0.09);
+        QCOMPARE(program.output(1000, 0), QString("ff000000"));
+        program.runLoop.advance(0.02);
+        QCOMPARE(program.output(1000, 0), QString("ffffffff"));
+        QCOMPARE(program.window().miniPvw()->image(), program.delegate().img());
+        program.runLoop.advance(10); // and then it is quiet
+        QCOMPARE(program.runLoop.pendingTimers(), std::size_t{0});
+    }
+
+    void timersMayOutliveTheProgram()
+    {
+        ManualRunLoop runLoop;
+        {
+            ScriptedPanels panels;
+            QtRecentDocuments recentDocuments({});
+            Application application(runLoop, panels, recentDocuments);
+            application.launch();
+            application.delegate().update();
+        }
+        QVERIFY(runLoop.pendingTimers() > 0);
+        runLoop.advance(1);
+    }
+
+    void filesAreSavedAndOpened()
+    {
+        ProgramUnderTest program;
+        const QString name = "a wall%20 & co.mpr";
+        program.panels.answer = program.location("a wall%20 & co");
+        program.trigger("&Save Project…");
+        const auto opens = [&](const std::function<void()>& open) {
+            program.item().setLabel(makeString(u"changed"));
+            open();
+            return program.layers() == QStringList("Layer 0");
+        };
+        program.panels.answer = program.location(name);
+        QVERIFY(opens([&] { program.trigger("&Open Project…"); }));
+        QVERIFY(opens([&] { program.trigger(program.path("a wall%20 && co.mpr")); })); // of the recent ones
+        QVERIFY(opens([&] { program.application.openFile(program.path(name).toStdString()); }));
+        QVERIFY(opens([&] {
+            QFileOpenEvent event(program.path(name));
+            QCoreApplication::sendEvent(qApp, &event);
+        }));
+        const QString here = QDir::currentPath();
+        QDir::setCurrent(program.folder.path());
+        QVERIFY(opens([&] { program.application.openFile(name.toStdString()); }));
+        QDir::setCurrent(here);
+
+        QMenu* recent = program.action("Open &Recent")->menu();
+        QCOMPARE(recent->actions().size(), 3); // with a line and what clears the menu
+        program.trigger("&Clear Menu");
+        QVERIFY(!recent->isEnabled());
+        QCOMPARE(QtRecentDocuments(program.path("recent.ini")).locations(), QStringList());
+
+        QVERIFY(program.panels.alerts.empty());
+        program.application.openFile("no such file");
+        QCOMPARE(program.panels.alerts, std::vector<std::string>{"No File Found|File Not Found"});
+        program.delegate().arraycontroller().setSelectionIndexes({});
+        program.trigger("Du&plicate");
+        QCOMPARE(program.window().statusBar()->currentMessage(), "No layer is selected.");
+    }
+
+    void theStatusBarCounts()
+    {
+        ProgramUnderTest program;
+        QVERIFY(program.find<QLabel>("1 layer"));
+        program.delegate().loadProject({192, 8704, {makeScreen(u"a"), makeScreen(u"b")}});
+        program.settle();
+        QVERIFY(program.find<QLabel>("2 layers"));
+        QVERIFY(program.find<QLabel>("Output 8704 × 192 px"));
+        using Limits = std::numeric_limits<std::int32_t>;
+        const std::tuple<std::size_t, std::int32_t, std::int32_t, const char*> places[]{
+            {0, 8700, 188, ""}, // touches the corner from inside
+            {0, 8701, 188, "1 layer reaches over the edge"},
+            {0, 8704, 0, "1 layer lies outside"}, // touches it from outside
+            {1, 0, -1, "1 layer lies outside, 1 layer reaches over the edge"},
+            {1, Limits::min(), Limits::max(), "2 layers lie outside"}};
+        for (const auto& [row, x, y, text] : places) {
+            program.item(row).setXpoint(x);
+            program.item(row).setYpoint(y);
+            program.settle();
+            QVERIFY2(program.find<QLabel>(text), text);
+        }
+        program.item(0).setVisible(false);
+        program.settle();
+        QVERIFY(program.find<QLabel>("1 layer lies outside"));
+    }
+
+    void filesAreDropped()
+    {
+        ProgramUnderTest program;
+        program.panels.answer = program.location("a wall.mpr");
+        program.delegate().saveProject();
+        program.item().setLabel(makeString(u"changed"));
+        QImage(30, 20, QImage::Format_RGB32).save(program.path("logo #1.png"));
+        QVERIFY(QFile(program.path("notes.txt")).open(QIODevice::WriteOnly));
+        const auto drop = [&](const QList<QUrl>& urls) {
+            QMimeData data;
+            if (!urls.isEmpty())
+                data.setUrls(urls);
+            QDragEnterEvent enter({5, 5}, Qt::CopyAction | Qt::MoveAction, &data, Qt::LeftButton, Qt::NoModifier);
+            enter.ignore();
+            QCoreApplication::sendEvent(&program.window(), &enter);
+            QDropEvent event({5, 5}, Qt::CopyAction | Qt::MoveAction, &data, Qt::LeftButton, Qt::NoModifier);
+            QCoreApplication::sendEvent(&program.window(), &event);
+            program.settle();
+            return enter.isAccepted() ? program.layers().join(", ") : "refused";
+        };
+        const auto file = [&](const QString& name) { return QUrl::fromLocalFile(program.path(name)); };
+
+        QCOMPARE(drop({}), QString("refused"));
+        QCOMPARE(drop({QUrl("https://example.org/logo.png")}), QString("refused"));
+        QCOMPARE(drop({file("notes.txt")}), QString("changed"));
+        QVERIFY(program.window().statusBar()->currentMessage().contains("notes.txt"));
+        QCOMPARE(drop({file("a wall.mpr"), file("logo #1.png")}), QString("Layer 0, "));
+        const auto* still = dynamic_cast<GXStill*>(&program.item(1)); // below the first row, as the Add sheet's
+        QCOMPARE(fileName(still->ImageURL()), QString("logo #1.png"));
+        QVERIFY(program.panels.alerts.empty());
+    }
+
+    void theTitleNamesTheProject()
+    {
+        ProgramUnderTest program;
+        program.application.keepRecovery(program.path("recovery"));
+        const auto title = [&] {
+            return program.window().windowTitle() + (program.window().isWindowModified() ? "+" : "");
+        };
+        QString proposed;
+        connect(&program.window(), &MainWindow::panelAhead, this, [&](auto& purpose) { proposed = purpose.name; });
+        QCOMPARE(title(), QString("Wallgrid"));
+        program.panels.answer = program.location("stage");
+        program.delegate().saveProject();
+        QCOMPARE(title(), QString("stage.mpr[*]"));
+        program.trigger("Du&plicate");
+        QCOMPARE(title(), QString("stage.mpr[*]+"));
+        QCOMPARE(program.layers().size(), 2);
+        QVERIFY(&program.item(0) != &program.item(1));
+        program.window().open(program.location("gone.mpr")->absoluteString());
+        QFile::copy(program.path("stage.mpr"), program.path("empty.mpr"));
+        QVERIFY(QFile(program.path("empty.mpr")).resize(0));
+        program.window().open(program.location("empty.mpr")->absoluteString());
+        QCOMPARE(title(), QString("stage.mpr[*]+"));
+        QFile::copy(program.path("stage.mpr"), program.path("other.mpr"));
+        program.window().open(program.location("other.mpr")->absoluteString());
+        QCOMPARE(title(), QString("other.mpr[*]"));
+        program.trigger("&Export PNG…");
+        QCOMPARE(proposed, QString("other"));
+
+        // The file belongs to the state that the history goes back to.
+        const auto expect = [&](const char* expected) {
+            program.settle();
+            QCOMPARE(title(), QString(expected));
+            program.panels.answer = nullptr;
+            program.trigger("&Save Project…");
+            QCOMPARE(proposed, title().section('.', 0, 0));
+        };
+        UndoHistory& history = program.application.history();
+        history.undo();
+        expect("stage.mpr[*]+");
+        history.undo();
+        expect("stage.mpr[*]");
+        history.redo();
+        history.redo();
+        expect("other.mpr[*]");
+        program.panels.answer = program.location("stage");
+        program.delegate().saveProject();
+        expect("stage.mpr[*]");
+        history.undo();
+        expect("stage.mpr[*]+"); // as it is no longer in that file
+        program.panels.answer = program.location("other.mpr");
+        program.delegate().openProject();
+        expect("other.mpr[*]");
+        program.item().setXpoint(9);
+        expect("other.mpr[*]+");
+        program.panels.answer = program.location("other.mpr");
+        program.delegate().saveProject();
+        expect("other.mpr[*]");
+        history.undo();
+        expect("other.mpr[*]+");
+        history.undo();
+        expect("stage.mpr[*]+");
+    }
+
+    void copiesOfAStillHaveTheirOwnSize()
+    {
+        ProgramUnderTest program;
+        QImage(40, 30, QImage::Format_RGB32).save(program.path("logo.png"));
+        program.delegate().addImageAt(program.location("logo.png"));
+        const ImageRef image = program.item(1).thumbnail();
+        const Size size = image->size();
+        program.trigger("Du&plicate");
+        program.item(1).setPanelWidth(90);
+        program.settle();
+        QVERIFY(program.item(1).thumbnail()->size() != size);
+        QVERIFY(program.item(2).thumbnail() == image && image->size() == size);
+    }
+
+    void whatCoversMuchIsOpenedAgain()
+    {
+        ProgramUnderTest program;
+        QImage(1, 1, QImage::Format_RGB32).save(program.path("dot.png"));
+        ItemArray items;
+        for (int i = 0; i < 6; ++i) {
+            program.delegate().addImageAt(program.location("dot.png"));
+            program.item(1).setPanelWidth(30000);
+            program.item(1).setPanelHeight(30000);
+            program.item(1).drawInRect();
+            items.push_back(program.delegate().arraycontroller().arrangedObjects()[1]);
+        }
+        QVERIFY(readProject(writeProject({30000, 30000, items})));
+        items.assign(7, items[0]); // which the window cannot make
+        QVERIFY(!readProject(writeProject({30000, 30000, items})));
+    }
+
+    void equalNamesAreNumberedWhenTheUserWants()
+    {
+        ProgramUnderTest program;
+        QtPanels panels;
+        QString offered;
+        bool wanted = false;
+        connect(&program.window(), &MainWindow::panelAhead, this, [&](const PanelPurpose& purpose) {
+            offered = purpose.option.text;
+            panels.prepare(purpose);
+            whenAsked<QFileDialog>([&](QFileDialog& dialog) {
+                if (auto* box = dialog.findChild<QCheckBox*>())
+                    box->setChecked(wanted);
+                acceptFile(dialog, program.path("wall.psd")); // not wall.psd.psd
+            });
+            program.panels.answer = panels.runSavePanel();
+        });
+        const auto numbered = [&] {
+            QFile file(program.path("wall.psd"));
+            file.remove();
+            program.trigger("Export &Layered PSD…");
+            return file.open(QIODevice::ReadOnly) ? int(file.readAll().count("Layer 0 2")) : -1;
+        };
+        QCOMPARE(numbered(), 0);
+        QCOMPARE(offered, QString());
+        program.insert(makeScreen(u"Layer 0"));
+        QCOMPARE(numbered(), 0);
+        wanted = true;
+        QCOMPARE(numbered(), 1);
+    }
+
+    void theOutputWindowComesAndGoes()
+    {
+        ProgramUnderTest program;
+        QWidget& output = program.application.outputWindow();
+        program.trigger("&Output Window");
+        QVERIFY(output.isVisible());
+        output.close();
+        QVERIFY(!program.action("&Output Window")->isChecked());
+        program.trigger("&Output Window");
+        program.window().close();
+        QVERIFY(!output.isVisible());
+    }
+
+    void recentDocumentsAreKeptNewestFirst()
+    {
+        const ProgramUnderTest program;
+        const QString file = program.path("state/recent.ini");
+        {
+            QtRecentDocuments recent(file);
+            for (const char* name : {"0", "1", "2", "3", "4", "5", "6", "7", "8", "9", "a", "b", "5"}) {
+                QVERIFY(QFile(program.path(name)).open(QFile::WriteOnly));
+                recent.noteNewRecentDocument(program.location(name));
+            }
+            recent.noteNewRecentDocument(program.location("c")); // its saving has failed
+        }
+        const QString folder = "file://" + program.path("");
+        QCOMPARE(QtRecentDocuments(file).locations().join("").remove(folder), QString("/5/b/a/9/8/7/6/4/3/2"));
+    }
+
+    void alertsShowTheirTextAsItIs()
+    {
+        QtPanels panels;
+        whenAsked<QMessageBox>([](QMessageBox& alert) {
+            QCOMPARE(alert.text() + alert.informativeText(), QString("No <File> Found: File Not Found"));
+            QCOMPARE(alert.textFormat(), Qt::PlainText);
+            alert.buttons().constFirst()->click();
+        });
+        panels.runAlert("No <File> Found: ", "File Not Found");
+    }
+
+    void longWorkIsCancelled()
+    {
+        whenAsked<QProgressDialog>([](QProgressDialog& dialog) { dialog.cancel(); });
+        const QDeadlineTimer patience(20'000);
+        QtProgress().run(LongWork::ExportPSD, [&](const Report& report) {
+            while (!patience.hasExpired() && report(0.5)) {
+            }
+        });
+        QVERIFY(!patience.hasExpired());
+    }
+
+    void savingAsksBeforeItReplacesTheFileThatIsWritten()
+    {
+        const QTemporaryDir folder;
+        for (const char* name : {"wall.mpr", "wall.txt"})
+            QVERIFY(QFile(folder.filePath(name)).open(QIODevice::WriteOnly));
+        QtPanels panels;
+        const auto choose = [&](const QString& name, std::optional<QMessageBox::StandardButton> answer = {}) {
+            whenAsked<QFileDialog>([&, name, answer](QFileDialog& dialog) {
+                if (answer) {
+                    whenAsked<QMessageBox>([answer = *answer](QMessageBox& question) {
+                        QVERIFY(question.text().contains("wall."));
+                        if (answer == QMessageBox::No)
+                            whenAsked<QFileDialog>([](QFileDialog& again) { again.reject(); });
+                        question.button(answer)->click();
+                    });
+                }
+                acceptFile(dialog, name);
+            });
+        };
+        const auto save = [&] {
+            panels.prepare({"Save", "Projects (*.mpr)", "mpr"});
+            return fileName(panels.runSavePanel());
+        };
+        choose(folder.filePath("wall.txt")); // will be wall.txt.mpr
+        QCOMPARE(save(), QString("wall.txt"));
+        choose(folder.filePath("wall"), QMessageBox::No);
+        QCOMPARE(save(), QString());
+        choose("wall.mpr", QMessageBox::Yes); // in the folder of the last time
+        QCOMPARE(save(), QString("wall.mpr"));
+
+        QFile(folder.filePath("wall.PSD")).open(QIODevice::WriteOnly);
+        choose("wall.PSD", QMessageBox::Yes);
+        panels.prepare({"Export", "Photoshop documents (*.psd)", "psd", true});
+        QCOMPARE(fileName(panels.runSavePanel()), QString("wall.PSD"));
+    }
+
+    void textsAreLegible()
+    {
+        constexpr std::pair<QPalette::ColorRole, QPalette::ColorRole> kPairs[]{
+            {QPalette::WindowText, QPalette::Window},       {QPalette::Text, QPalette::Base},
+            {QPalette::Text, QPalette::AlternateBase},      {QPalette::PlaceholderText, QPalette::Base},
+            {QPalette::ButtonText, QPalette::Button},       {QPalette::HighlightedText, QPalette::Highlight},
+            {QPalette::ToolTipText, QPalette::ToolTipBase}, {QPalette::Link, QPalette::Window},
+            {QPalette::LinkVisited, QPalette::Window}};
+        for (const Appearance appearance : {Appearance::Dark, Appearance::Light}) {
+            applyTheme(*qApp, appearance);
+            QCOMPARE(desktopAppearance(), appearance);
+            for (const auto group : {QPalette::Active, QPalette::Inactive}) {
+                for (const auto& [text, ground] : kPairs) {
+                    const double one = luminance(qApp->palette().color(group, text));
+                    const double other = luminance(qApp->palette().color(group, ground));
+                    QVERIFY2((std::max(one, other) + 0.05) / (std::min(one, other) + 0.05) >= 4.5,
+                             qPrintable(QString("%1 on %2").arg(text).arg(ground)));
+                }
+            }
+        }
+    }
+
+    void theAppearanceIsRememberedAndTakesEffectAtOnce()
+    {
+        applyTheme(*qApp, Appearance::Light);
+        ProgramUnderTest program;
+        QSettings memory(program.path("window.ini"), QSettings::IniFormat);
+        AppearanceAction action(*qApp, memory);
+        QVERIFY(!action.isChecked()); // as the desktop is
+        const auto iconLuminance = [&] {
+            const QIcon icon = program.find<QToolButton>("Align: CENTER")->icon();
+            return luminance(icon.pixmap(20, 16).toImage().pixelColor(0, 0));
+        };
+        QVERIFY(iconLuminance() < 0.2);
+        action.trigger();
+        program.settle();
+        QVERIFY(luminance(program.window().palette().color(QPalette::Window)) < 0.2);
+        QVERIFY(iconLuminance() > 0.5);
+        applyTheme(*qApp, Appearance::Light);
+        QVERIFY(AppearanceAction(*qApp, memory).isChecked());
+        QCOMPARE(desktopAppearance(), Appearance::Dark);
+    }
+};
+
+QTEST_MAIN(WindowTest)
+#include "window_test.moc"
