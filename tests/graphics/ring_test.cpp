@@ -48,8 +48,10 @@ TEST(Ring, CoversTheTrueAreaOfEachPixel)
                 const double radius = static_cast<double>(diameter) / 2;
                 const double half = static_cast<double>(std::max<std::int64_t>(lineWidth, 1)) / 2;
                 for (int i = 0; i < 24 * 16; ++i) {
-                    const double left = static_cast<double>(i % 24 - x) - radius;
-                    const double bottom = static_cast<double>(15 - i / 24 - y) - radius;
+                    const std::int64_t column = i % 24;
+                    const std::int64_t row = 15 - i / 24;
+                    const double left = static_cast<double>(column - x) - radius;
+                    const double bottom = static_cast<double>(row - y) - radius;
                     const double area = covered(left, bottom, radius + half) - covered(left, bottom, radius - half);
                     ASSERT_NEAR(bitmap->pixels()[i].a, 255 * area, 0.55)
                         << diameter << " wide at " << x << ", " << y << ", line " << lineWidth << ", pixel " << i;

@@ -188,7 +188,7 @@ private slots:
         auto still = GXStill::initWithimage(nullptr);
         still->setImageURL(program.location("still.png"));
         program.insert(still);
-        for (const std::size_t row : {0, 1}) {
+        for (const std::size_t row : {0U, 1U}) {
             program.delegate().arraycontroller().setSelectionIndex(row);
             program.settle();
             QVERIFY(program.find<NumberField>(row == 0 ? "Width" : "COLS")->isVisible());
