@@ -46,9 +46,9 @@ private:
 
     void add(const Curve& curve, bool curved)
     {
-        const auto [left, right] = std::ranges::minmax(curve, {}, &QPointF::x);
-        const auto [top, bottom] = std::ranges::minmax(curve, {}, &QPointF::y);
-        const QRectF hull(QPointF(left.x(), top.y()), QPointF(right.x(), bottom.y()));
+        const auto [left, right] = std::ranges::minmax_element(curve, {}, &QPointF::x);
+        const auto [top, bottom] = std::ranges::minmax_element(curve, {}, &QPointF::y);
+        const QRectF hull(QPointF(left->x(), top->y()), QPointF(right->x(), bottom->y()));
         const bool inside = std::ranges::all_of(curve, [&](QPointF point) { return nearest(point) == point; });
         const bool beside = hull.right() < m_box.left() || hull.left() > m_box.right() || hull.bottom() < m_box.top() ||
                             hull.top() > m_box.bottom();
