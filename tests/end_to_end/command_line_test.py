@@ -1,15 +1,21 @@
 # SPDX-License-Identifier: MIT
 """Runs the built program as a script would and compares files, output and exit codes."""
 
+import ctypes
 import json
 import os
+import pathlib
 import random
 import resource
 import unittest
 
-import png
+import numpy
+from psd_tools import PSDImage
+
 from composition import Screen, Still, compose
-from program import ProgramTest, project
+from program import ProgramTest, pixels_of, project
+
+EXAMPLE = pathlib.Path(__file__).parents[2] / "docs" / "examples" / "stage.mpr"
 
 
 class CommandLine(ProgramTest):
@@ -17,59 +23,50 @@ class CommandLine(ProgramTest):
         result = self.run_program(*words, **more)
         self.assertEqual((result.returncode, result.stdout or b"", result.stderr.decode()), (code, b"", error))
 
-    def assertSamePicture(self, data, width, height, expected):
-        actual_width, actual_height, pixels, chunks = png.read(data)
-        self.assertEqual((actual_width, actual_height), (width, height))
-        self.assertEqual((chunks[0], chunks[-1], set(chunks[1:-1])), ("IHDR", "IEND", {"IDAT"}))
-        wrong = [i for i, (a, b) in enumerate(zip(pixels, expected)) if a != b]
-        self.assertFalse(wrong, wrong and f"{len(wrong)} pixels, first at ({wrong[0] % width}, {wrong[0] // width}): "
-                                          f"{pixels[wrong[0]]}, not {expected[wrong[0]]}")
-
-    def export(self, width, height, items):
-        (self.folder / "wall.mpr").write_bytes(project(width, height, items))
-        result = self.run_program("export", "wall.mpr", "--png", "wall.png")
-        self.assertEqual((result.returncode, result.stdout, result.stderr), (0, b"", b""))
-        return (self.folder / "wall.png").read_bytes()
+    def export(self, *words, **variables):
+        result = self.run_program("export", *words, **variables)
+        self.assertEqual((result.returncode, result.stderr), (0, b""))
+        return result.stdout
 
     def test_composition_of_random_documents(self):
         choose = random.Random(20260)
-        pixels, path = self.logo(13, 11, 2)
+        pixels, path = self.logo(13, 11)
         for _ in range(12):
             width, height = choose.randint(1, 70), choose.randint(1, 50)
             color = lambda: choose.choice([None, (1, 0, 0), tuple(choose.random() for _ in range(4))])
             place = lambda: (choose.randint(-20, width), choose.randint(-20, height))
-            items = [Still(13, 11, pixels, path, *place(), visible=choose.random() > .2) if choose.random() < .3 else
+            items = [Still(pixels, path, *place(), visible=choose.random() > .2) if choose.random() < .3 else
                      Screen(choose.randint(1, 5), choose.randint(1, 5), choose.randint(1, 15), choose.randint(1, 15),
                             *place(), fill=color(), frame=color(), frame_width=choose.randint(0, 8),
                             visible=choose.random() > .2)
                      for _ in range(choose.randint(0, 9))]
-            self.assertSamePicture(self.export(width, height, items), width, height, compose(width, height, items))
+            (self.folder / "wall.mpr").write_bytes(project(width, height, items))
+            self.assertSamePixels(pixels_of(self.export("wall.mpr", "--png", "-")), compose(width, height, items))
 
-    def test_launch_document_goes_to_standard_output(self):
-        result = self.run_program("export", "--png", "-")
-        self.assertEqual((result.returncode, result.stderr), (0, b""))
+    def test_launch_document_and_example(self):
         item = Screen(4, 4, 78, 78, 0, 0, fill=(1, 0, 0), frame=(1, 1, 1))
-        self.assertSamePicture(result.stdout, 1920, 1080, compose(1920, 1080, [item]))
+        self.assertSamePixels(pixels_of(self.export("--png", "-")), compose(1920, 1080, [item]))
+        names = [item["name"] for item in json.loads(self.run_program("info", "--json", EXAMPLE).stdout)["items"]]
+        picture = pixels_of(self.export(EXAMPLE, "--png", "-", "--psd", "stage.psd"))
+        layers = PSDImage.open(self.folder / "stage.psd")
+        self.assertEqual([layer.name for layer in reversed(layers)], names)
+        self.assertGreater(len(numpy.unique(picture.view(numpy.uint32))), 4)
 
     def test_texts_are_drawn_on_a_machine_without_fonts(self):
         (self.folder / "text.mpr").write_bytes(project(200, 60, [
             Screen(1, 1, 200, 60, 0, 0, fontenable=True, screenfontsize=30)]))
         (self.folder / "fonts.conf").write_text("<?xml version='1.0'?><fontconfig></fontconfig>")
         for variables in ({}, {"FONTCONFIG_FILE": str(self.folder / "fonts.conf")}):
-            result = self.run_program("export", "text.mpr", "--png", "-", **variables)
-            self.assertEqual((result.returncode, result.stderr), (0, b""))
-            width, height, pixels, _ = png.read(result.stdout)
-            ink = [(i % width, i // width) for i, pixel in enumerate(pixels) if pixel == (255, 255, 255, 255)]
-            self.assertGreater(len(ink), 100, variables)
-            self.assertLess(max(x for x, y in ink), 190)
-            self.assertGreaterEqual(min(x for x, y in ink), 4)
-            self.assertGreaterEqual(min(y for x, y in ink), 60 - 4 - 40)
-            self.assertLess(max(y for x, y in ink), 60 - 4 - 4, "the baseline lies above the line box's edge")
+            picture = pixels_of(self.export("text.mpr", "--png", "-", **variables))
+            y, x = numpy.nonzero((picture == 255).all(2))
+            self.assertGreater(len(x), 100, variables)
+            self.assertTrue(x.min() >= 4 and x.max() < 190 and y.min() >= 60 - 4 - 40, variables)
+            self.assertLess(y.max(), 60 - 4 - 4, "the baseline lies above the line box's edge")
 
     def test_info(self):
-        pixels, path = self.logo(17, 9, 3)
-        items = [Screen(3, 2, 7, 5, -4, 3), Still(17, 9, pixels, path, 2, 1, visible=False),
-                 Still(5, 6, pixels, self.folder / "gone away.png", 0, 0)]
+        pixels, path = self.logo(17, 9)
+        items = [Screen(3, 2, 7, 5, -4, 3), Still(pixels, path, 2, 1, visible=False),
+                 Still(pixels[:6, :5], self.folder / "gone away.png", 0, 0)]
         names = ["Wand \N{EM DASH} \N{FACE WITH TEARS OF JOY}", "logo\x1b[2J", "x" * 999 + "\U0001f600y"]
         (self.folder / "wall.mpr").write_bytes(project(1920, 1080, items, names))
         result = self.run_program("info", "wall.mpr")
@@ -93,12 +90,12 @@ Missing image files:
                  "image": str(self.folder / "gone away.png"), "imageMissing": True}]})
 
     def test_failures_name_the_file_and_the_reason(self):
-        target = self.folder / "kept.png"
-        target.write_bytes(b"precious")
+        for name in "kept.png", "kept.psd":
+            (self.folder / name).write_bytes(b"precious")
         (self.folder / "notes.txt").write_text("no archive")
         (self.folder / "empty.mpr").write_bytes(project(0, 1080, []))
         os.mkfifo(self.folder / "pipe")
-        png = ["--png", target]
+        png = ["--png", "kept.png"]
         usage = "; see wallgrid --help"
         for code, words, reason in [
                 (1, ["export", "gone.mpr", *png], "gone.mpr: No such file or directory"),
@@ -116,13 +113,21 @@ Missing image files:
                 (2, ["export", "--jpeg", "x"], f"The following argument was not expected: --jpeg{usage}")]:
             with self.subTest(words=words):
                 self.assertFails(code, words, f"wallgrid: {reason}\n")
-        # A device that is full after 1000 bytes of a picture of twelve thousand.
-        self.assertFails(1, ["export", *png], f"wallgrid: {target}: File too large\n",
-                         prepare=lambda: resource.setrlimit(resource.RLIMIT_FSIZE, (1000, 1000)))
-        with open("/dev/full", "wb") as full:
-            self.assertFails(1, ["export", "--png", "-"], "wallgrid: -: standard output cannot be written\n", output=full)
-        self.assertEqual(target.read_bytes(), b"precious")
-        self.assertEqual(sorted(os.listdir(self.folder)), ["empty.mpr", "kept.png", "notes.txt", "pipe"])
+        # A device that is full after 1000 bytes of a larger file, and a folder that nobody may write to.
+        small = dict(prepare=lambda: resource.setrlimit(resource.RLIMIT_FSIZE, (1000, 1000)))
+        drop_right_to_write_anywhere = dict(prepare=lambda: ctypes.CDLL(None).prctl(24, 1, 0, 0, 0))
+        for kind in "png", "psd":
+            kept = f"kept.{kind}"
+            self.assertFails(1, ["export", f"--{kind}", kept], f"wallgrid: {kept}: File too large\n", **small)
+            self.folder.chmod(0o555)
+            self.assertFails(1, ["export", f"--{kind}", kept], f"wallgrid: {kept}: Permission denied\n",
+                             **drop_right_to_write_anywhere)
+            self.folder.chmod(0o755)
+            with open("/dev/full", "wb") as full:
+                self.assertFails(1, ["export", f"--{kind}", "-"], "wallgrid: -: standard output cannot be written\n",
+                                 output=full)
+            self.assertEqual((self.folder / kept).read_bytes(), b"precious")
+        self.assertEqual(sorted(os.listdir(self.folder)), ["empty.mpr", "kept.png", "kept.psd", "notes.txt", "pipe"])
 
     def test_help_and_version(self):
         self.assertRegex(self.run_program("--version").stdout.decode(), r"\Awallgrid \d+\.\d+\.\d+\n\Z")

@@ -1,32 +1,31 @@
 # SPDX-License-Identifier: MIT
-"""The rules of composition, written down a second time, pixel by pixel and with exact fractions."""
+"""The rules of composition, written down a second time with exact numbers. Pictures are rows of columns of RGBA."""
 
 import pathlib
 from fractions import Fraction
-from functools import cache
 from math import floor
+
+import numpy
 
 from raw_archive import LINK_CLASS, SCREEN_CLASS, STILL_CLASS
 
 
-def nearest(value):
-    return floor(value + Fraction(1, 2))
-
-
-@cache
 def sample(color):
     """(r, g, b) or (r, g, b, a) of 0 to 1, in the ten digits that files hold, as a premultiplied 8-bit pixel."""
     r, g, b, a = (Fraction(f"{c:.10g}") for c in (*color, 1)[:4])
-    return tuple(nearest(255 * c) for c in (r * a, g * a, b * a, a))
+    return [floor(255 * c + Fraction(1, 2)) for c in (r * a, g * a, b * a, a)]
 
 
 def nearest_quotient(a, b):
     return (2 * a + b) // (2 * b)
 
 
-def premultiplied(pixel):
-    *color, a = pixel
-    return tuple(nearest_quotient(c * a, 255) for c in color) + (a,)
+def blend(raster, picture, x, y):
+    """Puts a premultiplied picture over a raster, its upper left corner there."""
+    height, width = picture.shape[:2]
+    below = raster[max(y, 0):max(y + height, 0), max(x, 0):max(x + width, 0)]
+    above = picture[max(-y, 0):, max(-x, 0):][:below.shape[0], :below.shape[1]]
+    below[:] = above + nearest_quotient(below * (255 - above[..., 3:]), 255)
 
 
 class Screen:
@@ -37,12 +36,14 @@ class Screen:
         self.visible, self.more = visible, more
         self.width, self.height = col * panel_width, row * panel_height
 
-    def pixel(self, x, y):
-        px, py = x % self.panel_width, y % self.panel_height
-        inset = min(px, py, self.panel_width - 1 - px, self.panel_height - 1 - py)
-        if self.frame and inset < self.frame_width:
-            return sample(self.frame)
-        return sample(self.fill) if self.fill else (0, 0, 0, 0)
+    def picture(self):
+        panel = numpy.full((self.panel_height, self.panel_width, 4), sample(self.fill) if self.fill else 0)
+        if self.frame:
+            inner = tuple(slice(self.frame_width, side - self.frame_width) for side in panel.shape[:2])
+            filled = panel[inner].copy()
+            panel[:] = sample(self.frame)
+            panel[inner] = filled
+        return numpy.tile(panel, (self.row, self.col, 1))
 
     def archive(self, project, label):
         return project.item(SCREEN_CLASS, **{
@@ -55,12 +56,15 @@ class Screen:
 
 
 class Still:
-    def __init__(self, width, height, pixels, path, x, y, visible=True):
-        self.width, self.height, self.pixels, self.path = width, height, pixels, path
-        self.x, self.y, self.visible = x, y, visible
+    """Its pixels are not premultiplied."""
 
-    def pixel(self, x, y):
-        return premultiplied(self.pixels[y * self.width + x])
+    def __init__(self, pixels, path, x, y, visible=True):
+        self.pixels, self.path, self.x, self.y, self.visible = pixels, path, x, y, visible
+        self.height, self.width = pixels.shape[:2]
+
+    def picture(self):
+        alpha = self.pixels[..., 3:]
+        return numpy.concatenate([nearest_quotient(self.pixels[..., :3] * alpha, 255), alpha], 2)
 
     def archive(self, project, label):
         location = str(self.path) if "://" in str(self.path) else pathlib.Path(self.path).as_uri()
@@ -72,16 +76,9 @@ class Still:
 
 
 def compose(width, height, items, ground=(0, 0, 0, 255)):
-    """The ground, with the items over it, the first on top; RGBA, row by row."""
-    raster = [ground] * (width * height)
+    """The ground, with the items over it, the first on top."""
+    raster = numpy.full((height, width, 4), ground)
     for item in reversed(items):
-        if not item.visible:
-            continue
-        for y in range(item.height):
-            for x in range(item.width):
-                left, top = item.x + x, item.y + y
-                if 0 <= left < width and 0 <= top < height:
-                    source, below = item.pixel(x, y), raster[top * width + left]
-                    raster[top * width + left] = tuple(
-                        s + nearest_quotient(d * (255 - source[3]), 255) for s, d in zip(source, below))
+        if item.visible:
+            blend(raster, item.picture(), item.x, item.y)
     return raster

@@ -1,14 +1,16 @@
 # SPDX-License-Identifier: MIT
 """Runs the built program in a folder of its own. WALLGRID_PROGRAM names another program than the one of this build."""
 
+import io
 import os
 import pathlib
-import random
 import subprocess
 import tempfile
 import unittest
 
-import png
+import numpy
+from PIL import Image
+
 from raw_archive import Project
 
 WALLGRID = os.environ.get("WALLGRID_PROGRAM") or os.environ["WALLGRID_BUILT"]
@@ -19,6 +21,13 @@ def project(width, height, items, names=None):
     p.size(width, height)
     p.items(*(item.archive(p, names[i] if names else f"Item {i}") for i, item in enumerate(items)))
     return p.file()
+
+
+def pixels_of(png):
+    """Of the bytes of a PNG file with 8-bit RGBA: rows of columns of samples."""
+    with Image.open(io.BytesIO(png), formats=["png"]) as image:
+        assert image.mode == "RGBA", image.mode
+        return numpy.array(image)
 
 
 class ProgramTest(unittest.TestCase):
@@ -33,10 +42,20 @@ class ProgramTest(unittest.TestCase):
         return subprocess.run([WALLGRID, *map(str, words)], stdout=output, stderr=subprocess.PIPE, cwd=self.folder,
                               env=environment | variables, preexec_fn=prepare, timeout=120)
 
-    def logo(self, width, height, seed):
-        choose = random.Random(seed)
-        pixels = [tuple(choose.randrange(256) for _ in range(3)) + (choose.choice((0, 1, 90, 128, 254, 255)),)
-                  for _ in range(width * height)]
-        path = self.folder / f"logo{seed}.png"
-        png.write(path, width, height, pixels)
-        return pixels, path
+    def write_picture(self, pixels, name):
+        """Writes them to a file; gives both."""
+        Image.fromarray(pixels.astype(numpy.uint8)).save(self.folder / name)
+        return pixels.astype(int), self.folder / name
+
+    def logo(self, width, height):
+        choose = numpy.random.default_rng(width)
+        color = choose.integers(0, 256, (height, width, 3))
+        return self.write_picture(numpy.dstack([color, choose.choice((0, 1, 90, 128, 254, 255), (height, width))]), "logo.png")
+
+    def assertSamePixels(self, actual, expected):
+        """A reader may add an alpha that is 255 everywhere."""
+        channels = expected.shape[2]
+        self.assertEqual((actual.shape[:2], set(actual[..., channels:].ravel()) - {255}), (expected.shape[:2], set()))
+        wrong = numpy.argwhere((actual[..., :channels] != expected).any(2))
+        self.assertFalse(len(wrong), len(wrong) and f"{len(wrong)} pixels, first in row and column {wrong[0]}: "
+                                                    f"{actual[tuple(wrong[0])]}, not {expected[tuple(wrong[0])]}")

@@ -17,7 +17,6 @@ import session_test
 from composition import Still
 from program import WALLGRID, project
 from system_calls import Calls, watched
-from window import xdotool
 
 # The sockets of a desktop, beside the session bus: the X server's, and the name service's of the C library.
 SOCKETS = re.compile(r"/tmp/\.X11-unix/X\d+|/var/run/nscd/socket")
@@ -82,20 +81,14 @@ class Reach(session_test.Session):
         self.judge(calls)
         self.assertIn(str(self.bus), calls.sockets)
 
-    def test_files_dropped_from_another_program(self):
-        super().test_files_dropped_from_another_program()
-        xdotool("key", "ctrl+q")
-        self.assertEqual(self.program.wait(40), 0)
-        self.judge(self.calls_of("window", self.program.pid))
-
     def test_command_line_with_locations_of_every_kind(self):
-        pixels, image = self.logo(8, 8, 1)
+        pixels, image = self.logo(8, 8)
         os.mkfifo(self.folder / "pipe")
         (self.folder / "zero").symlink_to("/dev/zero")
         locations = (image, self.folder, self.folder / "pipe", self.folder / "zero", "/dev/tty", "http://127.0.0.1/logo.png",
                      "file://127.0.0.1/logo.png")
         stage = self.folder / "stage.mpr"
-        stage.write_bytes(project(8, 8, [Still(8, 8, pixels, location, 0, 0) for location in locations]))
+        stage.write_bytes(project(8, 8, [Still(pixels, location, 0, 0) for location in locations]))
         for words in (["info"], ["export", "--png", "stage.png"], ["export", "--psd", "stage.psd"]):
             with self.subTest(words):
                 self.targets = {self.folder / name for name in words[2:]}

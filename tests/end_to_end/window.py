@@ -36,11 +36,6 @@ def active_title():
     return xdotool("getactivewindow", "getwindowname", check=False).strip()
 
 
-def is_open(title):
-    """Whether there is a window whose title starts so."""
-    return succeeds("search", "--onlyvisible", "--name", f"^{title}")
-
-
 def grab(width, height, x=0, y=0, window="root"):
     """What is on the displays there, or in that part of a window: rows of columns of red, green and blue."""
     command = ["import", "-silent", "-window", window, "-crop", f"{width}x{height}+{x}+{y}", "-depth", "8", "rgb:-"]

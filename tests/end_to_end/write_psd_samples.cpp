@@ -1,36 +1,22 @@
 // SPDX-License-Identifier: MIT
 //
-// write_psd_samples DESCRIPTION: writes the PSD files that psd_readers_test.py describes in a JSON file, through every
-// part of the writer's interface that the program itself does not use.
+// write_psd_samples FOLDER: writes the PSD files that psd_readers_test.py reads, with what the program itself does not
+// use of the writer.
 #include "base/file.h"
 #include "psd/kp_psd_writer.h"
 
-#include <iostream>
-#include <nlohmann/json.hpp>
-#include <stdexcept>
-#include <vector>
+#include <string>
 
 using namespace wallgrid;
-using Json = nlohmann::json;
 
 namespace {
 
-StringRef string(const Json& units)
-{
-    const auto text = units.get<std::vector<char16_t>>();
-    return makeString({text.begin(), text.end()});
-}
-
-/// Takes the next image's RGBA bytes.
-BitmapRef takeImage(std::span<const std::uint8_t>& bytes, int width, int height)
+/// Opaque; red counts the columns and green the rows.
+BitmapRef gradient(int width, int height)
 {
     const BitmapRef bitmap = Bitmap::create(width, height);
-    for (int y = 0; y < height; ++y) {
-        for (Pixel& pixel : bitmap->row(y)) {
-            pixel = {bytes[3], bytes[0], bytes[1], bytes[2]};
-            bytes = bytes.subspan(4);
-        }
-    }
+    for (int i = 0; i < width * height; ++i)
+        bitmap->pixels()[i] = {255, std::uint8_t(i % width), std::uint8_t(i / width), 7};
     return bitmap;
 }
 
@@ -42,63 +28,39 @@ std::shared_ptr<Effect> enabled()
     return effect;
 }
 
-void enableAllEffects(KPPSDLayer& layer)
+bool save(KPPSDWriter& writer, const std::string& path)
 {
-    layer.setDropShadowEffectLayerInformation(enabled<KPPSDDropShadowEffectLayerInformation>());
-    layer.setInnerShadowEffectLayerInformation(enabled<KPPSDInnerShadowEffectLayerInformation>());
-    layer.setOuterGlowEffectLayerInformation(enabled<KPPSDOuterGlowEffectLayerInformation>());
-    layer.setInnerGlowEffectLayerInformation(enabled<KPPSDInnerGlowEffectLayerInformation>());
-    layer.setBevelEffectLayerInformation(enabled<KPPSDBevelEffectLayerInformation>());
-    layer.setSolidFillEffectLayerInformation(enabled<KPPSDSolidFillEffectLayerInformation>());
-}
-
-void add(KPPSDWriter& writer, const Json& entry, std::span<const std::uint8_t>& images)
-{
-    std::shared_ptr<KPPSDLayer> layer;
-    if (entry["kind"] == "close") {
-        if (!writer.closeCurrentGroupLayer())
-            throw std::runtime_error("no group is open");
-        return;
-    }
-    if (entry["kind"] == "open") {
-        layer = writer.openGroupLayerWithName(string(entry["name"]), entry["opacity"], entry["opened"]);
-    } else {
-        const BitmapRef image = takeImage(images, entry["width"], entry["height"]);
-        layer = writer.addLayerWithCGImage(image, string(entry["name"]), entry["opacity"], {entry["x"], entry["y"]});
-        layer->setBlendMode(entry["mode"]);
-        layer->setShouldFlipLayerData(entry["flip"]);
-        layer->setShouldUnpremultiplyLayerData(entry["divide"]);
-    }
-    if (entry["effects"])
-        enableAllEffects(*layer);
-}
-
-void write(const Json& document)
-{
-    const auto images = readFile(document["images"]).value();
-    std::span<const std::uint8_t> rest = images;
-    const auto writer = KPPSDWriter::initWithDocumentSize(
-        {document["width"], document["height"]}, document["resolution"], document["unit"], document["transparent"], {});
-    writer->setColorProfile(document["profile"]);
-    for (const Json& entry : document["layers"])
-        add(*writer, entry, rest);
-    KPPSDError error;
-    const ByteBuffer file = writer->createPSDDataWithError(&error);
-    if (error)
-        throw std::runtime_error(error.message);
-    if (const auto written = writeFileAtomically(document["file"], file); !written)
-        throw std::runtime_error(written.error().message);
+    return writeFileAtomically(path, writer.createPSDData()).has_value();
 }
 
 } // namespace
 
 int main(int argc, char** argv)
-try {
+{
     if (argc != 2)
         return 2;
-    for (const Json& document : Json::parse(readFile(argv[1]).value()))
-        write(document);
-} catch (const std::exception& exception) {
-    std::cerr << exception.what() << '\n';
-    return 1;
+    const std::string folder = argv[1];
+    const auto groups = KPPSDWriter::initWithDocumentSize({40, 30}, 28.35F, 2);
+    groups->addLayerWithCGImage(gradient(50, 40), makeString(u"ground"), 1, {-5, -5});
+    groups->openGroupLayerWithName(makeString(u"outer"), 0.5F, false)
+        ->setBevelEffectLayerInformation(enabled<KPPSDBevelEffectLayerInformation>());
+    groups->addLayerWithCGImage(gradient(9, 8), makeString(u"Wand ä 😀"), 0.3F, {3, 4});
+    groups->openGroupLayerWithName(makeString(u"inner 壁"), 1, true);
+    const auto flipped = groups->addLayerWithCGImage(gradient(20, 30), makeString(u"flipped"), 1, {30, 20});
+    flipped->setInnerGlowEffectLayerInformation(enabled<KPPSDInnerGlowEffectLayerInformation>());
+    flipped->setShouldFlipLayerData(true);
+    groups->closeCurrentGroupLayer();
+    groups->closeCurrentGroupLayer();
+    groups->openGroupLayerWithName(makeString(std::u16string(300, u'x')));
+    groups->addLayerWithCGImage(gradient(2, 2), makeString(u"left open"));
+
+    bool saved = save(*groups, folder + "/groups.psd");
+    for (const int profile : {1, 2, 3}) {
+        const auto opaque = KPPSDWriter::initWithDocumentSize({40, 30}, false, KPPSDWriter::Layers());
+        opaque->setColorProfile(profile);
+        for (const char* mode : {"norm", "dark", "hue ", "lddg", "lgCl"})
+            opaque->addLayerWithCGImage(gradient(9, 9), makeString(u"layer"), 1, {1, 2})->setBlendMode(mode);
+        saved = saved && save(*opaque, folder + "/" + std::to_string(profile) + ".psd");
+    }
+    return saved ? 0 : 1;
 }

@@ -12,7 +12,6 @@ import pathlib
 import struct
 import zlib
 
-import png
 from raw_archive import *
 
 REFUSED, SAME, OPENED, EITHER = "refused", "same", "opened", "either"
@@ -391,13 +390,20 @@ def crowds():
     yield "100 locations on a base of a megabyte", OPENED, made(relative_locations)
 
 
+def png(width, height, data):
+    """A file around what claims to be the compressed rows of 8-bit RGBA."""
+    chunks = ((b"IHDR", struct.pack(">IIBBBBB", width, height, 8, 6, 0, 0, 0)), (b"IDAT", data), (b"IEND", b""))
+    return b"\x89PNG\r\n\x1a\n" + b"".join(
+        struct.pack(">I", len(body)) + kind + body + struct.pack(">I", zlib.crc32(kind + body)) for kind, body in chunks)
+
+
 def write_images(folder):
     """What the locations below lead to."""
-    (folder / "huge.png").write_bytes(png.wrapped(60000, 60000, zlib.compress(bytes(1000))))
+    (folder / "huge.png").write_bytes(png(60000, 60000, zlib.compress(bytes(1000))))
     (folder / "huge.bmp").write_bytes(b"BM" + struct.pack("<IIIIiiHHIIiiII", 0, 0, 54, 40, 60000, 60000, 1, 32, 0, 0, 0, 0, 0, 0))
-    (folder / "cut.png").write_bytes(png.wrapped(9, 9, zlib.compress(bytes(9 * 37)))[:-30])
+    (folder / "cut.png").write_bytes(png(9, 9, zlib.compress(bytes(9 * 37)))[:-30])
     row = b"\0" + b"\x80\x40\x20\x90" * 2000
-    (folder / "large.png").write_bytes(png.wrapped(2000, 2000, zlib.compress(row * 2000)))
+    (folder / "large.png").write_bytes(png(2000, 2000, zlib.compress(row * 2000)))
     with open(folder / "endless.png", "wb") as file:
         file.truncate(2 ** 40)
 
