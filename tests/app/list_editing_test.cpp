@@ -3,26 +3,20 @@
 #include "app/preset_file.h"
 #include "app/row_drag.h"
 #include "items/gx_still.h"
-#include "list_fixture.h"
+#include "scripted_program.h"
 
 using namespace wallgrid;
 
 namespace {
 
-using ListEditing = ListFixture;
+using ListEditing = ScriptedProgram;
 
 } // namespace
 
 TEST_F(ListEditing, DropsMoveInsideATableAndCopyIntoTheOther)
 {
-    struct Case {
-        ScriptedTable& from;
-        std::set<std::size_t> rows;
-        ScriptedTable& to;
-        std::ptrdiff_t row;
-        const char* layers;
-        const char* presets;
-    };
+    using Case =
+        std::tuple<ScriptedTable&, std::set<std::size_t>, ScriptedTable&, std::ptrdiff_t, const char*, const char*>;
     const Case cases[] = {
         {table, {0}, table, 3, "BCAD", "PQ"},
         {table, {3}, table, 0, "DABC", "PQ"},
@@ -36,12 +30,12 @@ TEST_F(ListEditing, DropsMoveInsideATableAndCopyIntoTheOther)
         {ptable, {2}, table, 0, "ABCD", "PQ"},
         {table, {0}, table, 5, "ABCD", "PQ"},
     };
-    for (const Case& each : cases) {
+    for (const auto& [from, rows, to, row, newLayers, newPresets] : cases) {
+        SCOPED_TRACE(newLayers);
         put("ABCD", "PQ");
         const ItemArray before = allItems();
-        drag(each.from, each.rows, each.to, each.row);
-        EXPECT_EQ(layers(), each.layers) << each.from.name << " to " << each.to.name << " row " << each.row;
-        EXPECT_EQ(presets(), each.presets) << each.from.name << " to " << each.to.name << " row " << each.row;
+        drag(from, rows, to, row);
+        EXPECT_EQ(layers() + presets(), std::string(newLayers) + newPresets);
         const ItemArray after = allItems();
         EXPECT_EQ(std::set(after.begin(), after.end()).size(), after.size()) << "a copy is another object";
         EXPECT_TRUE(std::ranges::all_of(before, [&](auto& item) { return std::ranges::count(after, item) == 1; }));
@@ -100,12 +94,8 @@ TEST_F(ListEditing, GXPresetsReordersItsOwnList)
     controller->setTable(&own);
     controller->awakeFromNib();
     EXPECT_EQ(own.type, kRowDragType);
-    struct Case {
-        std::set<std::size_t> rows;
-        std::ptrdiff_t row;
-        const char* expected;
-    };
-    const Case cases[] = {{{2}, 0, "RPQ"}, {{1}, 2, "PQR"}, {{0}, 3, "QRP"}, {{3}, 0, ""}, {{}, 0, ""}, {{0}, 4, ""}};
+    const std::tuple<std::set<std::size_t>, std::ptrdiff_t, const char*> cases[] = {
+        {{2}, 0, "RPQ"}, {{1}, 2, "PQR"}, {{0}, 3, "QRP"}, {{3}, 0, ""}, {{}, 0, ""}, {{0}, 4, ""}};
     for (const auto& [rows, row, expected] : cases) {
         controller->setPresetScreensArray(std::make_shared<ItemArray>(screens("PQR")));
         own.events.clear();
@@ -116,7 +106,22 @@ TEST_F(ListEditing, GXPresetsReordersItsOwnList)
         EXPECT_EQ(letters(*controller->presetScreensArray()), taken ? expected : "PQR") << "row " << row;
         EXPECT_EQ(own.events, taken ? "count reload " : "") << "row " << row;
     }
-    EXPECT_EQ(delegate.draggedTV(), 0);
+}
+
+TEST_F(ListEditing, ThrottleRendersOnceInATenthOfASecond)
+{
+    runLoop.advance(1);
+    delegate.update();
+    const ImageRef shown = delegate.img();
+    runLoop.advance(0.05);
+    delegate.update();
+    EXPECT_EQ(delegate.img(), shown);
+    EXPECT_TRUE(delegate.hasSkippedUpdate());
+    runLoop.advance(0.0501);
+    EXPECT_EQ(delegate.img(), shown) << "the timer lets the next call render and renders nothing itself";
+    delegate.update();
+    EXPECT_NE(delegate.img(), shown);
+    EXPECT_FALSE(delegate.hasSkippedUpdate());
 }
 
 TEST_F(ListEditing, ObservesNineteenPropertiesOfEveryItem)

@@ -3,7 +3,8 @@
 
 #include "app/preset_file.h"
 #include "items/gx_still.h"
-#include "list_fixture.h"
+#include "png/png_encoder.h"
+#include "scripted_program.h"
 
 #include <random>
 
@@ -11,7 +12,7 @@ using namespace wallgrid;
 
 namespace {
 
-class UndoHistoryTest : public ListFixture {
+class UndoHistoryTest : public ScriptedProgram {
 protected:
     struct Step {
         std::string name;
@@ -91,18 +92,10 @@ protected:
         return {writeProject(delegate.project()), writePresets(*delegate.presetScreensArray()),
                 bytes(delegate.bgColor()), bytes(delegate.edgeColor())};
     }
-    std::vector<Pixel> raster() const
-    {
-        const Bitmap& bitmap = *delegate.offscreenRep();
-        std::vector<Pixel> pixels;
-        for (int y = 0; y < bitmap.height(); ++y)
-            pixels.insert(pixels.end(), bitmap.row(y).begin(), bitmap.row(y).end());
-        return pixels;
-    }
     auto everything()
     {
         compose();
-        return std::tuple(document(), raster(), allItems());
+        return std::tuple(document(), encodePng(*delegate.offscreenRep()).value(), allItems());
     }
     static std::string nameOf(const DocumentChange* change)
     {
@@ -129,7 +122,7 @@ TEST_F(UndoHistoryTest, EveryKindOfChangeIsOneStepThatGoesBackAndForth)
         }
         sideBySide.push_back(GXStill::initWithimage(sideBySide[0]->thumbnail()));
         sideBySide[4]->setYpoint(50);
-        ScriptedDesktop::put(sideBySide);
+        ScriptedProgram::put(sideBySide);
         delegate.setPresetScreensArray(std::make_shared<ItemArray>(screens("XYZ")));
         delegate.arraycontroller().setSelectionIndex(1);
         endTurn(2);
@@ -223,7 +216,6 @@ TEST_F(UndoHistoryTest, TypingAndDraggingAreOneStep)
     };
     typeColumns({1, 19, 192}, 0.6);
     EXPECT_EQ(steps(), 1);
-    EXPECT_EQ(layer(0).col(), 5);
     typeColumns({1, 2}, 1.1);
     EXPECT_EQ(steps(), 2);
     typeColumns({1}, 0.1);
@@ -238,19 +230,11 @@ TEST_F(UndoHistoryTest, TypingAndDraggingAreOneStep)
     }
     EXPECT_EQ(steps(), 2); // switches do not run together
 
-    typeColumns({6}, 0.1);
-    history.undo();
-    history.beginInteraction();
-    history.redo();
-    EXPECT_EQ(layer(0).col(), 5);
-    history.endInteraction();
-    history.redo();
     history.beginInteraction();
     typeColumns({7, 8, 9}, 1.5);
     layer(0).setXpoint(3);
     endTurn();
-    EXPECT_EQ(undoName(), "property col");
-    history.undo();
+    history.undo(); // not within one
     EXPECT_EQ(layer(0).xpoint(), 3);
     history.endInteraction();
     EXPECT_EQ(undoName(), "property ");
@@ -258,7 +242,7 @@ TEST_F(UndoHistoryTest, TypingAndDraggingAreOneStep)
     layer(0).setXpoint(4);
     history.endInteraction();
     layer(0).setXpoint(5);
-    EXPECT_EQ(steps(), 4);
+    EXPECT_EQ(steps(), 3);
 }
 
 TEST_F(UndoHistoryTest, ANewStepEndsWhatCouldBeDoneAgain)

@@ -2,7 +2,7 @@
 //
 // Lets the n-th request for memory fail, for every n of a piece of work: the request alone, and all that follow it as
 // well.
-#include "app/list_fixture.h"
+#include "app/scripted_program.h"
 #include "app/preset_file.h"
 #include "app/undo_history.h"
 #include "cli/command_line.h"
@@ -99,7 +99,7 @@ namespace {
 
 const std::string kOld = "what was there before";
 
-class FailingMemory : public ListFixture {
+class FailingMemory : public ScriptedProgram {
 protected:
     FailingMemory()
     {

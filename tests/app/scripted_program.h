@@ -6,25 +6,49 @@
 #include "desktop/desktop.h"
 #include "items/gx_screen.h"
 
+#include <algorithm>
 #include <filesystem>
 #include <fstream>
 #include <gtest/gtest.h>
 #include <limits>
+#include <set>
 #include <stdlib.h>
 #include <string>
 #include <vector>
 
 namespace wallgrid {
 
-/// A desktop whose user is the test: panels answer what they were told to, everything else is written down.
-class ScriptedDesktop : public testing::Test, Panels, RecentDocuments, Log, Progress {
+struct ScriptedTable : TableView {
+    explicit ScriptedTable(std::string tableName)
+        : name(std::move(tableName))
+    {
+    }
+    std::string identifier() const override { return name; }
+    void setDelegate(TableDelegate* newDelegate) override { delegate = newDelegate; }
+    void registerForDraggedType(std::string_view newType) override { type = newType; }
+    std::optional<std::size_t> selectedRow() override { return selected; }
+    void noteNumberOfRowsChanged() override { events += "count "; }
+    void reloadData() override { events += "reload "; }
+
+    std::string name;
+    TableDelegate* delegate = nullptr;
+    std::string type;
+    std::optional<std::size_t> selected;
+    std::string events;
+};
+
+/// The launched program on a desktop whose user is the test: panels answer what they were told to, everything else is
+/// written down.
+class ScriptedProgram : public testing::Test, Panels, RecentDocuments, Log, Progress {
 protected:
-    ScriptedDesktop()
+    ScriptedProgram()
     {
         std::string pattern = (std::filesystem::temp_directory_path() / "wallgrid-test-XXXXXX").string();
         folder = ::mkdtemp(pattern.data());
+        delegate.connect({nullptr, &table, &ptable, nullptr, nullptr, nullptr});
+        delegate.applicationDidFinishLaunching();
     }
-    ~ScriptedDesktop() override { std::filesystem::remove_all(folder); }
+    ~ScriptedProgram() override { std::filesystem::remove_all(folder); }
 
     std::string path(const std::string& name) const { return (folder / name).string(); }
     UrlRef location(const std::string& name) const
@@ -38,7 +62,6 @@ protected:
     }
     /// The next panel answers with this file of the test's folder.
     void choose(const std::string& name) { answer = location(name); }
-    void cancel() { answer = nullptr; }
 
     static ScreenRef screen(std::u16string label)
     {
@@ -54,6 +77,40 @@ protected:
             text += toUtf8(textOf(item->label())) + "|";
         return text;
     }
+    /// Screens that have one letter for a name.
+    static ItemArray screens(std::string_view letters)
+    {
+        ItemArray items;
+        for (const char letter : letters)
+            items.push_back(screen(std::u16string(1, static_cast<char16_t>(letter))));
+        return items;
+    }
+    void put(std::string_view layerLetters, std::string_view presetLetters)
+    {
+        delegate.setAllScreensArray(std::make_shared<ItemArray>(screens(layerLetters)));
+        delegate.setPresetScreensArray(std::make_shared<ItemArray>(screens(presetLetters)));
+    }
+    static std::string letters(const ItemArray& items)
+    {
+        std::string text = names(items);
+        std::erase(text, '|');
+        return text;
+    }
+    std::string layers() const { return letters(*delegate.allScreensArray()); }
+    std::string presets() const { return letters(*delegate.presetScreensArray()); }
+    ItemArray allItems() const
+    {
+        ItemArray items = *delegate.allScreensArray();
+        items.insert(items.end(), delegate.presetScreensArray()->begin(), delegate.presetScreensArray()->end());
+        return items;
+    }
+    void drag(ScriptedTable& from, const std::set<std::size_t>& rows, ScriptedTable& to, std::ptrdiff_t row)
+    {
+        Pasteboard pasteboard;
+        EXPECT_TRUE(delegate.tableViewWriteRowsWithIndexes(from, rows, pasteboard));
+        EXPECT_TRUE(delegate.tableViewAcceptDrop(to, pasteboard, row, DropOperation::Above));
+    }
+
     /// A pass that the throttle does not hold.
     void compose()
     {
@@ -84,6 +141,8 @@ protected:
     std::vector<std::string> recent;
     std::vector<std::string> logged;
 
+    ScriptedTable table{"mainTView"};
+    ScriptedTable ptable{"presetTView"};
     ManualRunLoop runLoop;
     Files files{*this};
     GXAppDelegate delegate{{runLoop, *this, *this, files, *this, *this}};
