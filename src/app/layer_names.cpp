@@ -4,9 +4,8 @@
 #include "app/new_items.h"
 #include "base/unicode.h"
 
+#include <algorithm>
 #include <string_view>
-#include <unordered_map>
-#include <unordered_set>
 
 namespace wallgrid {
 
@@ -33,6 +32,27 @@ std::u16string startOf(const std::u16string& name)
     if (start.size() < name.size() && isHighSurrogate(start.back()))
         start.pop_back();
     return start + u' ';
+}
+
+/// A name in front of the number that it ends with, and that number.
+struct NumberedName {
+    std::u16string start;
+    std::int64_t number = 1; ///< of a name without one
+    std::size_t digits = 1;  ///< zeros in front included
+};
+
+NumberedName parsed(const std::u16string& name)
+{
+    constexpr std::size_t kMostDigits = 9; // more are no running number
+    std::size_t digits = 0;
+    while (digits < name.size() && name[name.size() - 1 - digits] >= u'0' && name[name.size() - 1 - digits] <= u'9')
+        ++digits;
+    if (digits == 0 || digits > kMostDigits)
+        return {startOf(name)};
+    std::int64_t number = 0;
+    for (const char16_t digit : name.substr(name.size() - digits))
+        number = number * 10 + (digit - u'0');
+    return {name.substr(0, name.size() - digits), number, digits};
 }
 
 } // namespace
@@ -68,6 +88,36 @@ std::vector<StringRef> namesWithNumbers(const ItemArray& items)
         names.push_back(std::move(name));
     }
     return names;
+}
+
+RunningNames::RunningNames(const ItemArray& items)
+{
+    for (const ItemRef& item : items)
+        take(textOf(item->label()));
+}
+
+void RunningNames::take(const std::u16string& name)
+{
+    const NumberedName parts = parsed(name);
+    std::int64_t& highest = m_highest[parts.start];
+    highest = std::max(highest, parts.number);
+    m_taken.insert(name);
+}
+
+StringRef RunningNames::unused(const StringRef& name)
+{
+    if (textOf(name).empty())
+        return name;
+    StringRef result = name;
+    if (m_taken.contains(textOf(name))) {
+        const NumberedName parts = parsed(textOf(name));
+        const std::string number = std::to_string(m_highest.at(parts.start) + 1);
+        std::u16string text = parts.start;
+        text.append(parts.digits - std::min(parts.digits, number.size()), u'0');
+        result = makeString(text.append(number.begin(), number.end()));
+    }
+    take(textOf(result));
+    return result;
 }
 
 } // namespace wallgrid

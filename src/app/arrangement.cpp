@@ -1,0 +1,161 @@
+// SPDX-License-Identifier: MIT
+#include "app/arrangement.h"
+
+#include <algorithm>
+#include <limits>
+
+namespace wallgrid {
+
+namespace {
+
+struct Move {
+    ItemRef item;
+    std::int64_t x;
+    std::int64_t y;
+};
+
+std::int32_t toPosition(std::int64_t value)
+{
+    using Limits = std::numeric_limits<std::int32_t>;
+    return static_cast<std::int32_t>(std::clamp<std::int64_t>(value, Limits::min(), Limits::max()));
+}
+
+/// The controller draws only the first selected layer again by itself.
+void moveAll(GXAppDelegate& delegate, const std::vector<Move>& moves)
+{
+    bool drawn = false;
+    for (const auto& [item, x, y] : moves)
+        drawn |= moveTo(*item, x, y);
+    if (drawn)
+        delegate.update();
+}
+
+/// A layer along one direction.
+struct Span {
+    std::int64_t begin;
+    std::int64_t length;
+};
+
+Span along(const PixelRect& rect, Direction direction)
+{
+    return direction == Direction::Across ? Span{rect.x, rect.width} : Span{rect.y, rect.height};
+}
+
+Move movedTo(const ItemRef& item, Direction direction, std::int64_t begin)
+{
+    return direction == Direction::Across ? Move{item, begin, item->ypoint()} : Move{item, item->xpoint(), begin};
+}
+
+/// Half of a length, downwards, so that the same lengths always meet in the same way.
+std::int64_t half(std::int64_t length)
+{
+    return length >> 1;
+}
+
+} // namespace
+
+ItemArray selectedLayers(const GXAppDelegate& delegate)
+{
+    const auto& layers = delegate.arraycontroller();
+    ItemArray selected;
+    for (const std::size_t row : layers.selectionIndexes())
+        selected.push_back(layers.arrangedObjects()[row]);
+    return selected;
+}
+
+PixelRect placeOf(const GXItem& item)
+{
+    return {item.xpoint(), item.ypoint(), item.screenSizeWidth(), item.screenSizeHeight()};
+}
+
+bool moveTo(GXItem& item, std::int64_t x, std::int64_t y)
+{
+    const bool across = item.xpoint() != toPosition(x);
+    const bool down = item.ypoint() != toPosition(y);
+    if (across)
+        item.setXpoint(toPosition(x));
+    if (down)
+        item.setYpoint(toPosition(y));
+    if ((!across && !down) || !item.XYFontEnable())
+        return false;
+    item.drawInRect();
+    return true;
+}
+
+PixelRect placeAround(const ItemArray& items)
+{
+    PixelRect around;
+    for (const ItemRef& item : items)
+        around = item == items.front() ? placeOf(*item) : united(around, placeOf(*item));
+    return around;
+}
+
+void alignLayers(GXAppDelegate& delegate, Direction direction, Edge edge, const PixelRect& frame)
+{
+    const Span target = along(frame, direction);
+    std::vector<Move> moves;
+    for (const ItemRef& item : selectedLayers(delegate)) {
+        const std::int64_t room = target.length - along(placeOf(*item), direction).length;
+        const std::int64_t distance = edge == Edge::Near ? 0 : edge == Edge::Middle ? half(room) : room;
+        moves.push_back(movedTo(item, direction, target.begin + distance));
+    }
+    moveAll(delegate, moves);
+}
+
+void distributeLayers(GXAppDelegate& delegate, Direction direction)
+{
+    ItemArray items = selectedLayers(delegate);
+    if (items.size() < 3)
+        return;
+    const auto middle = [direction](const ItemRef& item) {
+        const Span span = along(placeOf(*item), direction);
+        return 2 * span.begin + span.length;
+    };
+    std::ranges::stable_sort(items, {}, middle);
+    std::int64_t lengths = 0;
+    for (const ItemRef& item : items)
+        lengths += along(placeOf(*item), direction).length;
+    const Span first = along(placeOf(*items.front()), direction);
+    const Span last = along(placeOf(*items.back()), direction);
+    const auto gaps = static_cast<std::int64_t>(items.size()) - 1;
+    const std::int64_t room = last.begin + last.length - first.begin - lengths;
+    std::int64_t gap = room / gaps;
+    std::int64_t left = room % gaps;
+    if (left < 0) { // layers that overlap do so evenly too
+        --gap;
+        left += gaps;
+    }
+    std::vector<Move> moves;
+    std::int64_t begin = first.begin;
+    for (const ItemRef& item : items) {
+        moves.push_back(movedTo(item, direction, begin));
+        begin += along(placeOf(*item), direction).length + gap + (left-- > 0 ? 1 : 0);
+    }
+    moveAll(delegate, moves);
+}
+
+void placeInRows(GXAppDelegate& delegate, const Rows& rows)
+{
+    const ItemArray items = selectedLayers(delegate);
+    if (items.empty() || rows.perRow == 0)
+        return;
+    const PixelRect first = placeOf(*items.front());
+    std::vector<Move> moves;
+    std::int64_t x = first.x;
+    std::int64_t y = first.y;
+    std::int64_t tallest = 0;
+    for (std::size_t i = 0; i < items.size(); ++i) {
+        if (i > 0 && i % rows.perRow == 0) {
+            x = first.x;
+            y += tallest + rows.gapDown;
+            tallest = 0;
+        }
+        const PixelRect place = placeOf(*items[i]);
+        moves.push_back({items[i], x, y});
+        x += place.width + rows.gapAcross;
+        tallest = std::max(tallest, place.height);
+    }
+    moveAll(delegate, moves);
+}
+
+} // namespace wallgrid
