@@ -10,6 +10,7 @@ namespace wallgrid {
 namespace {
 
 constexpr std::size_t kMostItems = 12;
+constexpr std::size_t kFirstCopying = 12; ///< of the commands that arrange, those from here on make the list longer
 
 } // namespace
 
@@ -24,6 +25,10 @@ RandomUser::RandomUser(ProgramUnderTest& program, const QString& folder, unsigne
     GXAppDelegate& delegate = m_program.delegate();
     UndoHistory& history = m_program.application.history();
     const auto few = [](const GXAppDelegate::ItemArrayRef& items) { return items->size() < kMostItems; };
+    for (const char* text :
+         {"&Left", "&Centre", "&Right", "&Top", "&Middle", "&Bottom", "Distribute &Across", "Distribute &Down",
+          "Place in Ro&ws…", "&Select All", "&Copy", "Cu&t", "&Paste", "Arra&y…"})
+        m_arrange.push_back(&menuAction(text));
     const auto edit = [this] { editField(); };
     m_actions = {
         edit,
@@ -56,7 +61,11 @@ RandomUser::RandomUser(ProgramUnderTest& program, const QString& folder, unsigne
         [&, few] {
             anyLayer();
             if (few(delegate.allScreensArray()))
-                menuAction("Du&plicate").trigger();
+                menuAction("Dup&licate").trigger();
+        },
+        [&, few] {
+            delegate.arraycontroller().setSelectionIndexes({below(4), below(kMostItems), below(kMostItems)});
+            arrange(*m_arrange[below(few(delegate.allScreensArray()) ? m_arrange.size() : kFirstCopying)]);
         },
         [&] {
             if (GXItem* layer = anyLayer())
@@ -134,6 +143,30 @@ QAction& RandomUser::menuAction(const QString& text)
     const auto actions = m_program.window().findChildren<QAction*>();
     return **std::find_if(actions.begin(), actions.end(),
                           [&](const QAction* action) { return action->text() == text; });
+}
+
+void RandomUser::arrange(QAction& action)
+{
+    UndoHistory& history = m_program.application.history();
+    history.commit();
+    const DocumentStateRef state = history.state();
+    const Bytes before = writeProject(m_program.delegate().project());
+    action.trigger();
+    if (auto* dialog = m_program.window().findChild<QDialog*>(); dialog && dialog->isVisible()) {
+        for (QSpinBox* number : dialog->findChildren<QSpinBox*>())
+            number->setValue(below(2) == 0 ? 1 : 3);
+        dialog->accept();
+    }
+    history.commit();
+    if (history.state() == state)
+        return;
+    const Bytes after = writeProject(m_program.delegate().project());
+    history.undo();
+    if (writeProject(m_program.delegate().project()) != before)
+        qFatal("undo does not bring back what stood before \"%s\"", qPrintable(action.text()));
+    history.redo();
+    if (writeProject(m_program.delegate().project()) != after)
+        qFatal("redo does not bring back what \"%s\" made", qPrintable(action.text()));
 }
 
 void RandomUser::compareWithReopened()

@@ -31,6 +31,8 @@ private:
     /// Selects it; null when there is none.
     GXItem* anyLayer();
     QAction& menuAction(const QString& text);
+    /// Runs a command on several layers, takes it back and does it again.
+    void arrange(QAction& action);
     /// What is exported of the document now, and once it has been saved and opened again, is the same.
     void compareWithReopened();
     void editField();
@@ -40,6 +42,7 @@ private:
     QString m_folder;
     std::mt19937 m_random;
     std::vector<std::function<void()>> m_actions;
+    std::vector<QAction*> m_arrange; ///< the commands on several layers
 };
 
 } // namespace wallgrid

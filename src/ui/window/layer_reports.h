@@ -2,12 +2,23 @@
 #pragma once
 
 #include <QString>
+#include <cstddef>
+#include <set>
 
 namespace wallgrid {
 
 class GXAppDelegate;
 
-/// In words, how many of the visible layers the output does not show, or not whole. Empty when it shows all of them.
-QString outsideText(const GXAppDelegate& delegate);
+/// Visible layers that may be a mistake: what is to be said of them, and their rows. No text without such layers.
+struct ReportedLayers {
+    QString text;
+    std::set<std::size_t> rows;
+};
+using LayerReport = ReportedLayers (*)(const GXAppDelegate& delegate);
+
+/// Layers that the output does not show, or not whole.
+ReportedLayers outsideLayers(const GXAppDelegate& delegate);
+/// Layers that cover pixels of each other.
+ReportedLayers overlappingLayers(const GXAppDelegate& delegate);
 
 } // namespace wallgrid

@@ -12,9 +12,10 @@
 #include "ui/preview/zoom_bar.h"
 #include "ui/window/file_drops.h"
 #include "ui/window/file_menu.h"
+#include "ui/window/layer_actions.h"
+#include "ui/window/layer_reports.h"
 #include "ui/window/output_controls.h"
 #include "ui/window/output_window.h"
-#include "ui/window/outside_text.h"
 #include "ui/window/undo_actions.h"
 
 #include <QApplication>
@@ -27,6 +28,8 @@
 #include <QScrollArea>
 #include <QSplitter>
 #include <QStatusBar>
+#include <QToolBar>
+#include <QToolButton>
 #include <QVBoxLayout>
 
 namespace wallgrid {
@@ -34,6 +37,9 @@ namespace wallgrid {
 namespace {
 
 using Column = ItemTableModel::Column;
+
+/// About what a desktop adds around a window. Nobody knows before the window is shown.
+constexpr QSize kFrame(16, 48);
 
 constexpr int kMessageMilliseconds = 15'000;
 constexpr qsizetype kLongestMessage = 300;
@@ -67,6 +73,9 @@ MainWindow::MainWindow(GXAppDelegate& delegate, UndoHistory& history, QtRecentDo
 {
     connect(&m_sheets, &Sheets::panelAhead, this, &MainWindow::panelAhead);
     makeEditActions();
+    m_layerActions = new LayerActions(delegate, *this);
+    connect(m_layerActions, &LayerActions::messageWanted, this, &MainWindow::showMessage);
+    makeToolBar();
     auto* columns = new QSplitter(Qt::Horizontal);
     columns->addWidget(makeLists());
     columns->addWidget(makeOutput());
@@ -81,10 +90,11 @@ MainWindow::MainWindow(GXAppDelegate& delegate, UndoHistory& history, QtRecentDo
     makeStatusBar();
     makeFileMenu();
     makeEditMenu();
+    m_layerActions->addTo(*menuBar()->addMenu(tr("A&rrange")));
     makeViewMenu();
     makeHelpMenu();
     nameProject();
-    resize(QSize(1400, 840).boundedTo(screen()->availableSize()));
+    resize(QSize(1400, 840).boundedTo(screen()->availableSize() - kFrame));
     m_table->setFocus();
 
     connect(new FileDrops(m_delegate, *this), &FileDrops::openWanted, this, &MainWindow::open);
@@ -189,7 +199,9 @@ void MainWindow::makeStatusBar()
     m_outputReport->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred); // it must not widen the window
     m_outputReport->setAccessibleName(tr("Output Preview"));
     statusBar()->addWidget(m_outputReport, 1);
-    for (QLabel** label : {&m_outside, &m_itemCount, &m_outputSize}) {
+    for (LayerReport report : {&overlappingLayers, &outsideLayers})
+        statusBar()->addPermanentWidget(makeReportButton(report));
+    for (QLabel** label : {&m_itemCount, &m_outputSize}) {
         *label = new QLabel(this);
         (*label)->setContentsMargins(8, 0, 8, 0);
         statusBar()->addPermanentWidget(*label);
@@ -206,13 +218,31 @@ void MainWindow::makeStatusBar()
     m_status.schedule();
 }
 
+QWidget* MainWindow::makeReportButton(LayerReport report)
+{
+    auto* button = new QToolButton(this);
+    button->setAutoRaise(true);
+    button->setFocusPolicy(Qt::TabFocus);
+    button->setToolTip(tr("Select these layers"));
+    button->hide();
+    connect(button, &QToolButton::clicked, this,
+            [this, report] { m_delegate.arraycontroller().setSelectionIndexes(report(m_delegate).rows); });
+    m_refreshReports.emplace_back([this, button, report] {
+        const QString text = report(m_delegate).text;
+        button->setText(text);
+        button->setVisible(!text.isEmpty());
+    });
+    return button;
+}
+
 void MainWindow::refreshStatus()
 {
     const auto count = static_cast<int>(m_delegate.arraycontroller().arrangedObjects().size());
     m_itemCount->setText(count == 1 ? tr("1 layer") : tr("%1 layers").arg(count));
     m_outputReport->setText(m_outputPreview.report());
     m_outputReport->setToolTip(m_outputPreview.report());
-    m_outside->setText(outsideText(m_delegate));
+    for (const auto& refresh : m_refreshReports)
+        refresh();
     m_outputSize->setText(tr("Output %1 × %2 px").arg(m_delegate.OutputWidth()).arg(m_delegate.OutputHeight()));
 }
 
@@ -268,9 +298,10 @@ void MainWindow::makeEditMenu()
     connect(m_miniPvw, &PreviewSurface::endInteraction, steps, [this] { m_history.endInteraction(); });
     menu->addActions({steps->undo(), steps->redo()});
     menu->addSeparator();
+    menu->addActions(m_layerActions->editActions());
+    menu->addSeparator();
     menu->addAction(m_add);
-    menu->addAction(tr("Du&plicate"), Qt::CTRL | Qt::Key_D, this, &MainWindow::duplicate);
-    menu->addAction(tr("Add Prese&t to Layers"), Qt::CTRL | Qt::SHIFT | Qt::Key_P, this, [this] {
+    menu->addAction(tr("Add Pr&eset to Layers"), Qt::CTRL | Qt::SHIFT | Qt::Key_P, this, [this] {
         if (hasSelection(*m_ptable))
             m_ptable->dropSelectionOn(*m_table, 0);
     });
@@ -300,12 +331,15 @@ bool MainWindow::hasSelection(const ItemTable& table)
     return false;
 }
 
-void MainWindow::duplicate()
+void MainWindow::makeToolBar()
 {
-    auto& layers = m_delegate.arraycontroller();
-    m_table->setFocus();
-    if (hasSelection(*m_table))
-        layers.insertObjectAtArrangedObjectIndex(layers.selectedObject()->duplicate(), *layers.selectionIndex());
+    QToolBar* bar = addToolBar(tr("Layers"));
+    bar->setMovable(false);
+    bar->setIconSize({16, 16});
+    bar->addAction(m_add);
+    bar->addActions(m_layerActions->editActions().last(2));
+    bar->addSeparator();
+    m_layerActions->addTo(*bar);
 }
 
 void MainWindow::makeViewMenu()

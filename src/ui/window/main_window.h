@@ -4,9 +4,12 @@
 #include "app/gx_app_delegate.h"
 #include "ui/base/deferred.h"
 #include "ui/preview/output_preview.h"
+#include "ui/window/layer_reports.h"
 #include "ui/window/sheets.h"
 
 #include <QMainWindow>
+#include <functional>
+#include <vector>
 
 class QLabel;
 class QMenu;
@@ -16,6 +19,7 @@ namespace wallgrid {
 class FileMenu;
 class Inspector;
 class ItemTable;
+class LayerActions;
 class OutputWindow;
 class PreviewSurface;
 class QtRecentDocuments;
@@ -62,15 +66,16 @@ private:
     QWidget* makeOutput();
     QWidget* makeFields();
     void makeStatusBar();
+    /// What a report says, as a button that selects the layers it speaks of. Hidden while there are none.
+    QWidget* makeReportButton(LayerReport report);
     void makeFileMenu();
     void makeEditMenu();
+    void makeToolBar();
     void makeViewMenu();
     void makeHelpMenu();
     void nameProject();
     /// Says so when the list has no selected row.
     bool hasSelection(const ItemTable& table);
-    /// Puts a copy of the first selected layer in front of it.
-    void duplicate();
     void addOutputPreviewTo(QMenu& menu);
     void refreshStatus();
     /// The one with the keyboard focus, otherwise the layers.
@@ -89,13 +94,14 @@ private:
     PreviewSurface* m_miniPvw = nullptr;
     QWidget* m_fields = nullptr; // of the output and of the selected layer
     Inspector* m_inspector = nullptr;
+    LayerActions* m_layerActions = nullptr;
     QMenu* m_viewMenu = nullptr;
     FileMenu* m_fileMenu = nullptr;
     QAction* m_add = nullptr;
     QAction* m_openPresets = nullptr;
     QAction* m_savePresets = nullptr;
     QLabel* m_outputReport = nullptr; ///< what the Output Preview's display shows of the output
-    QLabel* m_outside = nullptr;
+    std::vector<std::function<void()>> m_refreshReports;
     QLabel* m_outputSize = nullptr;
     ZoomBar* m_zoom = nullptr;
     QLabel* m_itemCount = nullptr;

@@ -112,7 +112,7 @@ private slots:
                     continue;
                 widget->resize(900, 700);
                 for (auto* action : widget->findChildren<QAction*>()) {
-                    if (action->text() == "Du&plicate")
+                    if (action->text() == "Dup&licate")
                         action->trigger();
                 }
                 widget->close();

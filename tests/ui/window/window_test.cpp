@@ -101,8 +101,26 @@ private slots:
         program.application.openFile("no such file");
         QCOMPARE(program.panels.alerts, std::vector<std::string>{"No File Found|File Not Found"});
         program.delegate().arraycontroller().setSelectionIndexes({});
-        program.trigger("Du&plicate");
+        program.trigger("Dup&licate");
         QCOMPARE(program.window().statusBar()->currentMessage(), "No layer is selected.");
+    }
+
+    void layersGoThroughTheClipboard()
+    {
+        ProgramUnderTest program;
+        program.insert(makeScreen(u"a", 4, 20, 10));
+        program.trigger("&Copy");
+        program.trigger("&Paste");
+        QCOMPARE(program.layers(), QStringList({"a 2", "a", "Layer 0"}));
+        QCOMPARE(program.item(0).xpoint(), 24);
+        QApplication::clipboard()->setText("a");
+        program.trigger("&Paste");
+        QCOMPARE(program.window().statusBar()->currentMessage(), "Nothing to paste: no layers were copied.");
+        program.trigger("&Select All");
+        program.trigger("Cu&t");
+        QCOMPARE(program.layers(), QStringList());
+        program.trigger("&Paste");
+        QCOMPARE(program.layers(), QStringList({"a 2", "a", "Layer 0"}));
     }
 
     void theStatusBarCounts()
@@ -113,6 +131,7 @@ private slots:
         program.settle();
         QVERIFY(program.find<QLabel>("2 layers"));
         QVERIFY(program.find<QLabel>("Output 8704 × 192 px"));
+        QVERIFY(program.find<QToolButton>("1 pair overlaps"));
         using Limits = std::numeric_limits<std::int32_t>;
         const std::tuple<std::size_t, std::int32_t, std::int32_t, const char*> places[]{
             {0, 8700, 188, ""}, // touches the corner from inside
@@ -124,11 +143,12 @@ private slots:
             program.item(row).setXpoint(x);
             program.item(row).setYpoint(y);
             program.settle();
-            QVERIFY2(program.find<QLabel>(text), text);
+            QVERIFY2(!*text || program.find<QToolButton>(text), text);
         }
         program.item(0).setVisible(false);
         program.settle();
-        QVERIFY(program.find<QLabel>("1 layer lies outside"));
+        program.find<QToolButton>("1 layer lies outside")->click();
+        QCOMPARE(program.delegate().arraycontroller().selectionIndexes(), std::set<std::size_t>{1});
     }
 
     void filesAreDropped()
@@ -176,7 +196,7 @@ private slots:
         program.panels.answer = program.location("stage");
         program.delegate().saveProject();
         QCOMPARE(title(), QString("stage.mpr[*]"));
-        program.trigger("Du&plicate");
+        program.trigger("Dup&licate");
         QCOMPARE(title(), QString("stage.mpr[*]+"));
         QCOMPARE(program.layers().size(), 2);
         QVERIFY(&program.item(0) != &program.item(1));
@@ -233,7 +253,7 @@ private slots:
         program.delegate().addImageAt(program.location("logo.png"));
         const ImageRef image = program.item(1).thumbnail();
         const Size size = image->size();
-        program.trigger("Du&plicate");
+        program.trigger("Dup&licate");
         program.item(1).setPanelWidth(90);
         program.settle();
         QVERIFY(program.item(1).thumbnail()->size() != size);

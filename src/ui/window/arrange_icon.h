@@ -1,0 +1,16 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "app/arrangement.h"
+
+#include <QIcon>
+#include <QPalette>
+
+namespace wallgrid {
+
+/// Pictures of the commands that place layers, in the colours of a palette, for displays of a pixel ratio.
+QIcon alignIcon(Direction direction, Edge edge, const QPalette& palette, qreal ratio);
+QIcon distributeIcon(Direction direction, const QPalette& palette, qreal ratio);
+QIcon rowsIcon(const QPalette& palette, qreal ratio);
+
+} // namespace wallgrid
