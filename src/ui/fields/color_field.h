@@ -4,15 +4,18 @@
 #include "graphics/color.h"
 
 #include <QWidget>
+#include <optional>
 
 class QLineEdit;
 
 namespace wallgrid {
 
 class ColorButton;
+class FaultMark;
 
-/// A colour as a swatch to click and as a hexadecimal text to type or paste: "#RRGGBB" or "#RRGGBBAA". A text takes
-/// effect as soon as it is a whole colour; what is none when the field is left gives way to the colour.
+/// A colour as a swatch to click and as a text to type or paste: "#RRGGBB", "#RRGGBBAA", "#RGB" or a name of CSS. A
+/// text takes effect as soon as it is a whole colour. One that is none when the field is left is marked with the
+/// reason, and the colour is what it was before the typing.
 class ColorField final : public QWidget {
     Q_OBJECT
 
@@ -24,18 +27,27 @@ public:
     void setColor(const ColorRef& color);
     /// Goes back to the colour when what is typed means none or none yet, and says whether it was so.
     bool dropTyped();
+    /// To be laid out beside the field.
+    FaultMark* fault() const { return m_fault; }
+
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 signals:
     /// The user chose another colour; the field shows it already.
     void colorChosen(const wallgrid::ColorRef& color);
 
 private:
+    void keep(const ColorRef& color);
     void showText();
-    void takeText(const QString& text);
+    void take(const QString& text);
+    void choose(const QColor& typed);
+    void settle();
 
     ColorButton* m_button;
     QLineEdit* m_text;
-    QString m_shown; // the colour's text, whatever is being typed
+    FaultMark* m_fault;
+    QString m_shown;                  // the colour's text, whatever is being typed
+    std::optional<ColorRef> m_before; // the colour before the typing, once that has changed it
 };
 
 } // namespace wallgrid

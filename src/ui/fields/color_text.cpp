@@ -36,4 +36,13 @@ std::optional<QColor> colorOfHexText(const QString& text)
     return color;
 }
 
+std::optional<QColor> colorOfText(const QString& text)
+{
+    if (const auto color = colorOfHexText(text))
+        return color;
+    static const QRegularExpression form(QStringLiteral("^\\s*(#[0-9A-Fa-f]{3}|[A-Za-z ]{3,30})\\s*$"));
+    const QString name = form.match(text).captured(1);
+    return QColor::isValidColor(name) ? std::optional(QColor(name)) : std::nullopt;
+}
+
 } // namespace wallgrid

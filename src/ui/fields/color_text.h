@@ -17,5 +17,7 @@ ColorRef toColor(const QColor& color);
 QString hexText(const QColor& color);
 /// The colour of such a text, in letters of either case, also without the "#".
 std::optional<QColor> colorOfHexText(const QString& text);
+/// The colour of such a text, of "#RGB" or of a name of CSS and SVG, such as "navy".
+std::optional<QColor> colorOfText(const QString& text);
 
 } // namespace wallgrid

@@ -52,6 +52,7 @@ AlignButtons::AlignButtons(QWidget* parent)
         if (!focusProxy())
             setFocusProxy(button);
     }
+    setFocusPolicy(Qt::StrongFocus); // a label's letter goes nowhere without
     layout->addStretch();
     drawIcons();
 }
@@ -73,15 +74,15 @@ QString AlignButtons::anchorName(Anchor anchor)
 {
     switch (anchor) {
     case Anchor::TopLeft:
-        return tr("TOP LEFT");
+        return tr("Top left");
     case Anchor::TopRight:
-        return tr("TOP RIGHT");
+        return tr("Top right");
     case Anchor::Center:
-        return tr("CENTER");
+        return tr("Centre");
     case Anchor::BottomLeft:
-        return tr("BOTTOM LEFT");
+        return tr("Bottom left");
     case Anchor::BottomRight:
-        return tr("BOTTOM RIGHT");
+        return tr("Bottom right");
     }
     return {};
 }

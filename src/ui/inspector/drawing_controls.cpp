@@ -2,6 +2,7 @@
 #include "ui/inspector/drawing_controls.h"
 
 #include "ui/fields/color_field.h"
+#include "ui/fields/fault_mark.h"
 #include "ui/fields/number_field.h"
 
 #include <QCheckBox>
@@ -64,7 +65,7 @@ DrawingControls::DrawingControls(QWidget* parent)
     for (std::size_t i = 0; i < kRowCount; ++i) {
         const Switch& property = kSwitches[i];
         Row& row = m_rows[i];
-        const int line = static_cast<int>(i);
+        const int line = 3 * static_cast<int>(i); // below it what is wrong with colour and width
         row.enabled = new QCheckBox(tr(property.name), this);
         connect(row.enabled, &QCheckBox::clicked, this,
                 [this, &property](bool on) { ((*m_item).*property.setEnabled)(on); });
@@ -77,15 +78,17 @@ DrawingControls::DrawingControls(QWidget* parent)
             connect(row.color, &ColorField::colorChosen, this,
                     [this, &property](const ColorRef& color) { ((*m_item).*property.setColor)(color); });
             colors->addWidget(row.color, line, 1);
+            colors->addWidget(row.color->fault(), line + 1, 1, 1, 2);
         }
         if (property.width) {
             row.width = new NumberField(0, kLargestWidth, this);
             row.width->setSuffix(tr(" px"));
             row.width->setAccessibleName(tr(property.widthName));
             row.width->setToolTip(tr(property.widthName));
-            connect(row.width, &QSpinBox::valueChanged, this,
-                    [this, &property](int value) { ((*m_item).*property.setWidth)(value); });
+            connect(row.width, &NumberField::edited, this,
+                    [this, &property](const TypedNumber& width) { ((*m_item).*property.setWidth)(width.value); });
             colors->addWidget(row.width, line, 2);
+            colors->addWidget(row.width->fault(), line + 2, 1, 1, 2);
         }
     }
     show(nullptr);
@@ -97,7 +100,8 @@ void DrawingControls::addTextSizes(const Captioned& position, const Captioned& s
     QWidget* before = m_rows.back().enabled;
     for (const Captioned& number : {position, size}) {
         m_texts->addWidget(number.caption, 1, column);
-        m_texts->addWidget(number.field, 2, column++);
+        m_texts->addWidget(number.field, 2, column);
+        m_texts->addWidget(number.field->fault(), 3 + column++, 0, 1, 2);
         setTabOrder(before, number.field);
         before = number.field;
     }

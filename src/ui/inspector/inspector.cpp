@@ -5,7 +5,9 @@
 #include "ui/base/heading.h"
 #include "ui/base/image_file_name.h"
 #include "ui/base/shown_text.h"
+#include "ui/fields/fault_mark.h"
 #include "ui/fields/number_field.h"
+#include "ui/fields/select_on_click.h"
 #include "ui/inspector/align_buttons.h"
 #include "ui/inspector/drawing_controls.h"
 
@@ -32,20 +34,19 @@ struct NumberProperty {
 
 constexpr std::array<NumberProperty, GXItem::kCaptionCount> kNumbers{{
     {&GXItem::panelWidth, &GXItem::setPanelWidth, 0, 100'000, true,
-     QT_TRANSLATE_NOOP("wallgrid::Inspector", "Width of a panel, of an image its own")},
+     QT_TRANSLATE_NOOP("wallgrid::Inspector", "Panel width")},
     {&GXItem::panelHeight, &GXItem::setPanelHeight, 0, 100'000, true,
-     QT_TRANSLATE_NOOP("wallgrid::Inspector", "Height of a panel, of an image its own")},
-    {&GXItem::col, &GXItem::setCol, 0, 10'000, false, QT_TRANSLATE_NOOP("wallgrid::Inspector", "Panels side by side")},
-    {&GXItem::row, &GXItem::setRow, 0, 10'000, false,
-     QT_TRANSLATE_NOOP("wallgrid::Inspector", "Panels on top of each other")},
+     QT_TRANSLATE_NOOP("wallgrid::Inspector", "Panel height")},
+    {&GXItem::col, &GXItem::setCol, 0, 10'000, false, QT_TRANSLATE_NOOP("wallgrid::Inspector", "Columns of panels")},
+    {&GXItem::row, &GXItem::setRow, 0, 10'000, false, QT_TRANSLATE_NOOP("wallgrid::Inspector", "Rows of panels")},
     {&GXItem::xpoint, &GXItem::setXpoint, -100'000, 100'000, true,
-     QT_TRANSLATE_NOOP("wallgrid::Inspector", "Left edge in the output")},
+     QT_TRANSLATE_NOOP("wallgrid::Inspector", "Left edge")},
     {&GXItem::ypoint, &GXItem::setYpoint, -100'000, 100'000, true,
-     QT_TRANSLATE_NOOP("wallgrid::Inspector", "Top edge in the output")},
+     QT_TRANSLATE_NOOP("wallgrid::Inspector", "Top edge")},
     {&GXItem::XYFontSize, &GXItem::setXYFontSize, 0, 10'000, true,
-     QT_TRANSLATE_NOOP("wallgrid::Inspector", "Height of the position text; 0 is 13 px")},
+     QT_TRANSLATE_NOOP("wallgrid::Inspector", "Size of the position text; 0 is 13 px")},
     {&GXItem::screenFontSize, &GXItem::setScreenFontSize, 0, 10'000, true,
-     QT_TRANSLATE_NOOP("wallgrid::Inspector", "Height of the size text; 0 is 13 px")},
+     QT_TRANSLATE_NOOP("wallgrid::Inspector", "Size of the size text; 0 is 13 px")},
 }};
 
 /// From here on the numbers are the sizes of texts, which stand with the texts' switches.
@@ -88,7 +89,7 @@ Inspector::Inspector(GXAppDelegate& delegate, QWidget* parent)
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(makeIdentity());
     layout->addSpacing(8);
-    layout->addWidget(makeHeading(tr("Geometry"), this));
+    layout->addWidget(makeHeading(tr("Size and place"), this));
     layout->addWidget(makeNumbers());
 
     m_align = new AlignButtons(this);
@@ -123,6 +124,7 @@ QWidget* Inspector::makeIdentity()
     layout->addWidget(m_summary, 0, 0, 1, 2);
 
     m_name = new QLineEdit(box);
+    selectAllOnFirstClick(*m_name, *m_name);
     auto* nameCaption = new QLabel(tr("&Name"), box);
     nameCaption->setBuddy(m_name);
     connect(m_name, &QLineEdit::textEdited, this,
@@ -158,15 +160,19 @@ QWidget* Inspector::makeNumbers()
         number.field->setToolTip(tr(property.toolTip));
         number.caption = new QLabel(box);
         number.caption->setBuddy(number.field);
-        connect(number.field, &QSpinBox::valueChanged, this, [this, i] { applyNumber(i, false); });
-        connect(number.field, &QSpinBox::editingFinished, this, [this, i] { applyNumber(i, true); });
+        number.field->setPutOff([this, i](int value) {
+            return i < 4 && isScreen(*m_item) && pixelsWith(*m_item, i, value) > kLargestWhileTyping;
+        });
+        connect(number.field, &NumberField::edited, this,
+                [this, set = property.set](const TypedNumber& typed) { ((*m_item).*set)(typed.value); });
         if (i >= kFirstTextSize)
             continue;
         number.caption->setContentsMargins(0, kRoomAboveCaption, 0, 0);
-        const int line = 2 * static_cast<int>(i / 2);
+        const int line = 4 * static_cast<int>(i / 2); // of caption, field and what is wrong with each of two
         const int column = static_cast<int>(i % 2);
         layout->addWidget(number.caption, line, column);
         layout->addWidget(number.field, line + 1, column);
+        layout->addWidget(number.field->fault(), line + 2 + column, 0, 1, 2);
     }
     layout->setColumnStretch(0, 1);
     layout->setColumnStretch(1, 1);
@@ -199,7 +205,7 @@ void Inspector::bind(const ItemRef& item)
 {
     m_item = item;
     for (const Number& number : m_numbers)
-        number.field->setWithheld(false);
+        number.field->dropTyped(); // it was meant for the item before
     m_observation = {};
     if (m_item)
         m_observation = m_item->observe([this](std::string_view) { m_refresh.schedule(); });
@@ -242,18 +248,6 @@ void Inspector::showNumbers()
         number.field->setHidden(caption.hidden);
         number.field->showValue(m_item ? ((*m_item).*kNumbers[i].get)() : 0);
     }
-}
-
-void Inspector::applyNumber(std::size_t index, bool settled)
-{
-    NumberField* field = m_numbers[index].field;
-    const int value = field->value();
-    const bool changed = m_item && ((*m_item).*kNumbers[index].get)() != value;
-    const bool sizing = changed && index < 4 && isScreen(*m_item);
-    const bool withheld = !settled && sizing && pixelsWith(*m_item, index, value) > kLargestWhileTyping;
-    field->setWithheld(withheld);
-    if (changed && !withheld)
-        ((*m_item).*kNumbers[index].set)(value);
 }
 
 void Inspector::align(Anchor anchor)

@@ -40,7 +40,6 @@ private:
     void bind(const ItemRef& item);
     void showIdentity();
     void showNumbers();
-    void applyNumber(std::size_t index, bool settled);
     void align(Anchor anchor);
 
     GXAppDelegate& m_delegate;

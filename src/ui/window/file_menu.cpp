@@ -73,7 +73,7 @@ void FileMenu::exportPsd()
     m_delegate.setNumbersEqualLayerNames(false);
     PanelPurpose purpose{tr("Export Layered PSD"), tr("Photoshop documents (*.psd)"), QStringLiteral("psd"), true};
     if (m_delegate.hasEqualLayerNames()) {
-        purpose.option = {tr("&Number equal layer names"),
+        purpose.option = {tr("N&umber equal layer names"),
                           tr("Some layers have the same name. In the file a number can tell them apart."),
                           [this](bool numbers) { m_delegate.setNumbersEqualLayerNames(numbers); }};
     }

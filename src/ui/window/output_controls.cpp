@@ -4,6 +4,7 @@
 #include "app/gx_app_delegate.h"
 #include "ui/base/heading.h"
 #include "ui/fields/color_field.h"
+#include "ui/fields/fault_mark.h"
 #include "ui/fields/number_field.h"
 
 #include <QGridLayout>
@@ -29,20 +30,22 @@ struct OutputColor {
 
 /// A field for a side of the output; gives what shows the present size. A size takes effect when it is typed to the
 /// end, because every size on the way there would be composed.
-std::function<void()> addSide(QHBoxLayout& sides, QLabel& caption, const QString& name, GXAppDelegate& delegate,
-                              std::int32_t (GXAppDelegate::*get)() const, void (GXAppDelegate::*set)(std::int32_t))
+std::function<void()> addSide(QGridLayout& layout, QHBoxLayout& sides, QLabel& caption, const QString& name,
+                              GXAppDelegate& delegate, std::int32_t (GXAppDelegate::*get)() const,
+                              void (GXAppDelegate::*set)(std::int32_t))
 {
     auto* field = new NumberField(1, kLargestSide);
-    field->setKeyboardTracking(false);
+    field->setPutOff([](int) { return true; });
     field->setSuffix(OutputControls::tr(" px"));
     field->setToolTip(name);
     field->setAccessibleName(name);
     caption.setBuddy(field);
-    QObject::connect(field, &QSpinBox::valueChanged, field, [&delegate, set](int side) {
-        (delegate.*set)(side);
+    QObject::connect(field, &NumberField::edited, field, [&delegate, set](const TypedNumber& side) {
+        (delegate.*set)(side.value);
         delegate.update();
     });
     sides.addWidget(field);
+    layout.addWidget(field->fault(), layout.rowCount(), 1, 1, 2);
     return [&delegate, field, get] { field->showValue((delegate.*get)()); };
 }
 
@@ -68,6 +71,7 @@ std::function<void()> addColor(QGridLayout& layout, GXAppDelegate& delegate, con
     layout.addWidget(caption, row, 0);
     layout.addWidget(field, row, 1);
     layout.addWidget(none, row, 2);
+    layout.addWidget(field->fault(), row + 1, 1, 1, 2);
     return [&delegate, field, none, get = property.get] {
         const ColorRef color = (delegate.*get)();
         field->setColor(color);
@@ -87,11 +91,11 @@ OutputControls::OutputControls(GXAppDelegate& delegate, QWidget* parent)
     layout->addWidget(heading, 0, 0);
     auto* sides = new QHBoxLayout;
     layout->addLayout(sides, 0, 1, 1, 2);
-    const auto width = addSide(*sides, *heading, tr("Output width"), delegate, &GXAppDelegate::OutputWidth,
+    const auto width = addSide(*layout, *sides, *heading, tr("Output width"), delegate, &GXAppDelegate::OutputWidth,
                                &GXAppDelegate::setOutputWidth);
     auto* times = new QLabel(tr("×"));
     sides->addWidget(times);
-    const auto height = addSide(*sides, *times, tr("Output height"), delegate, &GXAppDelegate::OutputHeight,
+    const auto height = addSide(*layout, *sides, *times, tr("Output height"), delegate, &GXAppDelegate::OutputHeight,
                                 &GXAppDelegate::setOutputHeight);
     const auto background =
         addColor(*layout, delegate,

@@ -2,6 +2,7 @@
 #include "items/gx_still.h"
 #include "ui/fields/color_button.h"
 #include "ui/fields/color_text.h"
+#include "ui/fields/fault_mark.h"
 #include "ui/fields/number_field.h"
 #include "ui/inspector/anchor.h"
 #include "ui/program_under_test.h"
@@ -99,9 +100,9 @@ private slots:
             field->selectAll();
             QGuiApplication::clipboard()->setText(text);
             field->paste();
-            const bool taken = program.item().rectColor() != red;
             program.settle();
             QTest::keyClick(field, Qt::Key_Return);
+            const bool taken = program.item().rectColor() != red;
             return field->text() + (taken ? "" : " left");
         };
         QCOMPARE(paste("#00ff7F"), "#00FF7F");
@@ -110,8 +111,92 @@ private slots:
         QCOMPARE(paste("#00FF7f80"), "#00FF7F80");
         QCOMPARE(program.item().rectColor()->rgba().a, 128 / 255.0);
         QCOMPARE(paste(" 00FF7FFF "), "#00FF7F");
-        for (const char* same : {"#ff0000", "", "#00FF7", "#00FF7F8", "#00FF7F801", "#00FF7G", "green", "##00FF7F"})
-            QCOMPARE(paste(same), "#FF0000 left");
+        QCOMPARE(paste("#4Af"), "#44AAFF");
+        QCOMPARE(paste(" Navy"), "#000080");
+        for (const char* wrong : {"", "#00FF7", "#00FF7F8", "#00FF7F801", "#00FF7G", "greem", "##00FF7F", "#ff0000"}) {
+            const bool same = qstrcmp(wrong, "#ff0000") == 0;
+            QCOMPARE(paste(wrong), same ? "#FF0000 left" : QString(wrong) + " left");
+            QCOMPARE(program.find<FaultMark>("A colour is #RRGGBB, #RRGGBBAA, #RGB or a name such as navy.") != nullptr,
+                     !same);
+        }
+        type(field, "#00FF7F8"); // was a colour on the way
+        QCOMPARE(program.item().rectColor()->rgba().g, 1.0);
+        program.window().table()->setFocus();
+        QCOMPARE(program.item().rectColor(), red);
+    }
+
+    void whatIsTypedReplacesWhatStandsThere()
+    {
+        Edited program;
+        const auto clickAtTheEnd = [&](QWidget* field) {
+            auto* line = qobject_cast<QLineEdit*>(field);
+            line = line ? line : field->findChild<QLineEdit*>();
+            QTest::mouseClick(line, Qt::LeftButton, {}, line->rect().center() + QPoint(line->width() / 3, 0));
+        };
+        auto* left = program.find<NumberField>("H-Start");
+        clickAtTheEnd(left);
+        QTest::keyClicks(left, "448");
+        QCOMPARE(program.item().xpoint(), 448);
+        QTest::keyClick(left, Qt::Key_Tab);
+        QTest::keyClicks(QApplication::focusWidget(), "12");
+        QCOMPARE(program.item().ypoint(), 12);
+        clickAtTheEnd(left);
+        clickAtTheEnd(left); // behind "px"
+        QTest::keyClicks(left, "0");
+        QCOMPARE(program.item().xpoint(), 4480);
+        QTest::keyClicks(left, "-2*128");
+        QTest::keyClick(left, Qt::Key_Return);
+        QCOMPARE(left->text(), "4224 px");
+        auto* name = program.find<QLineEdit>("&Name");
+        for (const char* typed : {"Main", " 2"}) {
+            clickAtTheEnd(name);
+            QTest::keyClicks(name, typed);
+        }
+        QCOMPARE(program.layers(), QStringList("Main 2"));
+    }
+
+    void whatIsNoNumberIsMarkedAndChangesNothing()
+    {
+        Edited program;
+        const std::tuple<const char*, const char*, const char*> faults[]{
+            {"COLS", "99999", "99999 is too large: 10000 is the most."},
+            {"COLS", "-1", "-1 is too small: 0 is the least."},
+            {"COLS", "5*", "The end of the sum is missing."},
+            {"COLS", "", "A number is missing."},
+            {"COLS", "1.5", "This is neither a whole number nor a sum."},
+            {"COLS", "7/0", "Nothing can be divided by 0."},
+            {"COLS", "9999999999999999999", "Such large numbers cannot be computed."},
+            {"COLS", "+9997", "10001 is too large: 10000 is the most."},
+            {"Output width", "0", "0 is too small: 1 is the least."},
+            {"Frame width", "2*8000", "16000 is too large: 10000 is the most."}};
+        const Bytes before = writeProject(program.delegate().project());
+        for (const auto& [name, typed, reason] : faults) {
+            auto* field = program.find<NumberField>(name);
+            const int value = field->value();
+            const QColor plain = field->palette().color(QPalette::Base);
+            type(field, typed);
+            if (*typed == 0)
+                QTest::keyClick(field, Qt::Key_Backspace);
+            QTest::keyClick(field, Qt::Key_Tab);
+            program.settle();
+            QVERIFY2(writeProject(program.delegate().project()) == before, typed);
+            QCOMPARE(field->text(), typed);
+            QVERIFY2(program.find<FaultMark>(reason)->isVisible(), reason);
+            QVERIFY(field->palette().color(QPalette::Base) != plain);
+            type(field, QString::number(value));
+            QVERIFY(!program.find<FaultMark>(reason) && field->palette().color(QPalette::Base) == plain);
+            QTest::keyClick(field, Qt::Key_Return);
+        }
+        auto* rows = program.find<NumberField>("ROWS");
+        type(rows, "x");
+        program.insert(makeScreen(u"other"));
+        program.settle();
+        QCOMPARE(rows->text(), "1");
+        type(rows, "+=2*2");
+        QCOMPARE(program.item().row(), 1); // not before it is typed to the end
+        QTest::keyClick(rows, Qt::Key_Return);
+        QTest::keyClick(rows, Qt::Key_Return);
+        QCOMPARE(program.item().row(), 5);
     }
 
     void coloursAreChosenInAPanel()
@@ -203,11 +288,11 @@ private slots:
     void alignMovesTheItem()
     {
         ProgramUnderTest program;
-        const std::pair<const char*, Position> places[]{{"TOP LEFT", {0, 0}},
-                                                        {"TOP RIGHT", {1608, 0}},
-                                                        {"CENTER", {804, 384}},
-                                                        {"BOTTOM LEFT", {0, 768}},
-                                                        {"BOTTOM RIGHT", {1608, 768}}};
+        const std::pair<const char*, Position> places[]{{"Top left", {0, 0}},
+                                                        {"Top right", {1608, 0}},
+                                                        {"Centre", {804, 384}},
+                                                        {"Bottom left", {0, 768}},
+                                                        {"Bottom right", {1608, 768}}};
         for (const auto& [name, place] : places) {
             program.item().setXpoint(-3);
             program.item().setYpoint(5);

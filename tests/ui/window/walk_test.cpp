@@ -10,7 +10,8 @@ bool isControl(const QWidget& widget)
 {
     const auto* line = qobject_cast<const QLineEdit*>(&widget);
     const bool insideSpinBox = line && qobject_cast<const QAbstractSpinBox*>(line->parentWidget());
-    return widget.focusPolicy() != Qt::NoFocus && !insideSpinBox && !qobject_cast<const QMenuBar*>(&widget);
+    return widget.focusPolicy() != Qt::NoFocus && !widget.focusProxy() && !insideSpinBox &&
+           !qobject_cast<const QMenuBar*>(&widget);
 }
 
 /// The window with a screen and with a still selected, and its sheets.
@@ -38,6 +39,39 @@ QChar mnemonic(const QString& text)
 {
     const QKeySequence key = QKeySequence::mnemonic(text);
     return key.isEmpty() ? QChar() : QChar(key[0].key());
+}
+
+void press(QWidget& window, const QString& text)
+{
+    QWidget* const focus = window.focusWidget();
+    QTest::keyClick(focus ? focus : &window, static_cast<Qt::Key>(mnemonic(text).unicode()), Qt::AltModifier);
+}
+
+void closePopups()
+{
+    while (QWidget* popup = QApplication::activePopupWidget())
+        QTest::keyClick(popup, Qt::Key_Escape);
+}
+
+/// Every entry of an open menu runs or opens at its letter; nothing else of it happens.
+int pressEntries(QMenu& menu)
+{
+    int pressed = 0;
+    for (QAction* action : menu.actions()) {
+        if (mnemonic(action->text()).isNull() || !action->isEnabled())
+            continue;
+        menu.popup({});
+        bool landed = false;
+        action->disconnect(SIGNAL(triggered(bool)));
+        QObject::connect(action, &QAction::triggered, &menu, [&landed] { landed = true; });
+        QTest::keyClick(&menu, static_cast<Qt::Key>(mnemonic(action->text()).unicode()));
+        landed = landed || (action->menu() && action->menu()->isVisible());
+        if (!landed)
+            qFatal("%s does nothing", qPrintable(action->text()));
+        ++pressed;
+        closePopups();
+    }
+    return pressed;
 }
 
 } // namespace
@@ -98,6 +132,42 @@ private slots:
         QVERIFY(keys.size() > 40 && keys.contains("Del") && keys.contains("Ctrl+Shift+N"));
         for (const QString& key : keys)
             QVERIFY2(keys.count(key) == 1, qPrintable(key));
+    }
+
+    void everyUnderlinedLetterLands()
+    {
+        int pressed = 0;
+        walk([&](QWidget& window) {
+            if (!window.isVisible())
+                return;
+            window.activateWindow(); // which it has not been since the last menu
+            QTRY_COMPARE(QApplication::activeWindow(), &window);
+            for (const QLabel* label : window.findChildren<QLabel*>()) {
+                if (mnemonic(label->text()).isNull() || !label->isVisibleTo(&window))
+                    continue;
+                press(window, label->text());
+                const QWidget* const focus = window.focusWidget();
+                QVERIFY2(focus == label->buddy() || focus == label->buddy()->focusProxy(), qPrintable(label->text()));
+                ++pressed;
+            }
+            for (QAbstractButton* button : window.findChildren<QAbstractButton*>()) {
+                if (mnemonic(button->text()).isNull() || !button->isEnabled() || !button->isVisibleTo(&window))
+                    continue;
+                button->disconnect(SIGNAL(clicked(bool)));
+                const QSignalSpy clicked(button, &QAbstractButton::clicked);
+                press(window, button->text());
+                QTRY_VERIFY2(clicked.size() == 1, qPrintable(button->text()));
+                ++pressed;
+            }
+            for (QAction* menu :
+                 window.findChild<QMenuBar*>() ? window.findChild<QMenuBar*>()->actions() : QList<QAction*>()) {
+                press(window, menu->text());
+                QCOMPARE(QApplication::activePopupWidget(), menu->menu());
+                closePopups();
+                pressed += 1 + pressEntries(*menu->menu());
+            }
+        });
+        QVERIFY2(pressed > 70, qPrintable(QString::number(pressed)));
     }
 
     void theTabKeyFollowsTheEye()

@@ -424,7 +424,7 @@ private slots:
         AppearanceAction action(*qApp, memory);
         QVERIFY(!action.isChecked()); // as the desktop is
         const auto iconLuminance = [&] {
-            const QIcon icon = program.find<QToolButton>("Align: CENTER")->icon();
+            const QIcon icon = program.find<QToolButton>("Align: Centre")->icon();
             return luminance(icon.pixmap(20, 16).toImage().pixelColor(0, 0));
         };
         QVERIFY(iconLuminance() < 0.2);
