@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "random_user.h"
 
+#include "ui/fields/number_field.h"
+
 #include <QDir>
 #include <QImage>
 #include <algorithm>
@@ -153,8 +155,8 @@ void RandomUser::arrange(QAction& action)
     const Bytes before = writeProject(m_program.delegate().project());
     action.trigger();
     if (auto* dialog = m_program.window().findChild<QDialog*>(); dialog && dialog->isVisible()) {
-        for (QSpinBox* number : dialog->findChildren<QSpinBox*>())
-            number->setValue(below(2) == 0 ? 1 : 3);
+        for (NumberField* number : dialog->findChildren<NumberField*>())
+            number->enter(below(2) == 0 ? 1 : 3);
         dialog->accept();
     }
     history.commit();

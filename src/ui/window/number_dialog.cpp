@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ui/window/number_dialog.h"
 
+#include "ui/fields/fault_mark.h"
 #include "ui/fields/number_field.h"
 
 #include <QDialogButtonBox>
@@ -8,6 +9,7 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QVBoxLayout>
+#include <algorithm>
 
 namespace wallgrid {
 
@@ -35,9 +37,18 @@ NumberField* NumberDialog::addNumber(const QString& caption, int minimum, int ma
     auto* field = new NumberField(minimum, maximum, this);
     field->setSuffix(suffix);
     field->showValue(value);
-    connect(field, &NumberField::valueChanged, this, [this] { refresh(); });
+    connect(field, &NumberField::edited, this, [this] { refresh(); });
     m_numbers->addRow(caption, field);
+    m_numbers->addRow(field->fault());
+    m_fields.push_back(field);
     return field;
+}
+
+void NumberDialog::accept()
+{
+    const auto faulty = [](const NumberField* field) { return field->fault()->isVisible(); };
+    if (std::none_of(m_fields.begin(), m_fields.end(), faulty)) // not with another number than the one that was typed
+        QDialog::accept();
 }
 
 void NumberDialog::setSummary(std::function<QString()> summary)

@@ -3,6 +3,7 @@
 
 #include <QDialog>
 #include <functional>
+#include <vector>
 
 class QFormLayout;
 class QLabel;
@@ -24,10 +25,14 @@ public:
     /// A line below the numbers, asked for after each change.
     void setSummary(std::function<QString()> summary);
 
+    /// Stays open while one of the numbers cannot be taken.
+    void accept() override;
+
 private:
     void refresh();
 
     QFormLayout* m_numbers;
+    std::vector<NumberField*> m_fields;
     QLabel* m_summaryLabel;
     std::function<QString()> m_summary;
 };
