@@ -6,6 +6,7 @@
 #include "items/item_decoding.h"
 
 #include <algorithm>
+#include <string_view>
 #include <unordered_set>
 #include <utility>
 #include <vector>
@@ -38,21 +39,39 @@ bool repeatsTooMuch(const Project& project)
     return false;
 }
 
+bool startsWith(const Bytes& bytes, std::string_view magic)
+{
+    return bytes.size() >= magic.size() && std::equal(magic.begin(), magic.end(), bytes.begin(), [](char a, auto b) {
+               return static_cast<unsigned char>(a) == b;
+           });
+}
+
+/// The first bytes of PNG, JPEG, GIF, TIFF of both orders and PSD files.
+bool isPicture(const Bytes& bytes)
+{
+    constexpr std::string_view kMagics[]{"\x89PNG", "\xFF\xD8\xFF", "GIF8", "II*", "MM", "8BPS"};
+    return std::ranges::any_of(kMagics, [&](std::string_view magic) { return startsWith(bytes, magic); });
+}
+
 } // namespace
 
 Expected<Project> readProject(Bytes bytes, const Report& report)
 {
+    if (isPicture(bytes))
+        return failure("this is a picture, not a project");
+    if (!startsWith(bytes, "bplist"))
+        return failure("this is not a project");
     const auto root = KeyedUnarchiver::rootObject(std::move(bytes));
     if (!root)
-        return tl::unexpected(root.error());
+        return failure("the project is damaged or cut off: " + root.error().message);
     const auto elements = root->elements();
     if (!elements || elements->size() != 3)
-        return failure("not a project file");
+        return failure("this is not a project, though the same kind of file");
 
     const auto height = (*elements)[0].intValue();
     const auto width = (*elements)[1].intValue();
     if (!height || !width)
-        return failure("not a project file");
+        return failure("this is not a project, though the same kind of file");
     auto items = decodeItems((*elements)[2], report);
     if (!items)
         return tl::unexpected(items.error());

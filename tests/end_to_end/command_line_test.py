@@ -100,7 +100,7 @@ Missing image files:
         for code, words, reason in [
                 (1, ["export", "gone.mpr", *png], "gone.mpr: No such file or directory"),
                 (1, ["info", "gone.mpr"], "gone.mpr: No such file or directory"),
-                (1, ["export", "notes.txt", *png], "notes.txt: the file is not a binary property list"),
+                (1, ["export", "notes.txt", *png], "notes.txt: this is not a project"),
                 (1, ["export", "pipe", *png], "pipe: not a regular file"),
                 (1, ["export", "empty.mpr", *png], "empty.mpr: no picture of 0 x 1080 pixels can be made"),
                 (1, ["export", "--png", "no/such/folder.png"], "no/such/folder.png: No such file or directory"),

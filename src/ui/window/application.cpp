@@ -35,7 +35,7 @@ Application::Application(RunLoop& runLoop, Panels& panels, QtRecentDocuments& re
     , m_recentDocuments(recentDocuments)
     , m_mainWindow(m_delegate, m_history, recentDocuments, m_outputWindow)
 {
-    connect(&m_log, &WindowLog::logged, &m_mainWindow, &MainWindow::showMessage);
+    connect(&m_log, &WindowLog::logged, &m_mainWindow, &MainWindow::showFailure);
     qApp->installEventFilter(this);
 }
 

@@ -14,6 +14,7 @@
 #include "ui/window/file_menu.h"
 #include "ui/window/layer_actions.h"
 #include "ui/window/layer_reports.h"
+#include "ui/window/message_bar.h"
 #include "ui/window/output_controls.h"
 #include "ui/window/output_window.h"
 #include "ui/window/undo_actions.h"
@@ -167,7 +168,14 @@ QWidget* MainWindow::makeOutput()
     m_miniPvw = new PreviewSurface(m_delegate);
     m_miniPvw->setAccessibleName(tr("Output preview"));
     m_miniPvw->setMinimumSize(240, 135);
-    return m_miniPvw;
+    m_failures = new MessageBar;
+    auto* box = new QWidget;
+    auto* layout = new QVBoxLayout(box);
+    layout->setContentsMargins({});
+    layout->setSpacing(0);
+    layout->addWidget(m_failures);
+    layout->addWidget(m_miniPvw, 1);
+    return box;
 }
 
 QWidget* MainWindow::makeFields()
@@ -249,6 +257,11 @@ void MainWindow::refreshStatus()
 void MainWindow::showMessage(const QString& line)
 {
     statusBar()->showMessage(shownText(line, kLongestMessage), kMessageMilliseconds);
+}
+
+void MainWindow::showFailure(const QString& line)
+{
+    m_failures->showMessage(line);
 }
 
 void MainWindow::makeFileMenu()

@@ -20,6 +20,7 @@ class FileMenu;
 class Inspector;
 class ItemTable;
 class LayerActions;
+class MessageBar;
 class OutputWindow;
 class PreviewSurface;
 class QtRecentDocuments;
@@ -51,6 +52,8 @@ public:
     void setSaved(bool saved);
     /// Shows a line in the status bar for a while.
     void showMessage(const QString& line);
+    /// Shows what failed above the preview, until it is dismissed.
+    void showFailure(const QString& line);
 
 signals:
     /// Before an action that opens a file panel.
@@ -92,6 +95,7 @@ private:
     ItemTable* m_table = nullptr;
     ItemTable* m_ptable = nullptr;
     PreviewSurface* m_miniPvw = nullptr;
+    MessageBar* m_failures = nullptr;
     QWidget* m_fields = nullptr; // of the output and of the selected layer
     Inspector* m_inspector = nullptr;
     LayerActions* m_layerActions = nullptr;

@@ -3,6 +3,7 @@
 #include "ui/program_under_test.h"
 #include "ui/recovery/recovery.h"
 #include "ui/recovery/recovery_bar.h"
+#include "ui/window/message_bar.h"
 
 #include <new>
 
@@ -217,7 +218,7 @@ private slots:
                      throw std::bad_alloc();
                  }),
                  launched);
-        QVERIFY(program.window().statusBar()->currentMessage().contains("memory"));
+        QVERIFY(program.window().findChild<MessageBar*>()->accessibleName().contains("memory"));
         QCOMPARE(outputAfter([&] {
                      program.delegate().setOutputWidth(5);
                      QEvent within(QEvent::User);

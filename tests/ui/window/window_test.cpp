@@ -6,6 +6,7 @@
 #include "ui/program_under_test.h"
 #include "ui/theme/appearance_action.h"
 #include "ui/theme/theme.h"
+#include "ui/window/message_bar.h"
 
 #include <cmath>
 #include <limits>
@@ -176,7 +177,11 @@ private slots:
         QCOMPARE(drop({}), QString("refused"));
         QCOMPARE(drop({QUrl("https://example.org/logo.png")}), QString("refused"));
         QCOMPARE(drop({file("notes.txt")}), QString("changed"));
-        QVERIFY(program.window().statusBar()->currentMessage().contains("notes.txt"));
+        auto* bar = program.window().findChild<MessageBar*>();
+        QVERIFY(bar->isVisible());
+        QVERIFY(bar->accessibleName().endsWith("notes.txt: this is not a project"));
+        program.find<QToolButton>("Dismiss")->click();
+        QVERIFY(!bar->isVisible());
         QCOMPARE(drop({file("a wall.mpr"), file("logo #1.png")}), QString("Layer 0, "));
         const auto* still = dynamic_cast<GXStill*>(&program.item(1)); // below the first row, as the Add sheet's
         QCOMPARE(fileName(still->ImageURL()), QString("logo #1.png"));
