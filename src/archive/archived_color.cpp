@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "archive/archived_color.h"
 
-#include "archive/archive_reader.h"
-#include "archive/archived_entry.h"
 #include "archive/component_text.h"
+#include "archive/keyed_decoder.h"
+#include "archive/property_list.h"
 
 #include <algorithm>
 #include <utility>
@@ -61,70 +61,71 @@ std::optional<Space> paintableSpace(std::int32_t id, std::int32_t spaceId)
     }
 }
 
-// What cannot be read is taken for left out, as it is in a copy of the record.
+// What cannot be read is taken for left out, as it is in a copy of the record: each read has a decoder of its own.
 
-std::int32_t integer(ArchiveReader& reader, const PlistObject& record, std::string_view key)
+std::int32_t integer(const ArchivedObject& record, std::string_view key)
 {
-    return reader.integer(record, key).value_or(0);
+    return KeyedDecoder(record).decodeInt(key);
 }
 
-std::span<const std::uint8_t> data(ArchiveReader& reader, const PlistObject& record, std::string_view key)
+std::span<const std::uint8_t> bytes(const ArchivedObject& record, std::string_view key)
 {
-    return reader.data(record, key).value_or(std::span<const std::uint8_t>());
+    return KeyedDecoder(record).decodeBytes(key);
 }
 
-/// The entry whose components are painted: the colour itself, or what a chain of named colours stands for; 0 when that
-/// is no colour or never ends.
-std::uint32_t paintedEntry(ArchiveReader& reader, std::uint32_t uid)
+std::optional<ArchivedObject> object(const ArchivedObject& record, std::string_view key, std::string_view className)
 {
-    for (int i = 0; i < kLongestNameChain; ++i) {
-        const PlistObject entry = reader.archive()->entry(uid);
-        if (integer(reader, entry, "NSColorSpace") != kNamed)
-            return uid;
-        uid = reader.reference(entry, "NSColor").value_or(0);
-        if (uid == 0 || reader.classAmong(reader.archive()->entry(uid), {"NSColor"}).empty())
-            return 0;
+    auto object = KeyedDecoder(record).decodeObject(key);
+    return object && !object->classAmong({className}).empty() ? object : std::nullopt;
+}
+
+/// The record whose components are painted: the colour itself, or what a chain of named colours stands for; nothing
+/// when that is no colour or never ends.
+std::optional<ArchivedObject> paintedRecord(const ArchivedObject& color)
+{
+    std::optional<ArchivedObject> record = color;
+    for (int i = 0; i < kLongestNameChain && record; ++i) {
+        if (integer(*record, "NSColorSpace") != kNamed)
+            return record;
+        record = object(*record, "NSColor", "NSColor");
     }
-    return 0;
+    return std::nullopt;
 }
 
 /// The components in the colour's own space, where those can be painted; nothing where the converted ones are wanted.
-std::optional<Painted> ownComponents(ArchiveReader& reader, const PlistObject& entry)
+std::optional<Painted> ownComponents(const ArchivedObject& record)
 {
-    const std::uint32_t uid = reader.reference(entry, "NSCustomColorSpace").value_or(0);
-    const auto bytes = data(reader, entry, "NSComponents");
-    if (uid == 0 || bytes.empty())
+    const auto text = bytes(record, "NSComponents");
+    const auto colorSpace = text.empty() ? std::nullopt : object(record, "NSCustomColorSpace", "NSColorSpace");
+    if (!colorSpace)
         return std::nullopt;
-    const PlistObject colorSpace = reader.archive()->entry(uid);
-    if (reader.classAmong(colorSpace, {"NSColorSpace"}).empty())
-        return std::nullopt;
-    const auto space = paintableSpace(integer(reader, colorSpace, "NSID"), integer(reader, colorSpace, "NSSpaceID"));
+    const auto space = paintableSpace(integer(*colorSpace, "NSID"), integer(*colorSpace, "NSSpaceID"));
     if (!space)
         return std::nullopt;
-    return Painted{*space, ComponentText::parse(bytes, componentCount(*space))};
+    return Painted{*space, ComponentText::parse(text, componentCount(*space))};
 }
 
-Painted paintedComponents(ArchiveReader& reader, const PlistObject& entry)
+Painted paintedComponents(const ArchivedObject& record)
 {
-    const auto space = spaceOf(integer(reader, entry, "NSColorSpace"));
+    const auto space = spaceOf(integer(record, "NSColorSpace"));
     if (!space)
         return {};
-    if (const auto own = ownComponents(reader, entry))
+    if (const auto own = ownComponents(record))
         return *own;
-    const auto bytes = data(reader, entry, plainColorForm(*space).componentKey);
-    return {*space, ComponentText::parse(bytes, componentCount(*space))};
+    const auto text = bytes(record, plainColorForm(*space).componentKey);
+    return {*space, ComponentText::parse(text, componentCount(*space))};
 }
 
 /// Whether the archiver would write just this record for these components: three keys (with $class), the same text.
-bool isPlain(ArchiveReader& reader, const PlistObject& entry, const Painted& painted)
+bool isPlain(const ArchivedObject& record, const Painted& painted)
 {
     const PlainColorForm plain = plainColorForm(painted.space);
-    const auto bytes = reader.data(entry, plain.componentKey);
-    if (entry.size() != 3 || !bytes || reader.className(entry) != "NSColor" ||
-        integer(reader, entry, "NSColorSpace") != plain.colorSpace)
+    if (record.entry().size() != 3 || record.className() != "NSColor" ||
+        integer(record, "NSColorSpace") != plain.colorSpace)
         return false;
+    const auto archived = bytes(record, plain.componentKey);
     const std::string text = painted.numbers.format(componentCount(painted.space));
-    return std::equal(bytes->begin(), bytes->end(), text.begin(), text.end());
+    return std::equal(archived.begin(), archived.end(), text.begin(), text.end());
 }
 
 } // namespace
@@ -146,15 +147,13 @@ PlainColorForm plainColorForm(Color::Space space)
     return {5, "NSCMYK"};
 }
 
-ColorRef readColor(ArchiveReader& reader, std::uint32_t uid)
+ColorRef readColor(const ArchivedObject& record)
 {
-    const std::uint32_t entryUid = paintedEntry(reader, uid);
-    const Painted painted = entryUid == 0 ? Painted() : paintedComponents(reader, reader.archive()->entry(entryUid));
-    std::shared_ptr<const ArchivedForm> form;
-    if (entryUid != uid || !isPlain(reader, reader.archive()->entry(uid), painted))
-        form = std::make_shared<ArchivedEntry>(reader.archive(), uid);
+    const auto source = paintedRecord(record);
+    const Painted painted = source ? paintedComponents(*source) : Painted();
+    const bool isItself = source && source->id() == record.id();
     return std::make_shared<const Color>(painted.space, painted.numbers.components, painted.numbers.alpha,
-                                         std::move(form));
+                                         isItself && isPlain(record, painted) ? nullptr : record.archivedForm());
 }
 
 } // namespace wallgrid

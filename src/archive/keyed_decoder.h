@@ -6,7 +6,9 @@
 #include "base/url.h"
 #include "graphics/color.h"
 
+#include <initializer_list>
 #include <optional>
+#include <span>
 #include <vector>
 
 namespace wallgrid {
@@ -25,18 +27,24 @@ public:
     std::int32_t decodeInt(std::string_view key);
     /// A boolean, or an integer that is not 0; an error when it is of another kind.
     bool decodeBool(std::string_view key);
+    /// Bytes that stand in the record itself; valid as long as the archive is.
+    std::span<const std::uint8_t> decodeBytes(std::string_view key);
     // Errors: a reference to no object of the archive, or to one of another class.
+    std::optional<ArchivedObject> decodeObject(std::string_view key);
     StringRef decodeString(std::string_view key);
     ColorRef decodeColor(std::string_view key);
-    /// See ArchiveReader::url().
+    /// Of a location that is not read as it stands see ArchivedUrls.
     UrlRef decodeUrl(std::string_view key);
     std::vector<std::uint8_t> decodeData(std::string_view key);
 
     const std::optional<Error>& error() const { return m_error; }
 
 private:
-    template <class T>
-    T read(Expected<T> (ArchiveReader::*method)(const PlistObject&, std::string_view), std::string_view key);
+    /// Nothing also after a failure.
+    std::optional<PlistObject> value(std::string_view key);
+    void fail(std::string_view key, std::string_view reason);
+    void failOfClass(std::string_view key, const ArchivedObject& object);
+    bool expectClass(const ArchivedObject& object, std::initializer_list<std::string_view> known, std::string_view key);
 
     ArchivedObject m_record;
     std::optional<Error> m_error;

@@ -15,7 +15,8 @@
 namespace wallgrid {
 
 class ArchiveReader;
-class KeyedDecoder;
+class ArchivedForm;
+class PlistObject;
 
 /// One archived object: a cheap handle that shares the archive it stands in. Handles are never nil, for neither a root
 /// nor an element of an array may be.
@@ -40,6 +41,11 @@ public:
     /// A number of any width, cut to its low 32 bits; a real is cut to its whole part and held within 32 bits. Fails
     /// on what is not a number.
     Expected<std::int32_t> intValue() const;
+
+    /// The object as it stands in the archive's property list; valid as long as the archive is.
+    PlistObject entry() const;
+    /// This object for an archive that is written: it keeps the archive.
+    std::shared_ptr<const ArchivedForm> archivedForm() const;
 
 private:
     friend class KeyedUnarchiver;

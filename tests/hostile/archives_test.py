@@ -192,8 +192,9 @@ class Archives(unittest.TestCase):
         for (text, file), project, copy in zip(texts.items(), found, copies):
             self.assertEqual(project["items"][1]["imageFile"], file)
             self.assertIn(text, plistlib.loads(copy)["$objects"])
-        for name, data, copy in zip([*texts, *corpus.ODDITIES], files, copies, strict=True):
+        for name, data, project, copy in zip([*texts, *corpus.ODDITIES], files, found, copies, strict=True):
             self.assertFalse(records(data) - records(copy), name)
+            self.assertTrue("URL" not in name or project["items"][1]["imageFile"] == "none", name)
         self.assertEqual(self.open_files(copies)[1], copies)
 
     def test_relative_urls_are_read_within_reason(self):

@@ -223,6 +223,9 @@ ODDITIES = {
     "named colour of a string": lambda p: p.set(COLOUR, NSColorSpace=p.integer(6), NSColor=p.uid(LABEL)),
     "named colours without end": lambda p: p.set(
         SCREEN, rectcolor=p.uid(chain(p, COLOUR_CLASS, "NSColor", COLOUR, 20000, NSColorSpace=p.integer(6)))),
+    "URL on a string": lambda p: p.set(LINK, NS_base=p.uid(LINK_TEXT)),
+    "URL on a base with a base": lambda p: p.set(
+        STILL, imageURL=p.uid(chain(p, LINK_CLASS, "NS_base", LINK, 2, NS_relative=p.uid(LINK_TEXT)))),
     "URL based on itself": lambda p: p.set(LINK, NS_base=p.uid(LINK)),
     "two URLs based on each other": lambda p: p.set(
         LINK, NS_base=p.uid(p.record(LINK_CLASS, NS_base=p.uid(LINK), NS_relative=p.uid(LINK_TEXT)))),
@@ -236,10 +239,8 @@ def twice(p):
     p.entries[SCREEN] = p.dictionary([*fields, (p.key("col"), p.text("second"))])
 
 
-def with_bases(p):
-    url = p.record(LINK_CLASS, NS_relative=p.uid(p.add(p.text("file:///x/y"))))
-    url = chain(p, LINK_CLASS, "NS_base", url, 30, NS_relative=p.uid(p.add(p.text("../w/./z"))))
-    p.set(LINK, NS_base=p.uid(url))
+def with_base(p):
+    p.set(LINK, NS_base=p.uid(p.record(LINK_CLASS, NS_relative=p.uid(p.add(p.text("file:///x/y"))))))
     p.entries[LINK_TEXT] = p.text("../w/a%20b.png")
 
 
@@ -274,7 +275,7 @@ FORMS = {
     "named colour": lambda p: p.set(SCREEN, rectcolor=p.uid(named_colour(
         p, COLOUR, NSCatalogName=p.uid(p.add(p.text("System"))), NSColorName=p.uid(p.add(p.text("controlColor")))))),
     "file on localhost": lambda p: p.entries.__setitem__(LINK_TEXT, p.text("file://localhost/w/a%20b.png")),
-    "URL with bases": with_bases,
+    "URL with a base": with_base,
     "URL with a bookmark": lambda p: p.set(LINK, NS_minimalBookmarkData=p.uid(p.add(p.data(b"book")))),
 }
 
