@@ -86,6 +86,8 @@ public:
         std::string_view archiveKey; ///< lower case, and not always the property's name
         std::variant<std::int32_t GXItem::*, bool GXItem::*, ColorRef GXItem::*, StringRef GXItem::*> member;
         bool observed; ///< the controller renders and composes again when it changes
+        /// Whether the picture of a screen depends on it: never, always, or while a switch is on.
+        std::variant<bool, bool GXItem::*> drawn;
     };
     static std::span<const Field> fields();
 

@@ -5,7 +5,6 @@
 #include "graphics/bitmap.h"
 #include "items/gx_item.h"
 
-#include <array>
 #include <cstdint>
 #include <memory>
 #include <string>
@@ -45,21 +44,14 @@ public:
 
 private:
     /// All that a picture of the screen depends on.
-    struct Look {
-        std::array<std::int32_t, 10> lengths{};
-        std::array<bool, 5> switches{};
-        std::array<ColorRef, 3> colors;
-        bool operator==(const Look&) const = default;
-    };
-
-    Look look() const;
+    std::vector<FieldValue> look() const;
     BitmapRef drawn() const;
     void drawPanels(GraphicsContext& context, std::int64_t columns, std::int64_t rows) const;
     void drawTexts(GraphicsContext& context) const;
     void drawCircle(GraphicsContext& context) const;
 
     BitmapRef m_offscreenRep;
-    Look m_drawnLook; ///< of m_offscreenRep
+    std::vector<FieldValue> m_drawnLook; ///< of m_offscreenRep
 };
 
 } // namespace wallgrid

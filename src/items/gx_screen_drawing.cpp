@@ -28,7 +28,7 @@ void GXScreen::drawInRect()
 {
     m_screenSizeHeight = wrappedProduct(m_row, m_panelHeight);
     m_screenSizeWidth = wrappedProduct(m_col, m_panelWidth);
-    Look now = look();
+    std::vector<FieldValue> now = look();
     if (m_offscreenRep && m_thumbnail && m_thumbnail->firstRepresentation() == m_offscreenRep && now == m_drawnLook) {
         m_thumbnail = std::make_shared<Image>(*m_thumbnail);
         return;
@@ -43,13 +43,16 @@ void GXScreen::drawInRect()
     m_thumbnail->addRepresentation(m_offscreenRep);
 }
 
-GXScreen::Look GXScreen::look() const
+std::vector<GXItem::FieldValue> GXScreen::look() const
 {
-    // The place shows only in the text that names it.
-    return {{m_row, m_col, m_panelWidth, m_panelHeight, m_boarderWidth, m_circleBWidth, m_screenFontSize, m_XYFontSize,
-             m_XYFontEnable ? m_xpoint : 0, m_XYFontEnable ? m_ypoint : 0},
-            {m_bgEnable, m_BoarderEnable, m_screenFontEnable, m_XYFontEnable, m_CircleEnable},
-            {m_rectColor, m_boarderColor, m_circleColor}};
+    std::vector<FieldValue> look;
+    look.reserve(fields().size());
+    for (const Field& field : fields()) {
+        const auto* alone = std::get_if<bool>(&field.drawn);
+        const bool isDrawn = alone ? *alone : this->*std::get<bool GXItem::*>(field.drawn);
+        look.push_back(isDrawn ? value(field) : FieldValue());
+    }
+    return look;
 }
 
 /// Empty when there is nothing to draw, or no memory.
