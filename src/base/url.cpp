@@ -290,12 +290,6 @@ std::string Url::pathExtension() const
                : unescaped(std::string_view(m_text).substr(last.point + 1, last.end - last.point - 1));
 }
 
-Url Url::deletingPathExtension() const
-{
-    const LastComponent last = lastComponent(m_text);
-    return Url(std::string(m_text).erase(last.point, last.end - last.point));
-}
-
 Url Url::appendingPathExtension(std::string_view extension) const
 {
     const LastComponent last = lastComponent(m_text);

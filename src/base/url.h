@@ -43,8 +43,6 @@ public:
     /// What follows the last point of the last path component, escapes undone: "MPR" of "wall.MPR". "" when there is
     /// no point, nothing after it, or nothing before it.
     std::string pathExtension() const;
-    /// Without pathExtension() and its point; the same URL when there is none.
-    Url deletingPathExtension() const;
     /// With a further extension on the last path component ("wall.MPR" becomes "wall.MPR.mpr").
     Url appendingPathExtension(std::string_view extension) const;
 

@@ -37,7 +37,8 @@ struct KPPSDResolution {
 ///     KPPSDError error;
 ///     const ByteBuffer file = writer->createPSDDataWithError(&error);
 ///
-/// Works on one thread. Error slots may be null.
+/// Works on one thread. Error slots may be null. Effects, groups, profiles and picture settings that this program does
+/// not use are part of the library's interface, too.
 class KPPSDWriter {
 public:
     using LayerRef = std::shared_ptr<KPPSDLayer>;

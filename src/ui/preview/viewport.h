@@ -22,7 +22,6 @@ public:
     QSize raster() const { return m_raster; }
 
     void fit();
-    bool isFitted() const { return m_fitted; }
     /// Device pixels for each pixel of the raster.
     double scale() const { return m_scale; }
     /// The point of the raster that is at a point of the view stays there. The scale is kept within what makes sense.

@@ -85,7 +85,6 @@ TEST(Viewport, staysFittedUntilTheUserZooms)
     viewport.zoomTo(1, viewport.center());
     const QPointF middle = viewport.toRaster(viewport.center());
     viewport.setView({700, 300}, 12);
-    EXPECT_FALSE(viewport.isFitted());
     EXPECT_EQ(viewport.scale(), 1);
     EXPECT_EQ(viewport.toRaster(viewport.center()), middle);
 }
