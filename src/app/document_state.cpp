@@ -252,7 +252,7 @@ void releaseAbsentPictures(const DocumentState& before, const DocumentState& aft
 DocumentChange changeBetween(const DocumentState& before, const DocumentState& after)
 {
     if (before.file != after.file)
-        return {DocumentChange::What::Replaced};
+        return {.what = DocumentChange::What::Replaced, .opened = after.file->location != nullptr};
     if (!sameItems(before.layers, after.layers))
         return {listChange(before.layers, after.layers)};
     if (!sameItems(before.presets, after.presets))

@@ -64,6 +64,7 @@ struct DocumentChange {
     /// Of a Property the name that observers are told, "position" for both coordinates, "panelSize" for both sides of a
     /// panel, "outputSize" for both of the output, and "" for several at once.
     std::string_view property = {};
+    bool opened = false;                   ///< a document Replaced: by that of a project file
     bool gradual = false;                  ///< a property that is typed or dragged to its value, not switched
     std::vector<const GXItem*> items = {}; ///< of a Property: in list order, none when it is the document's own
 

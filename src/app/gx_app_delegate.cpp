@@ -43,12 +43,12 @@ void GXAppDelegate::awakeFromNib()
 void GXAppDelegate::applicationDidFinishLaunching()
 {
     // The counter itself is not advanced: the first screen that is added becomes Layer 1.
-    auto defaultItem = makeDefaultScreen(numberedName(u"Layer ", m_screenNumber));
+    Project project = makeLaunchProject(m_screenNumber);
     auto presets = makePresets();
-    setOutputHeight(1080);
-    setOutputWidth(1920);
+    setOutputHeight(project.outputHeight);
+    setOutputWidth(project.outputWidth);
     m_shouldUpdate = true;
-    setAllScreensArray(std::make_shared<ItemArray>(ItemArray{std::move(defaultItem)}));
+    setAllScreensArray(std::make_shared<ItemArray>(std::move(project.items)));
     setPresetScreensArray(std::make_shared<ItemArray>(std::move(presets)));
     for (TableView* table : {m_outlets.table, m_outlets.ptable}) {
         if (table)

@@ -10,8 +10,8 @@
 namespace wallgrid {
 
 /// A preset table's controller that keeps its own list and reorders it by drag and drop, without an array controller:
-/// nobody is told of a change, only the table is reloaded. Part of the library's interface: the main window's preset table does
-/// not need it.
+/// nobody is told of a change, only the table is reloaded. Part of the library's interface: the main window's preset
+/// table does not need it.
 class GXPresets final : public TableDelegate {
 public:
     using ItemArrayRef = std::shared_ptr<ItemArray>;

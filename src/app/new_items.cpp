@@ -17,6 +17,11 @@ ScreenRef makeDefaultScreen(StringRef label)
                                  true, std::move(label), false, 0, 0);
 }
 
+Project makeLaunchProject(std::int32_t number)
+{
+    return {1080, 1920, {makeDefaultScreen(numberedName(u"Layer ", number))}};
+}
+
 ItemArray makePresets()
 {
     const ColorRef red = Color::redColor();

@@ -2,7 +2,7 @@
 #include "app/arrangement.h"
 #include "app/layer_copies.h"
 #include "app/overlaps.h"
-#include "scripted_desktop.h"
+#include "scripted_program.h"
 
 #include <algorithm>
 #include <random>
@@ -22,7 +22,7 @@ ScreenRef wall(std::u16string name, int x, int y, int width, int height)
 }
 
 /// Three walls, all selected, in an output of 200 × 100.
-class LayerCommands : public ScriptedDesktop {
+class LayerCommands : public ScriptedProgram {
 protected:
     LayerCommands()
     {

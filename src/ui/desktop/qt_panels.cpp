@@ -88,13 +88,17 @@ bool QtPanels::mayReplace(const QString& path, const PanelPurpose& purpose)
         tr("“%1” exists already. Do you want to replace it?").arg(shownText(QFileInfo(path).fileName())),
         QMessageBox::Yes | QMessageBox::No, QApplication::activeWindow());
     question.setTextFormat(Qt::PlainText);
-    question.setDefaultButton(QMessageBox::No);
+    question.setDefaultButton(path == purpose.own ? QMessageBox::Yes : QMessageBox::No);
     return question.exec() == QMessageBox::Yes;
 }
 
 UrlRef QtPanels::runSavePanel()
 {
     const PanelPurpose purpose = std::exchange(m_purpose, {});
+    if (!purpose.answer.isEmpty()) {
+        purpose.chosen(purpose.answer);
+        return toUrl(purpose.answer);
+    }
     QFileDialog dialog(QApplication::activeWindow());
     setUp(dialog, purpose);
     dialog.setAcceptMode(QFileDialog::AcceptSave);

@@ -28,6 +28,8 @@ struct PanelPurpose {
 
     QString name = {};                               ///< proposed for a new file; may be empty
     QString folder = {};                             ///< where the panel opens; where the last one ended when empty
+    QString own = {};                                ///< a file that is replaced as a rule; Return says yes to it
+    QString answer = {};                             ///< a file that is written without a panel, when not empty
     std::function<void(const QString&)> chosen = {}; ///< told the path of the file that will be written; may be empty
 };
 

@@ -86,9 +86,13 @@ bool PreviewSurface::event(QEvent* event)
 void PreviewSurface::mousePressEvent(QMouseEvent* event)
 {
     ZoomView::mousePressEvent(event);
-    if (isPanning() || m_drag || event->button() != Qt::LeftButton)
+    if (isPanning() || m_drag)
         return;
     const QPointF point = toRaster(event->position());
+    if (event->button() == Qt::RightButton)
+        press(point, {}); // the context menu is about what is there
+    if (event->button() != Qt::LeftButton)
+        return;
     press(point, event->modifiers());
     if (!m_delegate.arraycontroller().selectionIndexes().empty() && itemAt(items(), point))
         m_press = {event->position(), point, event->modifiers().testFlag(Qt::ControlModifier)};

@@ -60,7 +60,7 @@ QString changeName(const DocumentChange& change)
     case DocumentChange::What::Reordered:
         return change.presets ? tr("Reorder Presets") : tr("Reorder");
     case DocumentChange::What::Replaced:
-        return change.presets ? tr("Open Presets") : tr("Open Project");
+        return change.presets ? tr("Open Presets") : change.opened ? tr("Open Project") : tr("New Project");
     case DocumentChange::What::Property: {
         const auto* found = std::find_if(kPropertyNames.begin(), kPropertyNames.end(),
                                          [&](const PropertyName& name) { return name.property == change.property; });

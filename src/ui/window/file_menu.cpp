@@ -29,6 +29,7 @@ FileMenu::FileMenu(GXAppDelegate& delegate, QtRecentDocuments& recentDocuments, 
     , m_delegate(delegate)
     , m_recentDocuments(recentDocuments)
 {
+    addAction(tr("&New Project"), QKeySequence::New, this, &FileMenu::newWanted);
     const QString projects = tr("Projects (*.mpr)");
     addAction(tr("&Open Project…"), QKeySequence::Open, this, [this, projects] {
         emit panelAhead({tr("Open Project"), projects, {}});
@@ -39,6 +40,7 @@ FileMenu::FileMenu(GXAppDelegate& delegate, QtRecentDocuments& recentDocuments, 
     fillRecentMenu();
     addAction(tr("&Save Project…"), QKeySequence::Save, this, [this, projects] {
         PanelPurpose purpose{tr("Save Project"), projects, QStringLiteral("mpr")};
+        purpose.own = m_project;
         purpose.folder = m_project.isEmpty() ? QString() : QFileInfo(m_project).path();
         write(std::move(purpose), &GXAppDelegate::saveProject);
     });
@@ -48,7 +50,9 @@ FileMenu::FileMenu(GXAppDelegate& delegate, QtRecentDocuments& recentDocuments, 
     addAction(tr("&Export PNG…"), QKeySequence(Qt::CTRL | Qt::Key_E), this, [this] {
         write({tr("Export PNG"), tr("PNG images (*.png)"), QStringLiteral("png")}, &GXAppDelegate::saveAction);
     });
-    addAction(tr("Export &Layered PSD…"), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_E), this, &FileMenu::exportPsd);
+    addAction(tr("Export &Layered PSD…"), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_E), this,
+              [this] { exportPsd(); });
+    addAction(tr("Export A&gain"), QKeySequence(Qt::CTRL | Qt::ALT | Qt::Key_E), this, &FileMenu::exportAgain);
     addSeparator();
     addAction(tr("&Quit"), QKeySequence(Qt::CTRL | Qt::Key_Q), this, &FileMenu::quitWanted)
         ->setMenuRole(QAction::QuitRole);
@@ -82,7 +86,20 @@ void FileMenu::exportPsd()
     m_delegate.setPSDLocationIsWhole(false);
 }
 
-void FileMenu::write(PanelPurpose purpose, void (GXAppDelegate::*action)())
+void FileMenu::exportAgain()
+{
+    if (!m_lastExportAction) {
+        emit messageWanted(tr("Nothing was exported yet."));
+        return;
+    }
+    PanelPurpose purpose;
+    purpose.answer = m_lastExport;
+    m_delegate.setPSDLocationIsWhole(true);
+    write(std::move(purpose), m_lastExportAction);
+    m_delegate.setPSDLocationIsWhole(false);
+}
+
+void FileMenu::write(PanelPurpose purpose, Action action)
 {
     // Shared, because nobody knows how long the panels keep the purpose.
     const auto chosen = std::make_shared<QString>();
@@ -93,8 +110,13 @@ void FileMenu::write(PanelPurpose purpose, void (GXAppDelegate::*action)())
     (m_delegate.*action)();
     // What failed has said so itself, and has left an older file or none.
     const QFileInfo file(*chosen);
-    if (!chosen->isEmpty() && file.exists() && file.lastModified() >= before)
-        emit messageWanted(tr("Written: %1").arg(shownText(file.filePath())));
+    if (chosen->isEmpty() || !file.exists() || file.lastModified() < before)
+        return;
+    emit messageWanted(tr("Written: %1").arg(shownText(file.filePath())));
+    if (action != &GXAppDelegate::saveProject) {
+        m_lastExport = file.filePath();
+        m_lastExportAction = action;
+    }
 }
 
 } // namespace wallgrid

@@ -25,6 +25,8 @@ public:
 signals:
     /// Before an action that opens a file panel.
     void panelAhead(const wallgrid::PanelPurpose& purpose);
+    /// The document is to be as at launch.
+    void newWanted();
     void openWanted(const std::string& location);
     void messageWanted(const QString& line);
     void quitWanted();
@@ -32,12 +34,17 @@ signals:
 private:
     void fillRecentMenu();
     void exportPsd();
-    void write(PanelPurpose purpose, void (GXAppDelegate::*action)());
+    using Action = void (GXAppDelegate::*)();
+    void write(PanelPurpose purpose, Action action);
+    /// Writes the last export again, to the same file, without a panel.
+    void exportAgain();
 
     GXAppDelegate& m_delegate;
     QtRecentDocuments& m_recentDocuments;
     QMenu* m_recentMenu;
     QString m_project;
+    QString m_lastExport; ///< the path of the file
+    Action m_lastExportAction = nullptr;
 };
 
 } // namespace wallgrid

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ui/window/main_window.h"
 
+#include "app/new_items.h"
 #include "ui/base/heading.h"
 #include "ui/base/shown_text.h"
 #include "ui/desktop/qt_recent_documents.h"
@@ -269,6 +270,7 @@ void MainWindow::makeFileMenu()
     m_fileMenu = new FileMenu(m_delegate, m_recentDocuments, {m_openPresets, m_savePresets}, this);
     menuBar()->addMenu(m_fileMenu);
     connect(m_fileMenu, &FileMenu::panelAhead, this, &MainWindow::panelAhead);
+    connect(m_fileMenu, &FileMenu::newWanted, this, &MainWindow::startNew);
     connect(m_fileMenu, &FileMenu::openWanted, this, &MainWindow::open);
     connect(m_fileMenu, &FileMenu::messageWanted, this, &MainWindow::showMessage);
     connect(m_fileMenu, &FileMenu::quitWanted, this, &QWidget::close);
@@ -280,6 +282,15 @@ void MainWindow::open(const std::string& location)
 {
     m_history.commit();
     m_delegate.applicationOpenFile(location);
+    m_history.commit();
+}
+
+void MainWindow::startNew()
+{
+    m_history.commit();
+    m_delegate.setBgColor(nullptr);
+    m_delegate.setEdgeColor(nullptr);
+    m_delegate.loadProject(makeLaunchProject(0));
     m_history.commit();
 }
 
@@ -333,6 +344,10 @@ void MainWindow::makeEditMenu()
             editedTable().renameSelection();
     });
     menu->addAction(tr("Re&move"), QKeySequence::Delete, this, [this] { emit editedTable().removalWanted(); });
+    for (QWidget* view : std::initializer_list<QWidget*>{m_table, m_ptable, m_miniPvw}) {
+        view->setContextMenuPolicy(Qt::ActionsContextMenu);
+        view->addActions(menu->actions().mid(2)); // without Undo and Redo
+    }
 }
 
 bool MainWindow::hasSelection(const ItemTable& table)

@@ -76,6 +76,7 @@ private:
     void makeToolBar();
     void makeViewMenu();
     void makeHelpMenu();
+    void startNew();
     void nameProject();
     /// Says so when the list has no selected row.
     bool hasSelection(const ItemTable& table);

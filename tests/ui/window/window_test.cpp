@@ -225,6 +225,12 @@ private slots:
             QCOMPARE(proposed, title().section('.', 0, 0));
         };
         UndoHistory& history = program.application.history();
+        program.trigger("&New Project");
+        QCOMPARE(title(), QString("Wallgrid"));
+        QCOMPARE(program.layers(), QStringList("Layer 0"));
+        QVERIFY(program.action("&Undo New Project"));
+        history.undo();
+        expect("other.mpr[*]");
         history.undo();
         expect("stage.mpr[*]+");
         history.undo();
@@ -291,6 +297,10 @@ private slots:
         connect(&program.window(), &MainWindow::panelAhead, this, [&](const PanelPurpose& purpose) {
             offered = purpose.option.text;
             panels.prepare(purpose);
+            if (!purpose.answer.isEmpty()) {
+                program.panels.answer = panels.runSavePanel();
+                return;
+            }
             whenAsked<QFileDialog>([&](QFileDialog& dialog) {
                 if (auto* box = dialog.findChild<QCheckBox*>())
                     box->setChecked(wanted);
@@ -310,6 +320,10 @@ private slots:
         QCOMPARE(numbered(), 0);
         wanted = true;
         QCOMPARE(numbered(), 1);
+        QVERIFY(QFile::remove(program.path("wall.psd")));
+        program.panels.answer = nullptr;
+        program.trigger("Export A&gain");
+        QVERIFY(QFile::exists(program.path("wall.psd")));
     }
 
     void theOutputWindowComesAndGoes()
@@ -374,6 +388,8 @@ private slots:
                 if (answer) {
                     whenAsked<QMessageBox>([answer = *answer](QMessageBox& question) {
                         QVERIFY(question.text().contains("wall."));
+                        const bool isOwn = question.text().contains("wall.mpr");
+                        QCOMPARE(question.defaultButton(), question.button(isOwn ? QMessageBox::Yes : QMessageBox::No));
                         if (answer == QMessageBox::No)
                             whenAsked<QFileDialog>([](QFileDialog& again) { again.reject(); });
                         question.button(answer)->click();
@@ -383,7 +399,9 @@ private slots:
             });
         };
         const auto save = [&] {
-            panels.prepare({"Save", "Projects (*.mpr)", "mpr"});
+            PanelPurpose purpose{"Save", "Projects (*.mpr)", "mpr"};
+            purpose.own = folder.filePath("wall.mpr");
+            panels.prepare(purpose);
             return fileName(panels.runSavePanel());
         };
         choose(folder.filePath("wall.txt")); // will be wall.txt.mpr
