@@ -12,7 +12,7 @@ Request parseCommandLine(int argc, const char* const* argv, std::ostream& out, s
     CLI::App app("Wallgrid builds pixel-map test images for LED video walls.\n"
                  "Without a command it opens its window.",
                  "wallgrid");
-    app.set_version_flag("--version", "wallgrid " WALLGRID_VERSION, "Print the version and exit");
+    app.set_version_flag("-V,--version", "wallgrid " WALLGRID_VERSION, "Print the version and exit");
     app.set_help_flag("-h,--help", "Print this help and exit");
     app.require_subcommand(0, 1);
 
@@ -21,16 +21,22 @@ Request parseCommandLine(int argc, const char* const* argv, std::ostream& out, s
 
     ExportRequest exported;
     CLI::App* exportCommand = app.add_subcommand("export", "Compose a project and write the picture; needs no display");
-    exportCommand->add_option("PROJECT", exported.project, "Project file; without one, the launch document")
+    exportCommand
+        ->add_option("PROJECT", exported.project, "Project file, - is standard input; without one, the launch document")
         ->type_name("");
     exportCommand->add_option("--png", exported.png, "Write the output raster as a PNG; - is standard output")
         ->type_name("FILE");
     exportCommand->add_option("--psd", exported.psd, "Write a layered PSD; - is standard output")->type_name("FILE");
 
+    bool quiet = false; // as it is
+    exportCommand->add_flag("--no-clobber", exported.keepsFiles, "Replace no file that exists");
+    CLI::Option* verbose = exportCommand->add_flag("-v,--verbose", exported.verbose, "Name each file that is written");
+    exportCommand->add_flag("-q,--quiet", quiet, "Say only what failed, as without -v")->excludes(verbose);
+
     InfoRequest info;
     CLI::App* infoCommand = app.add_subcommand("info", "Print what a project holds; needs no display");
-    infoCommand->add_option("PROJECT", info.project, "Project file")->type_name("")->required();
-    infoCommand->add_flag("--json", info.json, "Print JSON");
+    infoCommand->add_option("PROJECT", info.project, "Project file; - is standard input")->type_name("")->required();
+    infoCommand->add_flag("--json", info.json, "Print JSON, also of what failed");
 
     try {
         app.parse(argc, argv);

@@ -15,7 +15,8 @@ enum ExitCode : int {
     kExitWrongUsage = 2, ///< with one line on standard error
 };
 
-/// What the words on the command line ask for. File names are as given; "-" is standard output.
+/// What the words on the command line ask for. File names are as given; "-" is standard input for a project and
+/// standard output for a picture.
 struct WindowRequest {
     std::optional<std::string> file;
 };
@@ -24,11 +25,13 @@ struct ExportRequest {
     std::optional<std::string> project; ///< none: the launch document
     std::optional<std::string> png;
     std::optional<std::string> psd;
+    bool keepsFiles = false; ///< a file that exists is not replaced
+    bool verbose = false;    ///< each file that was read or written is named on standard error
 };
 
 struct InfoRequest {
     std::string project;
-    bool json = false;
+    bool json = false; ///< also of what failed
 };
 
 using Request = std::variant<WindowRequest, ExportRequest, InfoRequest, ExitCode>;

@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "app/gx_app_delegate.h"
 #include "cli/command_line.h"
+#include "cli/project_input.h"
 #include "desktop/headless_desktop.h"
 #include "graphics/bitmap_memory.h"
 #include "png/png_encoder.h"
 
+#include <filesystem>
 #include <ostream>
 #include <string>
 
@@ -46,6 +48,13 @@ Expected<void> writePsd(GXAppDelegate& delegate, const std::string& file, std::o
     return error ? error.result() : writeOutput(psd, out);
 }
 
+/// Names a file that was written.
+void say(const ExportRequest& request, std::ostream& err, const std::string& file)
+{
+    if (request.verbose)
+        err << "wallgrid: " << file << ": written\n";
+}
+
 } // namespace
 
 ExitCode runExport(const ExportRequest& request, std::ostream& out, std::ostream& err)
@@ -58,10 +67,7 @@ ExitCode runExport(const ExportRequest& request, std::ostream& out, std::ostream
 
     const std::string source = request.project.value_or("the launch document");
     if (request.project) {
-        auto bytes = readFile(*request.project);
-        if (!bytes)
-            return fail(err, source, bytes.error().message);
-        const auto project = readProject(std::move(*bytes));
+        const auto project = readProjectInput(*request.project);
         if (!project)
             return fail(err, source, project.error().message);
         delegate.loadProject(*project);
@@ -70,16 +76,23 @@ ExitCode runExport(const ExportRequest& request, std::ostream& out, std::ostream
     }
     if (BitmapMemory::refused() != refusedBefore && delegate.offscreenRep())
         return kExitFailed; // the controller has said so
+    for (const auto& file : {request.png, request.psd}) {
+        std::error_code none;
+        if (request.keepsFiles && file && file != kStandardOutput && std::filesystem::exists(*file, none))
+            return fail(err, *file, "exists already");
+    }
     if (request.png) {
         const auto raster = delegate.rasterToExport();
         if (!raster)
             return fail(err, source, raster.error().message);
         if (const auto written = writePng(**raster, *request.png, out); !written)
             return fail(err, *request.png, written.error().message);
+        say(request, err, *request.png);
     }
     if (request.psd) {
         if (const auto written = writePsd(delegate, *request.psd, out); !written)
             return fail(err, *request.psd, written.error().message);
+        say(request, err, *request.psd);
     }
     return kExitDone;
 }

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "app/project_file.h"
 #include "base/unicode.h"
 #include "cli/command_line.h"
+#include "cli/project_input.h"
 #include "items/gx_still.h"
 
 #include <iomanip>
@@ -51,6 +51,12 @@ struct ItemInfo {
     bool imageMissing() const { return still && !still->thumbnail(); }
 };
 
+/// A path is bytes, not necessarily UTF-8.
+void print(const nlohmann::ordered_json& document, std::ostream& out)
+{
+    out << document.dump(2, ' ', false, nlohmann::json::error_handler_t::replace) << '\n';
+}
+
 void printJson(const Project& project, std::ostream& out)
 {
     auto items = nlohmann::ordered_json::array();
@@ -73,8 +79,7 @@ void printJson(const Project& project, std::ostream& out)
     }
     const nlohmann::ordered_json document = {
         {"outputWidth", project.outputWidth}, {"outputHeight", project.outputHeight}, {"items", std::move(items)}};
-    // A path is bytes, not necessarily UTF-8.
-    out << document.dump(2, ' ', false, nlohmann::json::error_handler_t::replace) << '\n';
+    print(document, out);
 }
 
 void printTable(const Project& project, std::ostream& out)
@@ -102,9 +107,10 @@ void printTable(const Project& project, std::ostream& out)
 
 ExitCode runInfo(const InfoRequest& request, std::ostream& out, std::ostream& err)
 {
-    auto bytes = readFile(request.project);
-    const auto project = bytes ? readProject(std::move(*bytes)) : Expected<Project>(tl::unexpected(bytes.error()));
+    const auto project = readProjectInput(request.project);
     if (!project) {
+        if (request.json)
+            print({{"file", request.project}, {"error", project.error().message}}, out);
         err << "wallgrid: " << request.project << ": " << project.error().message << '\n';
         return kExitFailed;
     }

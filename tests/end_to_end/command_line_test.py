@@ -89,6 +89,22 @@ Missing image files:
                 {"name": "x" * 999 + "\N{HORIZONTAL ELLIPSIS}", "kind": "still", "width": 5, "height": 6, "x": 0, "y": 0, "visible": True,
                  "image": str(self.folder / "gone away.png"), "imageMissing": True}]})
 
+    def test_standard_input_and_files_that_stay(self):
+        stage = project(8, 4, [Screen(1, 1, 3, 3, 1, 1)])
+        (self.folder / "stage.mpr").write_bytes(stage)
+        self.assertEqual(self.export("-", "--png", "-", input=stage), self.export("stage.mpr", "--png", "-"))
+        self.assertIn(b"8 x 4", self.run_program("info", "-", input=stage).stdout)
+        self.assertEqual(self.run_program("export", "-v", "-q", "--png", "-").returncode, 2)
+        for words, said in [(["-v"], "wallgrid: new.png: written\n"), (["-q"], "")]:
+            self.assertEqual(self.run_program("export", "--png", "new.png", *words).stderr.decode(), said)
+        self.assertFails(1, ["export", "--no-clobber", "--psd", "new.psd", "--png", "new.png"],
+                         "wallgrid: new.png: exists already\n")
+        self.assertFalse((self.folder / "new.psd").exists())
+        failed = self.run_program("info", "--json", "-", input=stage[:40])
+        self.assertEqual((failed.returncode, json.loads(failed.stdout)["file"]), (1, "-"))
+        self.assertIn("damaged", json.loads(failed.stdout)["error"])
+        self.assertRegex(self.run_program("-V").stdout, rb"^wallgrid \d")
+
     def test_failures_name_the_file_and_the_reason(self):
         for name in "kept.png", "kept.psd":
             (self.folder / name).write_bytes(b"precious")

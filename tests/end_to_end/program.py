@@ -36,10 +36,10 @@ class ProgramTest(unittest.TestCase):
         self.addCleanup(folder.cleanup)
         self.folder = pathlib.Path(folder.name)
 
-    def run_program(self, *words, prepare=None, output=subprocess.PIPE, **variables):
+    def run_program(self, *words, prepare=None, input=None, output=subprocess.PIPE, **variables):
         without = "DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"
         environment = {key: value for key, value in os.environ.items() if key not in without}
-        return subprocess.run([WALLGRID, *map(str, words)], stdout=output, stderr=subprocess.PIPE, cwd=self.folder,
+        return subprocess.run([WALLGRID, *map(str, words)], input=input, stdout=output, stderr=subprocess.PIPE, cwd=self.folder,
                               env=environment | variables, preexec_fn=prepare, timeout=120)
 
     def write_picture(self, pixels, name):
