@@ -120,4 +120,17 @@ StringRef RunningNames::unused(const StringRef& name)
     return result;
 }
 
+StringRef nameWithNumber(std::u16string_view typed, std::size_t number)
+{
+    const std::size_t begin = std::min(typed.find(u'#'), typed.size());
+    const std::size_t end = std::min(typed.find_first_not_of(u'#', begin), typed.size());
+    std::u16string name(typed.substr(0, begin));
+    if (begin < end) {
+        const std::string digits = std::to_string(number);
+        name.append(end - begin - std::min(end - begin, digits.size()), u'0');
+        name.append(digits.begin(), digits.end());
+    }
+    return makeString(name.append(typed.substr(end)));
+}
+
 } // namespace wallgrid

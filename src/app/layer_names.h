@@ -5,6 +5,7 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 #include <unordered_map>
 #include <unordered_set>
 #include <vector>
@@ -34,5 +35,8 @@ private:
     std::unordered_set<std::u16string> m_taken;
     std::unordered_map<std::u16string, std::int64_t> m_highest; ///< by the start of the name
 };
+
+/// A typed name for the layer of a number, from 1: the first run of "#" is the number, with at least as many digits.
+StringRef nameWithNumber(std::u16string_view typed, std::size_t number);
 
 } // namespace wallgrid

@@ -42,7 +42,17 @@ ColorButton::ColorButton(const QString& title, QWidget* parent)
 void ColorButton::setColor(const ColorRef& color)
 {
     m_color = color;
-    const QString description = describe(color);
+    setDescription(describe(color));
+}
+
+void ColorButton::setMixed()
+{
+    m_color = nullptr;
+    setDescription(tr("mixed"));
+}
+
+void ColorButton::setDescription(const QString& description)
+{
     setToolTip(tr("%1: %2").arg(m_title, description));
     setAccessibleDescription(description);
     update();

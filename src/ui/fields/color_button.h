@@ -18,6 +18,8 @@ public:
 
     const ColorRef& color() const { return m_color; }
     void setColor(const ColorRef& color);
+    /// Stands for several colours that differ.
+    void setMixed();
 
     QSize sizeHint() const override;
 
@@ -29,6 +31,7 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
+    void setDescription(const QString& description);
     void choose();
 
     QString m_title;

@@ -24,7 +24,6 @@ ColorField::ColorField(const QString& title, QWidget* parent)
     layout->addWidget(m_button);
     layout->addWidget(m_text);
     m_text->setFixedWidth(fontMetrics().horizontalAdvance(QStringLiteral("#DDDDDDDD")) + 16);
-    m_text->setPlaceholderText(tr("none"));
     m_text->setAccessibleName(tr("%1 as #RRGGBB or #RRGGBBAA").arg(title));
     m_text->setToolTip(tr("%1 as #RRGGBB, #RRGGBBAA, #RGB or a name such as navy").arg(title));
     setFocusPolicy(Qt::StrongFocus); // a label's letter goes nowhere without
@@ -32,6 +31,7 @@ ColorField::ColorField(const QString& title, QWidget* parent)
     selectAllOnFirstClick(*m_text, *m_text);
     m_text->installEventFilter(this);
 
+    keep(nullptr);
     connect(m_button, &ColorButton::colorChosen, this, [this](const ColorRef& color) {
         setColor(color);
         emit colorChosen(color);
@@ -57,8 +57,16 @@ void ColorField::setColor(const ColorRef& color)
     showText();
 }
 
+void ColorField::setMixed()
+{
+    setColor(nullptr);
+    m_button->setMixed();
+    m_text->setPlaceholderText(tr("mixed"));
+}
+
 void ColorField::keep(const ColorRef& color)
 {
+    m_text->setPlaceholderText(tr("none"));
     m_button->setColor(color);
     m_shown = color ? hexText(toQColor(*color)) : QString();
 }
@@ -72,6 +80,7 @@ void ColorField::showText()
 
 bool ColorField::dropTyped()
 {
+    m_before.reset();
     const auto typed = colorOfText(m_text->text());
     if (m_text->text() == m_shown || (typed && hexText(*typed) == m_shown))
         return false;
@@ -84,7 +93,7 @@ void ColorField::take(const QString& text)
     const auto typed = colorOfText(text);
     if (typed || text == m_shown)
         m_fault->setReason({});
-    if (typed && (colorOfHexText(text) || !text.contains(u'#'))) // three digits may be the first of six
+    if (typed && !m_putOff && (colorOfHexText(text) || !text.contains(u'#'))) // three digits may be the first of six
         choose(*typed);
 }
 

@@ -25,6 +25,10 @@ public:
 
     /// Shows a colour and tells nobody. The text stays as it is being typed while the colour stays the same.
     void setColor(const ColorRef& color);
+    /// Shows that there are several colours, which differ.
+    void setMixed();
+    /// Whether a text counts only when it is typed to the end.
+    void setPutOff(bool putOff) { m_putOff = putOff; }
     /// Goes back to the colour when what is typed means none or none yet, and says whether it was so.
     bool dropTyped();
     /// To be laid out beside the field.
@@ -46,6 +50,7 @@ private:
     ColorButton* m_button;
     QLineEdit* m_text;
     FaultMark* m_fault;
+    bool m_putOff = false;
     QString m_shown;                  // the colour's text, whatever is being typed
     std::optional<ColorRef> m_before; // the colour before the typing, once that has changed it
 };

@@ -153,6 +153,7 @@ void NumberField::goBack()
 
 bool NumberField::dropTyped()
 {
+    m_before.reset();
     if (text() == shownText())
         return false;
     const auto number = typedNumber();

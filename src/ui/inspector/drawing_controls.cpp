@@ -1,9 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "ui/inspector/drawing_controls.h"
 
+#include "app/edit_layers.h"
 #include "ui/fields/color_field.h"
 #include "ui/fields/fault_mark.h"
 #include "ui/fields/number_field.h"
+#include "ui/inspector/shown_values.h"
 
 #include <QCheckBox>
 #include <QGridLayout>
@@ -45,8 +47,9 @@ constexpr std::array<Switch, 5> kSwitches{{
 
 } // namespace
 
-DrawingControls::DrawingControls(QWidget* parent)
+DrawingControls::DrawingControls(GXAppDelegate& delegate, QWidget* parent)
     : QWidget(parent)
+    , m_delegate(delegate)
     , m_texts(new QGridLayout)
 {
     auto* layout = new QVBoxLayout(this);
@@ -68,7 +71,7 @@ DrawingControls::DrawingControls(QWidget* parent)
         const int line = 3 * static_cast<int>(i); // below it what is wrong with colour and width
         row.enabled = new QCheckBox(tr(property.name), this);
         connect(row.enabled, &QCheckBox::clicked, this,
-                [this, &property](bool on) { ((*m_item).*property.setEnabled)(on); });
+                [this, &property](bool on) { edit(property.enabled, property.setEnabled, on); });
         if (property.color)
             colors->addWidget(row.enabled, line, 0);
         else
@@ -76,7 +79,7 @@ DrawingControls::DrawingControls(QWidget* parent)
         if (property.color) {
             row.color = new ColorField(tr(property.colorName), this);
             connect(row.color, &ColorField::colorChosen, this,
-                    [this, &property](const ColorRef& color) { ((*m_item).*property.setColor)(color); });
+                    [this, &property](const ColorRef& color) { edit(property.color, property.setColor, color); });
             colors->addWidget(row.color, line, 1);
             colors->addWidget(row.color->fault(), line + 1, 1, 1, 2);
         }
@@ -85,13 +88,15 @@ DrawingControls::DrawingControls(QWidget* parent)
             row.width->setSuffix(tr(" px"));
             row.width->setAccessibleName(tr(property.widthName));
             row.width->setToolTip(tr(property.widthName));
-            connect(row.width, &NumberField::edited, this,
-                    [this, &property](const TypedNumber& width) { ((*m_item).*property.setWidth)(width.value); });
+            row.width->setPutOff([this](int) { return m_items.size() > 1; });
+            connect(row.width, &NumberField::edited, this, [this, &property](const TypedNumber& width) {
+                setNumber(m_delegate, m_items, property.width, property.setWidth, width);
+            });
             colors->addWidget(row.width, line, 2);
             colors->addWidget(row.width->fault(), line + 2, 1, 1, 2);
         }
     }
-    show(nullptr);
+    show(ItemArray());
 }
 
 void DrawingControls::addTextSizes(const Captioned& position, const Captioned& size)
@@ -107,18 +112,37 @@ void DrawingControls::addTextSizes(const Captioned& position, const Captioned& s
     }
 }
 
-void DrawingControls::show(const ItemRef& item)
+template <class Value>
+void DrawingControls::edit(Value (GXItem::*get)() const, void (GXItem::*set)(Value), const Value& value)
 {
-    m_item = item;
-    setEnabled(item != nullptr);
+    editLayers(m_delegate, m_items, [&](GXItem& item) {
+        const bool changes = (item.*get)() != value;
+        if (changes)
+            (item.*set)(value);
+        return changes;
+    });
+}
+
+void DrawingControls::show(const ItemArray& items)
+{
+    const bool others = items != m_items;
+    m_items = items;
+    setEnabled(!items.empty());
     for (std::size_t i = 0; i < kRowCount; ++i) {
         const Switch& property = kSwitches[i];
         const Row& row = m_rows[i];
-        row.enabled->setChecked(item && ((*item).*property.enabled)());
-        if (row.color)
-            row.color->setColor(item ? ((*item).*property.color)() : nullptr);
-        if (row.width)
-            row.width->showValue(item ? ((*item).*property.width)() : 0);
+        showSwitch(*row.enabled, items, property.enabled);
+        if (row.color) {
+            if (others)
+                row.color->dropTyped(); // it was meant for the items before
+            row.color->setPutOff(items.size() > 1);
+            showColor(*row.color, items, property.color);
+        }
+        if (row.width) {
+            if (others)
+                row.width->dropTyped();
+            showNumber(*row.width, items, property.width);
+        }
     }
 }
 

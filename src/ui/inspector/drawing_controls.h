@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "items/gx_item.h"
+#include "app/gx_app_delegate.h"
 
 #include <QWidget>
 #include <array>
@@ -15,12 +15,13 @@ namespace wallgrid {
 class ColorField;
 class NumberField;
 
-/// What of a screen is drawn, in which colour and how wide: the inspector's group of switches.
+/// What of screens is drawn, in which colour and how wide: the inspector's group of switches.
 class DrawingControls final : public QWidget {
     Q_OBJECT
 
 public:
-    explicit DrawingControls(QWidget* parent = nullptr);
+    /// The delegate must outlive the controls.
+    explicit DrawingControls(GXAppDelegate& delegate, QWidget* parent = nullptr);
 
     struct Captioned {
         QLabel* caption = nullptr;
@@ -29,8 +30,8 @@ public:
     /// Puts the fields of the texts' sizes below the texts' switches.
     void addTextSizes(const Captioned& position, const Captioned& size);
 
-    /// Shows the item's present state; edits go to its setters. Empty shows nothing.
-    void show(const ItemRef& item);
+    /// Shows the present state of these items, and where they differ; edits go to the setters of all.
+    void show(const ItemArray& items);
     using QWidget::show;
 
 private:
@@ -42,7 +43,11 @@ private:
 
     static constexpr std::size_t kRowCount = 5;
 
-    ItemRef m_item;
+    template <class Value>
+    void edit(Value (GXItem::*get)() const, void (GXItem::*set)(Value), const Value& value);
+
+    GXAppDelegate& m_delegate;
+    ItemArray m_items;
     QGridLayout* m_texts;
     std::array<Row, kRowCount> m_rows;
 };

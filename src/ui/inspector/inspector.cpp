@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "ui/inspector/inspector.h"
 
+#include "app/arrangement.h"
+#include "app/edit_layers.h"
+#include "app/layer_names.h"
 #include "items/gx_screen.h"
 #include "ui/base/heading.h"
 #include "ui/base/image_file_name.h"
@@ -10,11 +13,14 @@
 #include "ui/fields/select_on_click.h"
 #include "ui/inspector/align_buttons.h"
 #include "ui/inspector/drawing_controls.h"
+#include "ui/inspector/shown_values.h"
 
 #include <QCheckBox>
 #include <QGridLayout>
 #include <QLineEdit>
 #include <QVBoxLayout>
+#include <algorithm>
+#include <limits>
 
 namespace wallgrid {
 
@@ -52,6 +58,9 @@ constexpr std::array<NumberProperty, GXItem::kCaptionCount> kNumbers{{
 /// From here on the numbers are the sizes of texts, which stand with the texts' switches.
 constexpr std::size_t kFirstTextSize = 6;
 
+constexpr std::int64_t kLeast = std::numeric_limits<std::int32_t>::min();
+constexpr std::int64_t kMost = std::numeric_limits<std::int32_t>::max();
+
 constexpr int kRoomAboveCaption = 3;
 
 bool isScreen(const GXItem& item)
@@ -79,6 +88,21 @@ QString summaryOf(const GXItem& item)
                           : Inspector::tr("Screen, %1: too large to draw").arg(size);
 }
 
+QString summaryOf(const ItemArray& items)
+{
+    if (items.empty())
+        return Inspector::tr("No layer selected");
+    if (items.size() == 1)
+        return summaryOf(*items.front());
+    const auto count = std::count_if(items.begin(), items.end(), [](const ItemRef& item) { return isScreen(*item); });
+    const auto others = std::ssize(items) - count;
+    const QString screens = count == 1 ? Inspector::tr("1 screen") : Inspector::tr("%1 screens").arg(count);
+    const QString stills = others == 1 ? Inspector::tr("1 still") : Inspector::tr("%1 stills").arg(others);
+    if (count > 0 && others > 0)
+        return Inspector::tr("%1, %2").arg(screens, stills);
+    return count > 0 ? screens : stills;
+}
+
 } // namespace
 
 Inspector::Inspector(GXAppDelegate& delegate, QWidget* parent)
@@ -101,7 +125,7 @@ Inspector::Inspector(GXAppDelegate& delegate, QWidget* parent)
 
     layout->addSpacing(8);
     m_drawingHeading = makeHeading(tr("Drawing"), this);
-    m_drawing = new DrawingControls(this);
+    m_drawing = new DrawingControls(m_delegate, this);
     m_drawing->addTextSizes({m_numbers[kFirstTextSize].caption, m_numbers[kFirstTextSize].field},
                             {m_numbers[kFirstTextSize + 1].caption, m_numbers[kFirstTextSize + 1].field});
     layout->addWidget(m_drawingHeading);
@@ -127,8 +151,8 @@ QWidget* Inspector::makeIdentity()
     selectAllOnFirstClick(*m_name, *m_name);
     auto* nameCaption = new QLabel(tr("&Name"), box);
     nameCaption->setBuddy(m_name);
-    connect(m_name, &QLineEdit::textEdited, this,
-            [this](const QString& text) { m_item->setLabel(makeString(text.toStdU16String())); });
+    connect(m_name, &QLineEdit::textEdited, this, [this] { takeName(false); });
+    connect(m_name, &QLineEdit::editingFinished, this, [this] { takeName(true); });
     layout->addWidget(nameCaption, 1, 0);
     layout->addWidget(m_name, 1, 1);
 
@@ -140,7 +164,13 @@ QWidget* Inspector::makeIdentity()
     layout->addWidget(m_file, 2, 1);
 
     m_visible = new QCheckBox(tr("V&isible in the output"), box);
-    connect(m_visible, &QCheckBox::clicked, this, [this](bool visible) { m_item->setVisible(visible); });
+    connect(m_visible, &QCheckBox::clicked, this, [this](bool visible) {
+        editLayers(m_delegate, m_items, [visible](GXItem& item) {
+            if (item.visible() != visible)
+                item.setVisible(visible);
+            return false;
+        });
+    });
     layout->addWidget(m_visible, 3, 1);
     return box;
 }
@@ -161,10 +191,12 @@ QWidget* Inspector::makeNumbers()
         number.caption = new QLabel(box);
         number.caption->setBuddy(number.field);
         number.field->setPutOff([this, i](int value) {
-            return i < 4 && isScreen(*m_item) && pixelsWith(*m_item, i, value) > kLargestWhileTyping;
+            const bool size = i < 4 && isScreen(*m_items.front());
+            return m_items.size() > 1 || (size && pixelsWith(*m_items.front(), i, value) > kLargestWhileTyping);
         });
-        connect(number.field, &NumberField::edited, this,
-                [this, set = property.set](const TypedNumber& typed) { ((*m_item).*set)(typed.value); });
+        connect(number.field, &NumberField::edited, this, [this, i](const TypedNumber& typed) {
+            setNumber(m_delegate, itemsWithNumber(i), kNumbers[i].get, kNumbers[i].set, typed);
+        });
         if (i >= kFirstTextSize)
             continue;
         number.caption->setContentsMargins(0, kRoomAboveCaption, 0, 0);
@@ -181,84 +213,124 @@ QWidget* Inspector::makeNumbers()
 
 void Inspector::refresh()
 {
-    const ItemRef selected = m_delegate.arraycontroller().selectedObject();
-    if (selected != m_item)
-        bind(selected);
+    if (ItemArray selected = selectedLayers(m_delegate); selected != m_items)
+        bind(std::move(selected));
     for (const Number& number : m_numbers)
-        number.field->setEnabled(m_item != nullptr);
+        number.field->setEnabled(!m_items.empty());
     for (QWidget* widget :
          {static_cast<QWidget*>(m_name), static_cast<QWidget*>(m_visible), static_cast<QWidget*>(m_align)})
-        widget->setEnabled(m_item != nullptr);
+        widget->setEnabled(!m_items.empty());
     for (QLabel* caption : findChildren<QLabel*>()) {
         if (const QWidget* named = caption->buddy())
             caption->setEnabled(named->isEnabledTo(named->parentWidget()));
     }
     showIdentity();
     showNumbers();
-    m_drawing->show(m_item);
-    const bool drawingHidden = m_item && m_item->captions().groupRightHidden;
+    ItemArray drawn = m_items;
+    std::erase_if(drawn, [](const ItemRef& item) { return item->captions().groupRightHidden; });
+    m_drawing->show(drawn);
+    const bool drawingHidden = drawn.empty() && !m_items.empty();
     m_drawingHeading->setHidden(drawingHidden);
     m_drawing->setHidden(drawingHidden);
 }
 
-void Inspector::bind(const ItemRef& item)
+void Inspector::bind(ItemArray items)
 {
-    m_item = item;
+    m_items = std::move(items);
+    m_name->setModified(false);
     for (const Number& number : m_numbers)
-        number.field->dropTyped(); // it was meant for the item before
-    m_observation = {};
-    if (m_item)
-        m_observation = m_item->observe([this](std::string_view) { m_refresh.schedule(); });
+        number.field->dropTyped(); // it was meant for the items before
+    m_observations.clear();
+    for (const ItemRef& item : m_items)
+        m_observations.push_back(item->observe([this](std::string_view) { m_refresh.schedule(); }));
+}
+
+ItemArray Inspector::itemsWithNumber(std::size_t index) const
+{
+    ItemArray items = m_items;
+    std::erase_if(items, [index](const ItemRef& item) { return item->captions().fields[index].hidden; });
+    return items;
+}
+
+void Inspector::takeName(bool settled)
+{
+    const bool several = m_items.size() > 1;
+    if (several != settled || !m_name->isModified())
+        return;
+    const std::u16string typed = m_name->text().toStdU16String();
+    if (several)
+        m_name->setModified(false);
+    std::size_t number = 0;
+    editLayers(m_delegate, m_items, [&](GXItem& item) {
+        const StringRef name = several ? nameWithNumber(typed, ++number) : makeString(typed);
+        if (textOf(item.label()) != textOf(name))
+            item.setLabel(name);
+        return false;
+    });
+    m_refresh.schedule();
+}
+
+void Inspector::showName()
+{
+    const StringRef label = m_items.empty() ? nullptr : m_items.front()->label();
+    const bool tooLong = viewOf(label).size() > kLongestEditableName;
+    const bool mixed = std::any_of(m_items.begin(), m_items.end(),
+                                   [&](const ItemRef& item) { return textOf(item->label()) != textOf(label); });
+    m_name->setToolTip(m_items.size() > 1 ? tr("# becomes a running number: Wall #") : QString());
+    m_name->setPlaceholderText(mixed ? tr("mixed") : tooLong ? shownText(label) : QString());
+    if (m_items.size() > 1 && m_name->isModified())
+        return; // it is being typed
+    if (tooLong || mixed)
+        m_name->clear();
+    else if (m_name->text() != viewOf(label))
+        m_name->setText(viewOf(label).toString());
 }
 
 void Inspector::showIdentity()
 {
-    const std::size_t selectedRows = m_delegate.arraycontroller().selectionIndexes().size();
-    m_summary->setText(m_item ? summaryOf(*m_item) : tr("No layer selected"));
-    m_summary->setToolTip(selectedRows > 1 ? tr("The first of %1 selected layers is shown.").arg(selectedRows)
-                                           : QString());
+    m_summary->setText(summaryOf(m_items));
+    showName();
+    showSwitch(*m_visible, m_items, &GXItem::visible);
 
-    const StringRef label = m_item ? m_item->label() : nullptr;
-    const bool tooLong = viewOf(label).size() > kLongestEditableName;
-    if (tooLong)
-        m_name->clear();
-    else if (m_name->text() != viewOf(label))
-        m_name->setText(viewOf(label).toString());
-    m_name->setPlaceholderText(tooLong ? shownText(label) : QString());
-    m_visible->setChecked(m_item && m_item->visible());
-
-    const auto file = m_item ? imageFile(*m_item) : std::nullopt;
+    const auto file = m_items.size() == 1 ? imageFile(*m_items.front()) : std::nullopt;
     m_fileCaption->setVisible(file.has_value());
     m_file->setVisible(file.has_value());
     if (file && m_file->text() != *file)
         m_file->setText(*file);
-    m_file->setToolTip(file && missingImageFile(*m_item) ? tr("This file is missing or unreadable.") : QString());
+    m_file->setToolTip(file && missingImageFile(*m_items.front()) ? tr("This file is missing or unreadable.")
+                                                                  : QString());
 }
 
 void Inspector::showNumbers()
 {
     static const GXItem::Captions noCaptions = GXScreen().standardCaptions();
-    const GXItem::Captions& captions = m_item ? m_item->captions() : noCaptions;
     for (std::size_t i = 0; i < m_numbers.size(); ++i) {
         const Number& number = m_numbers[i];
+        const ItemArray items = itemsWithNumber(i);
+        const ItemRef captioned = items.empty() && !m_items.empty() ? m_items.front() : nullptr;
+        const GXItem::Captions& captions = captioned       ? captioned->captions()
+                                           : items.empty() ? noCaptions
+                                                           : items.front()->captions();
         const GXItem::Caption& caption = captions.fields[i];
         number.caption->setText(withoutMnemonics(shownText(caption.text)));
         number.field->setAccessibleName(shownText(caption.text));
         number.caption->setHidden(caption.hidden);
         number.field->setHidden(caption.hidden);
-        number.field->showValue(m_item ? ((*m_item).*kNumbers[i].get)() : 0);
+        showNumber(*number.field, items, kNumbers[i].get);
     }
 }
 
 void Inspector::align(Anchor anchor)
 {
-    const Position position = positionAt(anchor, {m_item->screenSizeWidth(), m_item->screenSizeHeight()},
+    const PixelRect around = placeAround(m_items);
+    const auto side = [](std::int64_t length) { return static_cast<std::int32_t>(std::clamp(length, kLeast, kMost)); };
+    const Position position = positionAt(anchor, {side(around.width), side(around.height)},
                                          {m_delegate.OutputWidth(), m_delegate.OutputHeight()});
-    const ItemRef item = m_item;
-    if (item->xpoint() != position.x)
-        item->setXpoint(position.x);
-    if (item->ypoint() != position.y)
-        item->setYpoint(position.y);
+    bool drawn = false;
+    for (const ItemRef& item : m_items)
+        drawn |= moveTo(*item, item->xpoint() + (position.x - around.x), item->ypoint() + (position.y - around.y));
+    if (drawn)
+        m_delegate.update();
 }
 
 } // namespace wallgrid

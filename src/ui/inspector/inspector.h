@@ -18,8 +18,9 @@ class AlignButtons;
 class DrawingControls;
 class NumberField;
 
-/// Shows and edits the first selected item of the main list. Edits go through the item's setters while they are typed;
-/// the controller hears of them there. Showing an item never changes it, whatever its file held.
+/// Shows and edits the selected items of the main list. Edits go through the setters of all that have the property; the
+/// controller hears of them there. Those of one item do so while they are typed, those of several when they are typed
+/// to the end. Showing an item never changes it, whatever its file held.
 class Inspector final : public QWidget {
     Q_OBJECT
 
@@ -37,14 +38,18 @@ private:
     QWidget* makeNumbers();
 
     void refresh();
-    void bind(const ItemRef& item);
+    void bind(ItemArray items);
+    /// Those whose captions do not hide the number.
+    ItemArray itemsWithNumber(std::size_t index) const;
+    void takeName(bool settled);
+    void showName();
     void showIdentity();
     void showNumbers();
     void align(Anchor anchor);
 
     GXAppDelegate& m_delegate;
-    ItemRef m_item; // the one shown, or empty
-    KeyValueObservable::Observation m_observation;
+    ItemArray m_items; // those shown
+    std::vector<KeyValueObservable::Observation> m_observations;
     Deferred m_refresh;
 
     QLineEdit* m_name = nullptr;

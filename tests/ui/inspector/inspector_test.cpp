@@ -285,6 +285,95 @@ private slots:
         }
     }
 
+    void severalLayersAreEditedAtOnce()
+    {
+        Edited program;
+        for (int i = 0; i < 2; ++i)
+            program.insert(makeScreen(u"same", 10 + i, 100 * i, 7));
+        program.insert(GXStill::initWithimage(nullptr), 1);
+        GXAppDelegate& delegate = program.delegate();
+        delegate.arraycontroller().setSelectionIndexes({0, 1, 2});
+        program.settle();
+        UndoHistory& history = program.application.history();
+        history.commit();
+        history.start();
+        const ItemArray items(delegate.arraycontroller().arrangedObjects()); // screen, still, screen, and one beside
+        const auto all = [&](auto get) {
+            QStringList texts;
+            for (const ItemRef& item : items)
+                texts.append(QString::number(((*item).*get)()));
+            return texts.join(u' ');
+        };
+        const auto enter = [&](const char* field, const char* typed) {
+            auto* edited = program.find<QWidget>(field);
+            type(edited, typed);
+            QTest::keyClick(edited, Qt::Key_Return);
+            program.runLoop.advance(2); // or the next would be the same step
+            program.settle();
+        };
+        const Bytes before = writeProject(delegate.project());
+        const auto undone = [&] { // in one step
+            const Bytes after = writeProject(delegate.project());
+            history.undo();
+            const bool restored = writeProject(delegate.project()) == before && !history.undoable();
+            history.redo();
+            const bool again = after != before && writeProject(delegate.project()) == after;
+            history.undo();
+            program.settle();
+            return restored && again;
+        };
+        QVERIFY(program.find<QLabel>("2 screens, 1 still"));
+        auto* left = program.find<NumberField>("H-Start");
+        auto* placeholder = left->findChild<QLineEdit*>();
+        QCOMPARE(left->text() + placeholder->placeholderText(), "mixed");
+
+        enter("H-Start", "5");
+        QCOMPARE(all(&GXItem::xpoint), "5 5 5 0");
+        QCOMPARE(left->text(), "5 px");
+        QVERIFY(undone());
+        enter("H-Start", "+=2*8");
+        QCOMPARE(all(&GXItem::xpoint), "116 16 16 0");
+        QVERIFY(undone());
+        enter("H-Start", "+99950"); // 100050 for one of them
+        QCOMPARE(all(&GXItem::xpoint), "100 0 0 0");
+        QVERIFY(program.find<FaultMark>("100050 is too large: 100000 is the most."));
+        enter("H-Start", "-=1");
+        QVERIFY(undone());
+        enter("COLS", "3"); // which a still has not
+        QCOMPARE(all(&GXItem::col), "3 0 3 4");
+        QCOMPARE(all(&GXItem::screenSizeWidth), "33 0 30 312");
+        QCOMPARE(items[2]->thumbnail()->size().width, 30.0);
+        QVERIFY(undone());
+        enter("Frame width", "9");
+        QCOMPARE(all(&GXItem::boarderWidth), "9 1 9 1");
+        QVERIFY(undone());
+        enter("Fill colour as #RRGGBB or #RRGGBBAA", "navy");
+        QVERIFY(toQColor(*items[0]->rectColor()) == QColor(0, 0, 128));
+        QCOMPARE(items[2]->rectColor(), items[0]->rectColor());
+        QVERIFY(undone());
+        items[2]->setVisible(false);
+        program.settle();
+        history.start();
+        auto* visible = program.find<QCheckBox>("V&isible in the output");
+        QCOMPARE(visible->checkState(), Qt::PartiallyChecked);
+        visible->click();
+        QCOMPARE(all(&GXItem::visible), "1 1 1 1");
+        history.commit();
+        history.undo();
+        QCOMPARE(all(&GXItem::visible), "1 1 0 1");
+        program.find<QCheckBox>("Circle")->click();
+        QCOMPARE(all(&GXItem::CircleEnable), "1 0 1 0");
+        program.settle();
+        history.start();
+        enter("&Name", "Wall ##");
+        QCOMPARE(program.layers(), QStringList({"Wall 01", "Wall 02", "Wall 03", "Layer 0"}));
+        history.undo();
+        QCOMPARE(program.layers(), QStringList({"same", "", "same", "Layer 0"}));
+        QVERIFY(!history.undoable());
+        program.find<QToolButton>("Align: Top right")->click(); // as they stand to each other
+        QCOMPARE(all(&GXItem::xpoint), "1909 1809 1809 0");
+    }
+
     void alignMovesTheItem()
     {
         ProgramUnderTest program;
