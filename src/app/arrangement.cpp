@@ -111,7 +111,8 @@ void distributeLayers(GXAppDelegate& delegate, Direction direction)
         const Span span = along(placeOf(*item), direction);
         return 2 * span.begin + span.length;
     };
-    std::ranges::stable_sort(items, {}, middle);
+    std::stable_sort(items.begin(), items.end(),
+                     [&](const ItemRef& a, const ItemRef& b) { return middle(a) < middle(b); });
     std::int64_t lengths = 0;
     for (const ItemRef& item : items)
         lengths += along(placeOf(*item), direction).length;

@@ -82,9 +82,10 @@ void makeArray(GXAppDelegate& delegate, const ArrayLayout& layout)
 void pasteLayers(GXAppDelegate& delegate, const ItemArray& items)
 {
     auto& layers = delegate.arraycontroller();
-    const bool covered = std::ranges::any_of(items, [&](const ItemRef& item) {
-        return std::ranges::any_of(layers.arrangedObjects(),
-                                   [&](const ItemRef& layer) { return placeOf(*layer) == placeOf(*item); });
+    const bool covered = std::any_of(items.begin(), items.end(), [&](const ItemRef& item) {
+        const ItemArray& present = layers.arrangedObjects();
+        return std::any_of(present.begin(), present.end(),
+                           [&](const ItemRef& layer) { return placeOf(*layer) == placeOf(*item); });
     });
     RunningNames names(layers.arrangedObjects());
     place(items, covered ? beside(delegate, placeAround(items)) : Distance{}, names);

@@ -51,14 +51,16 @@ void countBefore(const std::vector<Box>& boxes, bool anywhere, std::int64_t weig
     for (std::size_t i = 0; i < boxes.size(); ++i)
         byLeft[i] = i;
     std::vector<std::size_t> byRight = byLeft;
-    std::ranges::sort(byLeft, {}, [&](std::size_t i) { return boxes[i].left; });
-    std::ranges::sort(byRight, {}, [&](std::size_t i) { return boxes[i].right; });
+    std::sort(byLeft.begin(), byLeft.end(),
+              [&](std::size_t a, std::size_t b) { return boxes[a].left < boxes[b].left; });
+    std::sort(byRight.begin(), byRight.end(),
+              [&](std::size_t a, std::size_t b) { return boxes[a].right < boxes[b].right; });
     std::vector<std::int64_t> bottoms;
     for (const Box& box : boxes)
         bottoms.push_back(box.bottom);
-    std::ranges::sort(bottoms);
+    std::sort(bottoms.begin(), bottoms.end());
     const auto rank = [&](std::int64_t bottom) {
-        return static_cast<std::size_t>(std::ranges::lower_bound(bottoms, bottom) - bottoms.begin());
+        return static_cast<std::size_t>(std::lower_bound(bottoms.begin(), bottoms.end(), bottom) - bottoms.begin());
     };
 
     CountsUpTo ended(boxes.size());

@@ -50,7 +50,8 @@ bool startsWith(const Bytes& bytes, std::string_view magic)
 bool isPicture(const Bytes& bytes)
 {
     constexpr std::string_view kMagics[]{"\x89PNG", "\xFF\xD8\xFF", "GIF8", "II*", "MM", "8BPS"};
-    return std::ranges::any_of(kMagics, [&](std::string_view magic) { return startsWith(bytes, magic); });
+    return std::any_of(std::begin(kMagics), std::end(kMagics),
+                       [&](std::string_view magic) { return startsWith(bytes, magic); });
 }
 
 } // namespace

@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "archive/component_text.h"
 
+#include "base/portable.h"
+
 #include <algorithm>
-#include <charconv>
 #include <cmath>
 #include <string_view>
 
@@ -22,16 +23,7 @@ double takeNumber(std::string_view& text, double fallback)
     if (word.size() > kLongestNumber)
         return fallback;
     double number = 0;
-    const auto [end, error] = std::from_chars(word.data(), word.data() + word.size(), number);
-    const bool isNumber = error == std::errc() && end == word.data() + word.size() && std::isfinite(number);
-    return isNumber ? number : fallback;
-}
-
-void appendNumber(std::string& text, double number)
-{
-    std::array<char, 32> digits;
-    const auto end = std::to_chars(digits.begin(), digits.end(), number, std::chars_format::general, 10).ptr;
-    text.append(digits.begin(), end);
+    return readNumber(word, number) ? number : fallback;
 }
 
 } // namespace
@@ -54,11 +46,11 @@ std::string ComponentText::format(int count) const
     std::string text;
     for (int i = 0; i < count; ++i) {
         const double component = components[static_cast<std::size_t>(i)];
-        appendNumber(text, std::isfinite(component) ? component : 0);
+        text += writtenNumber(std::isfinite(component) ? component : 0);
         text += ' ';
     }
     const std::size_t alphaAt = text.size();
-    appendNumber(text, std::isfinite(alpha) ? alpha : 1);
+    text += writtenNumber(std::isfinite(alpha) ? alpha : 1);
     if (std::string_view(text).substr(alphaAt) == "1")
         text.resize(alphaAt - 1);
     text += '\0';

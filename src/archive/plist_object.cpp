@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "archive/property_list.h"
 
+#include "base/portable.h"
+
 #include <algorithm>
-#include <bit>
 #include <cstring>
 #include <limits>
 
@@ -13,7 +14,7 @@ PlistObject::PlistObject(const PropertyList& list, std::uint32_t index)
     , m_index(index)
 {
     const std::uint64_t position = list.position(index);
-    const std::uint8_t marker = list.m_bytes[position];
+    const std::uint8_t marker = list.byteAt(position);
     // open() has read each header, so it cannot fail. Nearly all are short strings: the keys, each looked at for each
     // field.
     if (const unsigned low = marker & 15U; marker >> 4 == 0x5 && low < 15)
@@ -46,8 +47,8 @@ PlistObject::Integer PlistObject::integer() const
 double PlistObject::real() const
 {
     if (size() == 4)
-        return static_cast<double>(std::bit_cast<float>(static_cast<std::uint32_t>(number())));
-    return std::bit_cast<double>(number());
+        return static_cast<double>(bitCast<float>(static_cast<std::uint32_t>(number())));
+    return bitCast<double>(number());
 }
 
 std::uint64_t PlistObject::uid() const
@@ -115,7 +116,7 @@ std::span<const std::uint8_t> PlistObject::encodedScalar() const
 {
     const auto start = m_list->position(m_index);
     const auto end = m_header.contents + std::uint64_t{size()} * m_list->unitWidth(m_header);
-    return std::span(m_list->m_bytes).subspan(start, end - start);
+    return std::span(m_list->m_bytes).subspan(static_cast<std::size_t>(start), static_cast<std::size_t>(end - start));
 }
 
 } // namespace wallgrid

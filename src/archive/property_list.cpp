@@ -42,8 +42,8 @@ Expected<void> PropertyList::readTrailer()
 {
     const std::uint64_t trailer = m_bytes.size() - kTrailerSize;
     // 0: five unused bytes and the sort version
-    m_offsetWidth = m_bytes[trailer + 6];
-    m_referenceWidth = m_bytes[trailer + 7];
+    m_offsetWidth = byteAt(trailer + 6);
+    m_referenceWidth = byteAt(trailer + 7);
     const std::uint64_t count = bigEndian(trailer + 8, 8);
     const std::uint64_t top = bigEndian(trailer + 16, 8);
     m_offsetTable = bigEndian(trailer + 24, 8);
@@ -66,7 +66,7 @@ Expected<void> PropertyList::readTrailer()
 Expected<void> PropertyList::checkObjects() const
 {
     // Objects that share bytes could make a small file mean any amount of work, so each byte has one owner.
-    std::vector<std::uint8_t> isTaken(m_offsetTable, 0);
+    std::vector<std::uint8_t> isTaken(static_cast<std::size_t>(m_offsetTable), 0);
     for (std::uint32_t i = 0; i < m_count; ++i) {
         const std::uint64_t start = position(i);
         if (start < kMagic.size() || start >= m_offsetTable)
@@ -99,8 +99,8 @@ Expected<void> PropertyList::checkObjects() const
 
 const char* PropertyList::readHeader(std::uint64_t position, Header& header) const
 {
-    const unsigned high = m_bytes[position] >> 4;
-    const unsigned low = m_bytes[position] & 15U;
+    const unsigned high = byteAt(position) >> 4;
+    const unsigned low = byteAt(position) & 15U;
     Kind kind{};
     std::uint64_t size = low;
     bool isCounted = false;
@@ -162,7 +162,7 @@ const char* PropertyList::readHeader(std::uint64_t position, Header& header) con
 
     std::uint64_t contents = position + 1;
     if (isCounted && low == 15) { // an integer object with the count follows
-        const unsigned marker = contents < m_offsetTable ? m_bytes[contents] : 0;
+        const unsigned marker = contents < m_offsetTable ? byteAt(contents) : 0;
         const unsigned width = 1U << (marker & 3U);
         if (marker < 0x10 || marker > 0x13 || width > m_offsetTable - contents - 1)
             return "the count of an object is damaged";

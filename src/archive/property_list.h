@@ -110,6 +110,8 @@ private:
     Expected<void> checkObjects() const;
     /// What is wrong with the object at a position; nullptr and its header when nothing is.
     const char* readHeader(std::uint64_t position, Header& header) const;
+    /// A position inside the file fits in a size.
+    std::uint8_t byteAt(std::uint64_t position) const { return m_bytes[static_cast<std::size_t>(position)]; }
     /// Bytes that one of size() takes in the file.
     unsigned unitWidth(Header header) const;
     std::uint64_t position(std::uint32_t index) const

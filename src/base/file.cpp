@@ -173,6 +173,14 @@ Expected<Bytes> readFile(const std::string& path)
     return bytes;
 }
 
+std::optional<FileIdentity> fileIdentity(const std::string& path)
+{
+    struct stat info {};
+    if (::stat(path.c_str(), &info) != 0)
+        return std::nullopt;
+    return FileIdentity(info.st_dev, info.st_ino);
+}
+
 Expected<void> DescriptorSink::append(std::span<const std::uint8_t> bytes)
 {
     return writeAll(bytes, [this](auto rest, std::size_t) { return ::write(m_fd, rest.data(), rest.size()); });

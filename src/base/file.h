@@ -7,8 +7,10 @@
 
 #include <cstdint>
 #include <functional>
+#include <optional>
 #include <span>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace wallgrid {
@@ -18,6 +20,10 @@ using Bytes = std::vector<std::uint8_t>;
 /// The whole of a regular file. Devices, FIFOs and folders are refused without being opened, files above 1 GiB
 /// without being read.
 Expected<Bytes> readFile(const std::string& path);
+
+/// Two numbers that are equal for two paths to one file. Nothing when there is no file.
+using FileIdentity = std::pair<std::uint64_t, std::uint64_t>;
+std::optional<FileIdentity> fileIdentity(const std::string& path);
 
 /// Writes a new file beside the target, flushes it to the disk and renames it over the target: whoever looks finds
 /// the old file or the whole new one. A link is followed, the permissions of an existing file are kept, and anything

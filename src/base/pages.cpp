@@ -1,8 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "base/pages.h"
 
+#include "base/portable.h"
+
 #include <cstdint>
 #include <sys/mman.h>
+#include <unistd.h>
 
 namespace wallgrid {
 
@@ -23,6 +26,12 @@ std::byte* mapPages(std::size_t bytes)
     // Advice only: without huge pages the block is slower to touch first and otherwise the same.
     madvise(start + head, bytes, MADV_HUGEPAGE);
     return start + head;
+}
+
+std::size_t physicalMemory()
+{
+    return sizeOf64(static_cast<std::uint64_t>(sysconf(_SC_PHYS_PAGES)) *
+                    static_cast<std::uint64_t>(sysconf(_SC_PAGESIZE)));
 }
 
 void unmapPages(std::byte* pages, std::size_t bytes)

@@ -14,6 +14,9 @@ inline constexpr std::size_t kHugePage = std::size_t(2) << 20;
 std::byte* mapPages(std::size_t bytes);
 void unmapPages(std::byte* pages, std::size_t bytes);
 
+/// Bytes of the machine's memory; the largest size where it has more.
+std::size_t physicalMemory();
+
 /// `bytes` rounded up to whole huge pages.
 constexpr std::size_t wholePages(std::size_t bytes)
 {

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "graphics/bitmap.h"
 
+#include "base/portable.h"
+
 #include <limits>
 #include <utility>
 
@@ -12,8 +14,8 @@ BitmapRef Bitmap::create(std::int64_t width, std::int64_t height, Contents conte
     if (width <= 0 || height <= 0 || width > kMaximumSide || height > kMaximumSide)
         return nullptr;
     // Below 2^64, because both sides are below 2^31.
-    const std::size_t bytes = static_cast<std::size_t>(width) * static_cast<std::size_t>(height) * sizeof(Pixel);
-    BitmapMemory memory = BitmapMemory::allocate(bytes, contents == Contents::Cleared);
+    const std::uint64_t bytes = static_cast<std::uint64_t>(width) * static_cast<std::uint64_t>(height) * sizeof(Pixel);
+    BitmapMemory memory = BitmapMemory::allocate(sizeOf64(bytes), contents == Contents::Cleared);
     if (!memory)
         return nullptr;
     return std::make_shared<Bitmap>(static_cast<int>(width), static_cast<int>(height), std::move(memory));

@@ -2,12 +2,12 @@
 #include "graphics/bitmap_memory.h"
 
 #include "base/pages.h"
+#include "base/portable.h"
 
 #include <algorithm>
 #include <array>
 #include <cstdlib>
 #include <cstring>
-#include <unistd.h>
 #include <utility>
 
 namespace wallgrid {
@@ -100,9 +100,7 @@ constinit std::size_t refusedBlocks = 0;
 
 std::size_t& totalLimit()
 {
-    static std::size_t limit = std::min(static_cast<std::size_t>(sysconf(_SC_PHYS_PAGES)) / 3 *
-                                            static_cast<std::size_t>(sysconf(_SC_PAGESIZE)),
-                                        std::size_t{6} << 30);
+    static std::size_t limit = std::min(physicalMemory() / 3, sizeOf64(std::uint64_t{6} << 30));
     return limit;
 }
 
@@ -189,7 +187,8 @@ BitmapMemory::~BitmapMemory()
 
 std::size_t BitmapMemory::maximumBlock()
 {
-    return std::size_t(4) << 30;
+    // Where sizes have 32 bits, half of what they reach.
+    return static_cast<std::size_t>(std::min<std::uint64_t>(std::uint64_t{4} << 30, PTRDIFF_MAX));
 }
 
 std::size_t BitmapMemory::maximumTotal()

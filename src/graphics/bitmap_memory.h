@@ -23,7 +23,7 @@ public:
     std::byte* data() const { return m_data; }
     explicit operator bool() const { return m_data != nullptr; }
 
-    /// 4 GiB.
+    /// 4 GiB, or 2 GiB where sizes have 32 bits.
     static std::size_t maximumBlock();
     /// A third of the machine's memory, because an export needs about as much again, and at most 6 GiB, which take some
     /// seconds to fill; unless it was set to something else.

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "graphics/blend.h"
 
+#include "base/portable.h"
 #include "graphics/pixel_runs.h"
 
 #include <bit>
@@ -159,8 +160,7 @@ void blendRun(Pixel* destination, const Pixel* source, std::size_t count)
     for (; count >= kBlock; count -= kBlock, destination += kBlock, source += kBlock)
         blendBlock<operation>(reinterpret_cast<Words*>(destination), reinterpret_cast<const Words*>(source));
     for (; count > 0; --count, ++destination, ++source)
-        *destination =
-            std::bit_cast<Pixel>(blended<operation>(std::bit_cast<Word>(*source), std::bit_cast<Word>(*destination)));
+        *destination = bitCast<Pixel>(blended<operation>(bitCast<Word>(*source), bitCast<Word>(*destination)));
 }
 
 } // namespace
@@ -179,31 +179,31 @@ void blendColor(Pixel* destination, Pixel color, std::size_t count)
 {
     if (color.a == 255)
         return fillPixels(destination, color, count);
-    const Word source = std::bit_cast<Word>(color);
+    const Word source = bitCast<Word>(color);
     const Words sources = source - Words{};
     for (; count >= kLanes; count -= kLanes, destination += kLanes) {
         Words& words = *reinterpret_cast<Words*>(destination);
         words = over(sources, words);
     }
     for (; count > 0; --count, ++destination)
-        *destination = std::bit_cast<Pixel>(over(source, std::bit_cast<Word>(*destination)));
+        *destination = bitCast<Pixel>(over(source, bitCast<Word>(*destination)));
 }
 
 void scalePixels(Pixel* destination, const Pixel* source, std::uint8_t factor, std::size_t count)
 {
     const Word factors = spread(Word(factor));
     for (std::size_t i = 0; i < count; ++i)
-        destination[i] = std::bit_cast<Pixel>(scaledPixel(std::bit_cast<Word>(source[i]), factors));
+        destination[i] = bitCast<Pixel>(scaledPixel(bitCast<Word>(source[i]), factors));
 }
 
 void blendCoverage(Pixel* destination, Pixel color, const std::uint8_t* coverage, std::size_t count)
 {
-    const Word whole = std::bit_cast<Word>(color);
+    const Word whole = bitCast<Word>(color);
     for (std::size_t i = 0; i < count; ++i) {
         if (coverage[i] == 0)
             continue;
         const Word source = scaledPixel(whole, spread(Word(coverage[i])));
-        destination[i] = std::bit_cast<Pixel>(over(source, std::bit_cast<Word>(destination[i])));
+        destination[i] = bitCast<Pixel>(over(source, bitCast<Word>(destination[i])));
     }
 }
 

@@ -4,8 +4,6 @@
 #include "base/file.h"
 #include "graphics/toolkit.h"
 
-#include <sys/stat.h>
-
 namespace wallgrid {
 
 Expected<ImageRef> imageWithContentsOfURL(const Url& location)
@@ -25,10 +23,10 @@ Expected<ImageRef> imageWithContentsOfURL(const Url& location)
 ImageRef ImageFiles::image(const Url& location)
 {
     const auto path = location.filePath();
-    struct stat info {};
-    if (!path || ::stat(path->c_str(), &info) != 0)
+    const auto identity = path ? fileIdentity(*path) : std::nullopt;
+    if (!identity)
         return nullptr;
-    const auto [entry, isNew] = m_images.try_emplace({info.st_dev, info.st_ino});
+    const auto [entry, isNew] = m_images.try_emplace(*identity);
     if (isNew) {
         entry->second = imageWithContentsOfURL(location).value_or(nullptr);
         if (entry->second)

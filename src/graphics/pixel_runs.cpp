@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "graphics/pixel_runs.h"
 
+#include "base/portable.h"
+
 #include <algorithm>
-#include <bit>
 #include <cstdint>
 #include <cstring>
 #include <cwchar>
@@ -12,6 +13,7 @@
 
 namespace wallgrid {
 
+#ifdef __SSE2__
 namespace {
 
 /// As many pixels as the widest store past the cache that every x86-64 has.
@@ -24,12 +26,13 @@ std::size_t unaligned(const Pixel* pixels, std::size_t count)
 }
 
 } // namespace
+#endif
 
 void fillPixels(Pixel* destination, Pixel color, std::size_t count)
 {
 #ifdef __SSE2__
     if (count >= kBeyondCache / sizeof(Pixel)) {
-        const __m128i four = _mm_set1_epi32(std::bit_cast<int>(color));
+        const __m128i four = _mm_set1_epi32(bitCast<int>(color));
         const std::size_t head = unaligned(destination, count);
         std::fill_n(destination, head, color);
         destination += head;
@@ -42,7 +45,7 @@ void fillPixels(Pixel* destination, Pixel color, std::size_t count)
 #endif
     // The C library's fill of 32-bit words is as fast as its memset, whatever optimisation we are built with.
     static_assert(sizeof(wchar_t) == sizeof(Pixel));
-    std::wmemset(reinterpret_cast<wchar_t*>(destination), std::bit_cast<wchar_t>(color), count);
+    std::wmemset(reinterpret_cast<wchar_t*>(destination), bitCast<wchar_t>(color), count);
 }
 
 void copyPixels(Pixel* destination, const Pixel* source, std::size_t count)

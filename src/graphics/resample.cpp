@@ -62,7 +62,7 @@ Axis makeAxis(int from, double to, double hidden, std::int64_t first, std::int64
 template <class Sum>
 void mixRows(const Bitmap& source, const Taps& rows, int begin, std::vector<Sum>& mixed)
 {
-    std::ranges::fill(mixed, Sum{0});
+    std::fill(mixed.begin(), mixed.end(), Sum{0});
     for (int k = 0; k < rows.count; ++k) {
         const Sum weight = rows.weight(k);
         const auto* const samples = reinterpret_cast<const std::uint8_t*>(source.row(rows.first + k).data() + begin);
@@ -95,7 +95,7 @@ void mix(const Bitmap& source, const Axis& columns, const Axis& rows, Bitmap& re
     std::vector<PixelSum<Sum>> sums(columns.size());
     for (int y = 0; y < result.height(); ++y) {
         constexpr Sum kToNearest = 0.5F;
-        std::ranges::fill(sums, PixelSum<Sum>{kToNearest, kToNearest, kToNearest, kToNearest});
+        std::fill(sums.begin(), sums.end(), PixelSum<Sum>{kToNearest, kToNearest, kToNearest, kToNearest});
         std::size_t first = 0;
         for (int begin = columns.front().first; begin < columns.back().end(); begin += kStripWidth) {
             const int width = std::min(columns.back().end() - begin, kStripWidth);
@@ -106,7 +106,7 @@ void mix(const Bitmap& source, const Axis& columns, const Axis& rows, Bitmap& re
             for (std::size_t x = first; x < columns.size() && columns[x].first < begin + width; ++x)
                 sums[x] = withColumns(sums[x], mixed, columns[x], begin);
         }
-        std::ranges::transform(sums, result.row(y).begin(), [](const PixelSum<Sum>& sum) {
+        std::transform(sums.begin(), sums.end(), result.row(y).begin(), [](const PixelSum<Sum>& sum) {
             return Pixel{static_cast<std::uint8_t>(sum[0]), static_cast<std::uint8_t>(sum[1]),
                          static_cast<std::uint8_t>(sum[2]), static_cast<std::uint8_t>(sum[3])};
         });

@@ -57,10 +57,10 @@ void straighten(std::span<const Pixel> row, std::span<Rgba> straightened)
     for (const Pixel& p : row)
         alphas &= p.a;
     if (alphas == 255) {
-        std::ranges::transform(row, straightened.begin(), [](Pixel p) { return Rgba{p.r, p.g, p.b, p.a}; });
+        std::transform(row.begin(), row.end(), straightened.begin(), [](Pixel p) { return Rgba{p.r, p.g, p.b, p.a}; });
         return;
     }
-    std::ranges::transform(row, straightened.begin(), [](Pixel p) {
+    std::transform(row.begin(), row.end(), straightened.begin(), [](Pixel p) {
         return Rgba{straight(p.r, p.a), straight(p.g, p.a), straight(p.b, p.a), p.a};
     });
 }

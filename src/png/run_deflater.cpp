@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "png/run_deflater.h"
 
+#include "base/portable.h"
+
 #include <algorithm>
 #include <array>
 #include <bit>
@@ -39,7 +41,7 @@ LengthSymbol symbolOf(std::uint64_t matchLength)
 {
     if (matchLength == kLongestMatch)
         return {285, 0, 0};
-    const std::uint64_t length = matchLength - kShortestMatch;
+    const auto length = static_cast<std::size_t>(matchLength - kShortestMatch);
     if (length < 8)
         return {257 + length, 0, 0};
     const auto extraBits = static_cast<unsigned>(std::bit_width(length)) - 3;
@@ -66,7 +68,7 @@ void spellRepeats(Sink& sink, Distance distance, std::uint64_t bytes)
 template <class Sink, class Run>
 void spell(Sink& sink, const Run& run)
 {
-    const auto bytes = std::bit_cast<std::array<std::uint8_t, 4>>(run.group);
+    const auto bytes = bitCast<std::array<std::uint8_t, 4>>(run.group);
     if (run.count == 0) {
         sink.literal(static_cast<std::uint8_t>(run.group));
     } else if (run.group == 0) {
@@ -126,7 +128,7 @@ std::array<std::uint8_t, kSymbols> codeLengths(std::array<std::uint64_t, kSymbol
             if (counts[symbol] > 0)
                 lengths[symbol] = static_cast<std::uint8_t>(depths[parents[symbol]] + 1);
         }
-        if (*std::ranges::max_element(lengths) <= kLongestCode)
+        if (*std::max_element(lengths.begin(), lengths.end()) <= kLongestCode)
             return lengths;
         for (std::uint64_t& count : counts)
             count = (count + 1) / 2;
@@ -300,7 +302,7 @@ void RunDeflater::writeBlock()
     for (std::size_t symbol = 0; symbol < kSymbols; ++symbol)
         bits += counts.symbols[symbol] * lengths[symbol];
     const std::size_t start = m_output.size();
-    m_output.resize(start + bits / 8 + 9);
+    m_output.resize(sizeOf64(start + bits / 8 + 9));
     BitWriter writer(m_output.data() + start, m_bits, m_bitCount);
     putHead(writer, lengths);
     Coder coder(writer, lengths);

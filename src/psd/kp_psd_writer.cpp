@@ -60,7 +60,7 @@ void KPPSDWriter::setDocumentSize(Size size)
 
 void KPPSDWriter::setLayers(Layers layers)
 {
-    if (std::ranges::count(layers, nullptr) > 0)
+    if (std::count(layers.begin(), layers.end(), nullptr) > 0)
         throw std::invalid_argument("KPPSDWriter: a layer is missing");
     m_layers = std::move(layers);
 }
@@ -68,7 +68,8 @@ void KPPSDWriter::setLayers(Layers layers)
 KPPSDWriter::Layers KPPSDWriter::visibleLayers() const
 {
     Layers visible;
-    std::ranges::copy_if(m_layers, std::back_inserter(visible), [](const LayerRef& l) { return l->hasValidSize(); });
+    std::copy_if(m_layers.begin(), m_layers.end(), std::back_inserter(visible),
+                 [](const LayerRef& l) { return l->hasValidSize(); });
     return visible;
 }
 

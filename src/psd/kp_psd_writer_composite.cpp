@@ -70,7 +70,8 @@ bool KPPSDWriter::preprocess()
 {
     if (m_flattenedContext)
         m_flattenedData = m_flattenedContext.snapshot();
-    const bool prepared = std::ranges::all_of(m_layers, [](const LayerRef& layer) { return layer->preparePixels(); });
+    const bool prepared =
+        std::all_of(m_layers.begin(), m_layers.end(), [](const LayerRef& layer) { return layer->preparePixels(); });
     for (int open = openGroups(); open > 0; --open)
         closeCurrentGroupLayer();
     return prepared;

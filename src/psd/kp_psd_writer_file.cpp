@@ -101,7 +101,7 @@ void fillInLength(ByteBuffer& buffer, std::size_t place, std::uint64_t end)
 {
     ByteBuffer length;
     kpAppendValue(length, static_cast<std::int64_t>(end - place - 4), 4);
-    std::ranges::copy(length, buffer.data() + place);
+    std::copy(length.begin(), length.end(), buffer.data() + place);
 }
 
 } // namespace
@@ -127,14 +127,16 @@ KPPSDError KPPSDWriter::writeFileOn(GrowingFile& file)
     if (isTooLarge())
         return tooLarge();
     const Layers layers = visibleLayers();
-    if (isBroken(m_documentSize) ||
-        std::ranges::any_of(layers, [](const LayerRef& layer) { return isBroken(layer->documentSize()); }))
+    if (isBroken(m_documentSize) || std::any_of(layers.begin(), layers.end(),
+                                                [](const LayerRef& layer) { return isBroken(layer->documentSize()); }))
         return {KPPSDError::BrokenDocumentSize, "The document's size is not a whole number of pixels"};
     try {
         if (auto error = prepare())
             return error;
-        if (file.isHeld())
-            file.end().reserve(largestFileSize());
+        const std::uint64_t most = file.isHeld() ? largestFileSize() : 0;
+        if (most > file.end().max_size())
+            return noMemory();
+        file.end().reserve(static_cast<std::size_t>(most));
         writeFileHeaderSectionOn(file.end());
         writeColorModeDataSectionOn(file.end());
         writeImageResourceSectionOn(file.end());

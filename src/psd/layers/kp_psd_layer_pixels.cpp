@@ -139,7 +139,7 @@ BitmapRef KPPSDLayer::correctedPixels(bool flips, bool unpremultiplies) const
     for (int y = 0; corrected && y < part.height; ++y) {
         const auto from = part.row(flips ? part.height - 1 - y : y);
         if (unpremultiplies)
-            std::ranges::transform(from, corrected->row(y).begin(), unpremultiplied);
+            std::transform(from.begin(), from.end(), corrected->row(y).begin(), unpremultiplied);
         else
             copyPixels(corrected->row(y).data(), from.data(), from.size());
     }

@@ -64,7 +64,7 @@ void KPPSDLayer::fillInChannelLengths(ByteBuffer& buffer, std::size_t record, co
     for (std::size_t c = 0; c < lengths.size(); ++c) {
         field.clear();
         kpAppendValue(field, static_cast<std::int64_t>(lengths[c]), 4);
-        std::ranges::copy(field, buffer.data() + record + kChannelList + c * kChannelEntry + kChannelId);
+        std::copy(field.begin(), field.end(), buffer.data() + record + kChannelList + c * kChannelEntry + kChannelId);
     }
 }
 

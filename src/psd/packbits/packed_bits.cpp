@@ -76,11 +76,11 @@ ByteBuffer kpPackedBitsForRange(std::span<const std::uint8_t> bytes, ByteRange r
     const std::uint64_t count = (range.length - 1) / step + 1;
     if (range.location >= bytes.size() || (count - 1) * step >= bytes.size() - range.location)
         throw std::out_of_range("kpPackedBitsForRange: the range ends outside the bytes");
-    std::vector<std::uint8_t> samples(count);
-    for (std::size_t i = 0; i < count; ++i)
-        samples[i] = bytes[range.location + i * step];
-    ByteBuffer packed(largestPackedSize(count));
-    std::vector<std::uint64_t> repeats(repeatWords(count));
+    std::vector<std::uint8_t> samples(static_cast<std::size_t>(count));
+    for (std::size_t i = 0; i < samples.size(); ++i)
+        samples[i] = bytes[static_cast<std::size_t>(range.location + i * step)];
+    ByteBuffer packed(largestPackedSize(samples.size()));
+    std::vector<std::uint64_t> repeats(repeatWords(samples.size()));
     packed.resize(packSamples(samples, repeats.data(), packed.data()));
     return packed;
 }
