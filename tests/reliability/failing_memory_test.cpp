@@ -2,8 +2,8 @@
 //
 // Lets the n-th request for memory fail, for every n of a piece of work: the request alone, and all that follow it as
 // well.
-#include "app/scripted_program.h"
 #include "app/preset_file.h"
+#include "app/scripted_program.h"
 #include "app/undo_history.h"
 #include "cli/command_line.h"
 #include "items/gx_still.h"

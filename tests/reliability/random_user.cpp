@@ -63,7 +63,7 @@ RandomUser::RandomUser(ProgramUnderTest& program, const QString& folder, unsigne
         [&, few] {
             anyLayer();
             if (few(delegate.allScreensArray()))
-                menuAction("Dup&licate").trigger();
+                menuAction("&Duplicate").trigger();
         },
         [&, few] {
             delegate.arraycontroller().setSelectionIndexes({below(4), below(kMostItems), below(kMostItems)});

@@ -102,7 +102,7 @@ void LayerActions::makeEditActions()
                            all.insert(all.end(), row);
                        layers.setSelectionIndexes(all);
                    }),
-        makeAction(tr("Dup&licate"), tr("Put a copy beside each selected layer"), Qt::CTRL | Qt::Key_D, 1,
+        makeAction(tr("&Duplicate"), tr("Put a copy beside each selected layer"), Qt::CTRL | Qt::Key_D, 1,
                    [this] { duplicateLayers(m_delegate); }),
         makeAction(tr("Arra&y…"), tr("Repeat the selected layers side by side and on top of each other"),
                    Qt::CTRL | Qt::SHIFT | Qt::Key_A, 1, [this] { askForArray(); }),

@@ -335,7 +335,7 @@ void MainWindow::makeEditMenu()
         if (hasSelection(editedTable()))
             editedTable().moveSelection(ItemTable::Direction::Up);
     });
-    menu->addAction(tr("Move &Down"), Qt::CTRL | Qt::SHIFT | Qt::Key_Down, this, [this] {
+    menu->addAction(tr("Move Do&wn"), Qt::CTRL | Qt::SHIFT | Qt::Key_Down, this, [this] {
         if (hasSelection(editedTable()))
             editedTable().moveSelection(ItemTable::Direction::Down);
     });

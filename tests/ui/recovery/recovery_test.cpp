@@ -113,7 +113,7 @@ private slots:
                     continue;
                 widget->resize(900, 700);
                 for (auto* action : widget->findChildren<QAction*>()) {
-                    if (action->text() == "Dup&licate")
+                    if (action->text() == "&Duplicate")
                         action->trigger();
                 }
                 widget->close();

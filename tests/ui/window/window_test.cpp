@@ -102,7 +102,7 @@ private slots:
         program.application.openFile("no such file");
         QCOMPARE(program.panels.alerts, std::vector<std::string>{"No File Found|File Not Found"});
         program.delegate().arraycontroller().setSelectionIndexes({});
-        program.trigger("Dup&licate");
+        program.trigger("&Duplicate");
         QCOMPARE(program.window().statusBar()->currentMessage(), "No layer is selected.");
     }
 
@@ -201,7 +201,7 @@ private slots:
         program.panels.answer = program.location("stage");
         program.delegate().saveProject();
         QCOMPARE(title(), QString("stage.mpr[*]"));
-        program.trigger("Dup&licate");
+        program.trigger("&Duplicate");
         QCOMPARE(title(), QString("stage.mpr[*]+"));
         QCOMPARE(program.layers().size(), 2);
         QVERIFY(&program.item(0) != &program.item(1));
@@ -264,7 +264,7 @@ private slots:
         program.delegate().addImageAt(program.location("logo.png"));
         const ImageRef image = program.item(1).thumbnail();
         const Size size = image->size();
-        program.trigger("Dup&licate");
+        program.trigger("&Duplicate");
         program.item(1).setPanelWidth(90);
         program.settle();
         QVERIFY(program.item(1).thumbnail()->size() != size);
