@@ -17,7 +17,7 @@ void fillAndCopy(const GXAppDelegate& delegate, const BitmapRef& raster, const P
 {
     const auto bytes = [](std::int64_t pixels) { return static_cast<std::size_t>(pixels) * sizeof(Pixel); };
     const bool wholeRows = part.width == raster->width();
-    for (std::int64_t y = part.y; y < part.top(); y += wholeRows ? part.height : 1) {
+    for (std::int64_t y = part.y; y < part.bottom(); y += wholeRows ? part.height : 1) {
         void* const row = raster->row(static_cast<int>(y)).data() + part.x;
         std::memset(row, 0x40, bytes(wholeRows ? part.width * part.height : part.width));
     }
@@ -25,7 +25,7 @@ void fillAndCopy(const GXAppDelegate& delegate, const BitmapRef& raster, const P
         const BitmapRef thumbnail = item->thumbnail()->firstRepresentation();
         const PixelRect shown =
             intersection({item->xpoint(), item->ypoint(), thumbnail->width(), thumbnail->height()}, part);
-        for (std::int64_t y = shown.y; y < shown.top(); ++y)
+        for (std::int64_t y = shown.y; y < shown.bottom(); ++y)
             std::memcpy(raster->row(static_cast<int>(y)).data() + shown.x,
                         thumbnail->row(static_cast<int>(y - item->ypoint())).data() + (shown.x - item->xpoint()),
                         bytes(std::max<std::int64_t>(shown.width, 0)));

@@ -11,14 +11,6 @@ namespace {
 
 constexpr double kThrottleSeconds = 0.1;
 
-/// In the raster's coordinates, y upwards; 32-bit like every position of an item.
-PixelPoint lowerLeftCorner(const GXItem& item, std::int32_t outputHeight)
-{
-    const auto y = static_cast<std::uint32_t>(outputHeight) - static_cast<std::uint32_t>(item.ypoint()) -
-                   static_cast<std::uint32_t>(item.screenSizeHeight());
-    return {item.xpoint(), static_cast<std::int32_t>(y)};
-}
-
 } // namespace
 
 void GXAppDelegate::update()
@@ -55,10 +47,8 @@ void GXAppDelegate::compose()
     const ItemArray& items = m_arraycontroller.arrangedObjects();
     scene.pictures.reserve(items.size());
     for (auto item = items.rbegin(); item != items.rend(); ++item) {
-        const PixelPoint corner = lowerLeftCorner(**item, m_OutputHeight);
         if (ImageRef picture = (*item)->picture(); picture && (*item)->visible())
-            scene.pictures.push_back(
-                {std::move(picture), {corner.x, corner.y, (*item)->screenSizeWidth(), (*item)->screenSizeHeight()}});
+            scene.pictures.push_back({std::move(picture), (*item)->frame()});
     }
 
     // Nobody holds the raster of the last pass while it is composed anew, so that it serves again.

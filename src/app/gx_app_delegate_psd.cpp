@@ -23,15 +23,12 @@ Placed place(const GXItem& item, const PixelRect& output)
     const ImageRef picture = item.picture();
     if (!picture || picture->unscaled() || !picture->firstRepresentation())
         return {picture ? picture->unscaled() : nullptr, offset};
-    // Drawing coordinates: y upwards.
-    const std::int64_t x = item.xpoint();
-    const std::int64_t y = output.height - item.ypoint() - item.screenSizeHeight();
-    const PixelRect shown = intersection({0, 0, item.screenSizeWidth(), item.screenSizeHeight()}, picture->extent());
-    const PixelRect onOutput = intersection({x, y, shown.width, shown.height}, output);
+    const PixelRect laid = picture->extentIn(item.frame());
+    const PixelRect onOutput = intersection(intersection(item.frame(), laid), output);
     if (onOutput.empty())
         return {nullptr, offset};
-    return {picture->scaledPart({onOutput.x - x, onOutput.y - y, onOutput.width, onOutput.height}),
-            {static_cast<double>(onOutput.x), static_cast<double>(output.height - onOutput.top())}};
+    return {picture->scaledPart({onOutput.x - laid.x, onOutput.y - laid.y, onOutput.width, onOutput.height}),
+            {static_cast<double>(onOutput.x), static_cast<double>(onOutput.y)}};
 }
 
 } // namespace

@@ -29,9 +29,7 @@ bool repeatsTooMuch(const Project& project)
         const ImageRef picture = item->visible() ? item->picture() : nullptr;
         if (known.insert(item.get()).second || !picture || !picture->firstRepresentation())
             continue;
-        // From the top: only the area counts.
-        const PixelRect shown =
-            intersection({item->xpoint(), item->ypoint(), item->screenSizeWidth(), item->screenSizeHeight()}, output);
+        const PixelRect shown = intersection(item->frame(), output);
         repeated += std::max<std::int64_t>(shown.width, 0) * std::max<std::int64_t>(shown.height, 0);
         if (repeated > kMostRepeatedPixels)
             return true;

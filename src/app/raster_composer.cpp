@@ -59,8 +59,7 @@ bool hides(const RasterScene::Picture& picture, const PixelRect& part)
     const auto& [image, frame] = picture;
     if (!image->unscaled())
         return false; // there may be no memory to scale it
-    const PixelRect extent = image->extent();
-    const PixelRect shown = intersection(frame, {frame.x, frame.y, extent.width, extent.height});
+    const PixelRect shown = intersection(frame, image->extentIn(frame));
     return intersection(shown, part) == part && image->isOpaque();
 }
 
@@ -87,7 +86,7 @@ void composeTile(const BitmapRef& raster, const RasterScene& scene, const PixelR
     for (auto picture = hidden ? hiding.base() - 1 : pictures.begin(); picture != pictures.end(); ++picture) {
         const auto& [image, frame] = **picture;
         const std::size_t refusedBefore = BitmapMemory::refused();
-        context.drawImage(*image, {frame.x, frame.y}, {0, 0, frame.width, frame.height}, operation);
+        context.drawImage(*image, frame, operation);
         if (BitmapMemory::refused() != refusedBefore)
             refused.push_back(*picture);
     }
@@ -99,7 +98,7 @@ void composePart(const BitmapRef& raster, const RasterScene& scene, const PixelR
     for (const RasterScene::Picture& picture : scene.pictures)
         if (!intersection(picture.frame, part).empty())
             all.push_back(&picture);
-    for (std::int64_t y = part.y; y < part.top(); y += kTileHeight) {
+    for (std::int64_t y = part.y; y < part.bottom(); y += kTileHeight) {
         const PixelRect band = intersection(part, {part.x, y, part.width, kTileHeight});
         const Pictures pictures = picturesOn(band, all);
         for (std::int64_t x = part.x; x < part.right(); x += kTileWidth) {

@@ -16,7 +16,7 @@ namespace wallgrid {
 struct RasterScene {
     struct Picture {
         ImageRef image;
-        PixelRect frame; ///< shows as much of the image as it holds, from their lower-left corners; may lie anywhere
+        PixelRect frame; ///< shows as much of the image as it holds; may lie anywhere
     };
 
     std::int32_t width = 0;

@@ -25,14 +25,15 @@ struct Rect {
     bool operator==(const Rect&) const = default;
 };
 
-/// Whole pixels in drawing coordinates: origin at the bottom-left corner, y upwards, (x, y) the lower-left corner.
-/// 64 bits wide, so that sums of 32-bit item fields cannot overflow.
+/// Whole pixels, counted from the top-left corner of a bitmap or of the output: x to the right, y downwards. 64 bits
+/// wide, so that sums of 32-bit item fields cannot overflow.
 struct PixelPoint {
     std::int64_t x = 0;
     std::int64_t y = 0;
     bool operator==(const PixelPoint&) const = default;
 };
 
+/// (x, y) is the top-left pixel; right and bottom are the first pixels outside.
 struct PixelRect {
     std::int64_t x = 0;
     std::int64_t y = 0;
@@ -40,7 +41,7 @@ struct PixelRect {
     std::int64_t height = 0;
 
     std::int64_t right() const { return x + width; }
-    std::int64_t top() const { return y + height; }
+    std::int64_t bottom() const { return y + height; }
     bool empty() const { return width <= 0 || height <= 0; }
     bool operator==(const PixelRect&) const = default;
 };

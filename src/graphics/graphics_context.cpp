@@ -38,7 +38,7 @@ PixelRect GraphicsContext::bounds() const
 
 Pixel* GraphicsContext::at(std::int64_t x, std::int64_t y)
 {
-    return m_bitmap->row(static_cast<int>(m_bitmap->height() - 1 - y)).data() + x;
+    return m_bitmap->row(static_cast<int>(y)).data() + x;
 }
 
 void GraphicsContext::setColor(const ColorRef& color)
@@ -55,11 +55,11 @@ void GraphicsContext::fill(const PixelRect& rect, Pixel color)
     if (part.empty())
         return;
     if (part.width == bounds().width) {
-        // Whole rows follow one another, the top one first.
-        fillPixels(at(0, part.top() - 1), color, static_cast<std::size_t>(part.width * part.height));
+        // Whole rows follow one another.
+        fillPixels(at(0, part.y), color, static_cast<std::size_t>(part.width * part.height));
         return;
     }
-    for (std::int64_t y = part.y; y < part.top(); ++y)
+    for (std::int64_t y = part.y; y < part.bottom(); ++y)
         fillPixels(at(part.x, y), color, static_cast<std::size_t>(part.width));
 }
 
@@ -83,7 +83,7 @@ void GraphicsContext::frameRect(const PixelRect& rect, std::int64_t width)
     fill({rect.x, rect.y, rect.width, width}, m_color);
     fill({rect.x, rect.y + width, width, sides}, m_color);
     fill({rect.right() - width, rect.y + width, width, sides}, m_color);
-    fill({rect.x, rect.top() - width, rect.width, width}, m_color);
+    fill({rect.x, rect.bottom() - width, rect.width, width}, m_color);
 }
 
 void GraphicsContext::tile(std::int64_t blockWidth, std::int64_t blockHeight, std::int64_t columns, std::int64_t rows)
@@ -96,13 +96,14 @@ void GraphicsContext::tile(std::int64_t blockWidth, std::int64_t blockHeight, st
     };
     const std::int64_t width = tiled(blockWidth, columns, bounds().width);
     const std::int64_t height = tiled(blockHeight, rows, bounds().height);
-    // The lowest band first: its rows in full, and for each the lowest row that looks like it. A panel has few
-    // different rows, so what the rest is copied from stays in the nearest cache.
+    // Rows are counted from the lowest one. The lowest band first: its rows in full, and for each the lowest row that
+    // looks like it. A panel has few different rows, so what the rest is copied from stays in the nearest cache.
+    const auto rowFromBelow = [&](std::int64_t y) { return at(0, bounds().height - 1 - y); };
     const std::int64_t block = std::min(blockWidth, width);
     const bool more = height > blockHeight;
     std::vector<const Pixel*> rowsOfBand;
     for (std::int64_t y = 0; y < std::min(blockHeight, height); ++y) {
-        Pixel* const row = at(0, y);
+        Pixel* const row = rowFromBelow(y);
         for (std::int64_t done = block; done < width; done *= 2)
             copyPixels(row + done, row, static_cast<std::size_t>(std::min(done, width - done)));
         const bool same =
@@ -112,7 +113,7 @@ void GraphicsContext::tile(std::int64_t blockWidth, std::int64_t blockHeight, st
     const std::size_t bytes = static_cast<std::size_t>(width * height) * sizeof(Pixel);
     const bool stream = bytes >= kBeyondCache && width >= kLeastStreamedRow;
     for (std::int64_t y = height - 1; y >= blockHeight; --y)
-        (stream ? streamPixels : copyPixels)(at(0, y), rowsOfBand[static_cast<std::size_t>(y % blockHeight)],
+        (stream ? streamPixels : copyPixels)(rowFromBelow(y), rowsOfBand[static_cast<std::size_t>(y % blockHeight)],
                                              static_cast<std::size_t>(width));
     if (stream)
         finishStreaming();
@@ -129,11 +130,11 @@ void GraphicsContext::strokeCircle(const PixelRect& square, std::int64_t lineWid
     const Ring ring{static_cast<double>(square.x) + radius, static_cast<double>(square.y) + radius, radius + halfLine,
                     radius - halfLine};
     const auto clamped = [&](double y) {
-        return std::clamp(y, static_cast<double>(m_clip.y), static_cast<double>(m_clip.top()));
+        return std::clamp(y, static_cast<double>(m_clip.y), static_cast<double>(m_clip.bottom()));
     };
-    const auto top = static_cast<std::int64_t>(std::ceil(clamped(ring.centerY + ring.outerRadius)));
-    const auto bottom = static_cast<std::int64_t>(clamped(ring.centerY - ring.outerRadius));
-    for (std::int64_t y = bottom; y < top; ++y) {
+    const auto top = static_cast<std::int64_t>(clamped(ring.centerY - ring.outerRadius));
+    const auto bottom = static_cast<std::int64_t>(std::ceil(clamped(ring.centerY + ring.outerRadius)));
+    for (std::int64_t y = top; y < bottom; ++y) {
         const RingRow row(ring, y);
         Pixel* const pixels = at(0, y);
         const std::int64_t end = std::min(row.touched().end, m_clip.right());
@@ -156,7 +157,7 @@ void GraphicsContext::strokeCircle(const PixelRect& square, std::int64_t lineWid
 
 // Texts
 
-void GraphicsContext::drawText(std::string_view text, PixelPoint point, double fontSize, const ColorRef& color)
+void GraphicsContext::drawText(std::string_view text, PixelPoint lowerLeft, double fontSize, const ColorRef& color)
 {
     Toolkit* const toolkit = Toolkit::current();
     if (!m_bitmap || !toolkit)
@@ -165,8 +166,8 @@ void GraphicsContext::drawText(std::string_view text, PixelPoint point, double f
     if (!line)
         return;
     PixelRect ink = line->inkBounds();
-    ink.x += point.x;
-    ink.y += point.y;
+    ink.x += lowerLeft.x;
+    ink.y += lowerLeft.y;
     const PixelRect part = intersection(ink, m_clip);
     if (part.empty())
         return;
@@ -175,54 +176,44 @@ void GraphicsContext::drawText(std::string_view text, PixelPoint point, double f
     const std::int64_t pieceWidth = std::min(part.width, kTextPieceWidth);
     const std::int64_t pieceHeight = std::min(part.height, kTextPieceArea / pieceWidth);
     std::vector<std::uint8_t> coverage(static_cast<std::size_t>(pieceWidth * pieceHeight));
-    for (std::int64_t y = part.y; y < part.top(); y += pieceHeight) {
+    // From the lower edge up. Rounding in huge letters may depend on where a piece begins, and no pixel may change.
+    for (std::int64_t bottom = part.bottom(); bottom > part.y; bottom -= pieceHeight) {
         for (std::int64_t x = part.x; x < part.right(); x += pieceWidth) {
-            const PixelRect piece = intersection(part, {x, y, pieceWidth, pieceHeight});
+            const PixelRect piece = intersection(part, {x, bottom - pieceHeight, pieceWidth, pieceHeight});
             const auto width = static_cast<std::size_t>(piece.width);
             const auto height = static_cast<std::size_t>(piece.height);
-            line->rasterize({x - point.x, y - point.y, piece.width, piece.height},
+            line->rasterize({x - lowerLeft.x, piece.y - lowerLeft.y, piece.width, piece.height},
                             std::span(coverage).first(width * height));
             for (std::size_t row = 0; row < height; ++row)
-                blendCoverage(at(x, piece.top() - 1 - static_cast<std::int64_t>(row)), pixel,
-                              coverage.data() + row * width, width);
+                blendCoverage(at(x, piece.y + static_cast<std::int64_t>(row)), pixel, coverage.data() + row * width,
+                              width);
         }
     }
 }
 
 // Images
 
-void GraphicsContext::drawImage(const Image& image, PixelPoint point, const PixelRect& source,
-                                CompositingOperation operation, std::uint8_t alpha)
+void GraphicsContext::drawImage(const Image& image, const PixelRect& frame, CompositingOperation operation)
 {
-    // From the image's coordinates to the bitmap's.
-    const std::int64_t dx = point.x - source.x;
-    const std::int64_t dy = point.y - source.y;
-    const PixelRect shown = intersection(source, image.extent());
-    const PixelRect onBitmap = intersection({shown.x + dx, shown.y + dy, shown.width, shown.height}, bounds());
+    const PixelRect laid = image.extentIn(frame);
+    const PixelRect onBitmap = intersection(intersection(frame, laid), bounds());
     const PixelRect part = intersection(onBitmap, m_clip);
-    if (shown.empty() || part.empty())
+    if (part.empty())
         return;
-    PixelPoint from{part.x - dx, part.y - dy};
     BitmapRef raster = image.unscaled();
+    PixelPoint origin{laid.x, laid.y}; // of the raster
     if (!raster) {
         // All that the bitmap can show, whatever the clip: the image keeps it for the next piece.
-        raster = image.scaledPart({onBitmap.x - dx, onBitmap.y - dy, onBitmap.width, onBitmap.height});
-        from = {part.x - onBitmap.x, part.y - onBitmap.y};
+        raster = image.scaledPart({onBitmap.x - laid.x, onBitmap.y - laid.y, onBitmap.width, onBitmap.height});
+        origin = {onBitmap.x, onBitmap.y};
     }
     if (!raster)
         return;
-    const bool replaces = operation == CompositingOperation::SourceOver && alpha == 255 && image.isOpaque();
+    const bool replaces = operation == CompositingOperation::SourceOver && image.isOpaque();
     const auto blend = replaces ? copyPixels : operation == CompositingOperation::SourceOver ? blendOver : blendAtop;
-    const auto width = static_cast<std::size_t>(part.width);
-    std::vector<Pixel> faded(alpha == 255 ? 0 : width);
-    for (std::int64_t y = 0; y < part.height; ++y) {
-        const int row = static_cast<int>(raster->height() - 1 - (from.y + y));
-        const Pixel* pixels = std::as_const(*raster).row(row).data() + from.x;
-        if (alpha < 255) {
-            scalePixels(faded.data(), pixels, alpha, width);
-            pixels = faded.data();
-        }
-        blend(at(part.x, part.y + y), pixels, width);
+    for (std::int64_t y = part.y; y < part.bottom(); ++y) {
+        const auto pixels = std::as_const(*raster).row(static_cast<int>(y - origin.y));
+        blend(at(part.x, y), pixels.data() + (part.x - origin.x), static_cast<std::size_t>(part.width));
     }
 }
 

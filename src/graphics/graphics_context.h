@@ -18,9 +18,9 @@ enum class CompositingOperation {
     SourceAtop, ///< S × Da + D × (1 − Sa), alpha stays Da
 };
 
-/// Draws on a bitmap: all the drawing that the program knows. Coordinates have their origin at the bitmap's
-/// bottom-left corner, y upwards, one unit a pixel, and lie within ±2⁶⁰; whatever lies outside the bitmap is clipped. A
-/// context on no bitmap draws nowhere. Products of samples are rounded to nearest.
+/// Draws on a bitmap: all the drawing that the program knows. Coordinates count pixels from the bitmap's top-left
+/// corner, y downwards, and lie within ±2⁶⁰; whatever lies outside the bitmap is clipped. A context on no bitmap draws
+/// nowhere. Products of samples are rounded to nearest.
 class GraphicsContext {
 public:
     explicit GraphicsContext(BitmapRef bitmap);
@@ -39,7 +39,8 @@ public:
     /// Replaces a strip of `width` pixels along each side, inside the rectangle. 0 or less paints nothing.
     void frameRect(const PixelRect& rect, std::int64_t width);
     /// Repeats the block of blockWidth × blockHeight pixels at the bitmap's lower-left corner, to the right and
-    /// upwards, until there are `columns` × `rows` of it. A grid of like panels is one panel drawn and then tiled.
+    /// upwards, until there are `columns` × `rows` of it. A grid of like panels is one panel drawn and then tiled;
+    /// where it does not fit, the uppermost row of panels is cut.
     void tile(std::int64_t blockWidth, std::int64_t blockHeight, std::int64_t columns, std::int64_t rows);
 
     /// Strokes the circle inscribed in a square with the current colour, blended; the line is centred on the circle.
@@ -49,18 +50,16 @@ public:
 
     /// Blends one line of text in the toolkit's system font over the pixels, the lower-left corner of its line box at
     /// the point. Sizes are in pixels; 0 or less is 13. An empty colour is the current one.
-    void drawText(std::string_view text, PixelPoint point, double fontSize, const ColorRef& color);
+    void drawText(std::string_view text, PixelPoint lowerLeft, double fontSize, const ColorRef& color);
 
-    /// Draws the part of an image that `source` names (in the image's points, origin bottom-left), its lower-left
-    /// corner at the point, one point a pixel. An image whose raster has another size than the image is scaled. All its
-    /// samples are taken times alpha / 255 first.
-    void drawImage(const Image& image, PixelPoint point, const PixelRect& source, CompositingOperation operation,
-                   std::uint8_t alpha = 255);
+    /// Draws as much of an image as the frame holds where Image::extentIn() lays it, one point a pixel. An image whose
+    /// raster has another size than the image is scaled.
+    void drawImage(const Image& image, const PixelRect& frame, CompositingOperation operation);
 
 private:
     /// All of the bitmap.
     PixelRect bounds() const;
-    /// The pixel in drawing coordinates; it must lie in the bounds.
+    /// The pixel must lie in the bounds.
     Pixel* at(std::int64_t x, std::int64_t y);
     void fill(const PixelRect& rect, Pixel color);
 

@@ -60,6 +60,12 @@ PixelRect Image::extent() const
             static_cast<std::int64_t>(std::ceil(drawn(m_size.height)))};
 }
 
+PixelRect Image::extentIn(const PixelRect& frame) const
+{
+    const PixelRect all = extent();
+    return {frame.x, frame.bottom() - all.height, all.width, all.height};
+}
+
 BitmapRef Image::unscaled() const
 {
     BitmapRef raster = firstRepresentation();

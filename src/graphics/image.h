@@ -34,8 +34,11 @@ public:
     /// Whether the first representation hides all that lies below it. Looked up in its pixels once.
     bool isOpaque() const;
 
-    /// The pixels that the image covers when a point is a pixel, from the origin; one that it covers in part counts.
+    /// The pixels that the image covers when a point is a pixel, from the origin; one that it covers in part, at the
+    /// right and at the top, counts.
     PixelRect extent() const;
+    /// The same where the image lies in a frame: in its lower-left corner, whether it fills the frame or not.
+    PixelRect extentIn(const PixelRect& frame) const;
     /// The first representation, when it has exactly the pixels of extent(); else empty.
     BitmapRef unscaled() const;
     /// A part of extent() as pixels. The last part asked for is kept, so that drawing an unchanged image again need not

@@ -121,11 +121,9 @@ BitmapRef resample(const Bitmap& source, Size size, const PixelRect& region, Poi
     if (!result)
         return nullptr;
     const Axis columns = makeAxis(source.width(), size.width, hidden.x, region.x, region.width);
-    // Rows are stored from the top. The uppermost one may be broken: what is missing of it lies above the picture.
-    const double wholeRows = std::ceil(size.height);
-    const auto rowsFromTop = static_cast<std::int64_t>(wholeRows) - region.top();
-    const Axis rows =
-        makeAxis(source.height(), size.height, hidden.y - (wholeRows - size.height), rowsFromTop, region.height);
+    // Of the uppermost row, what is missing lies above the picture.
+    const double missing = std::ceil(size.height) - size.height;
+    const Axis rows = makeAxis(source.height(), size.height, hidden.y - missing, region.y, region.height);
     const bool strong = std::max(source.width() / size.width, source.height() / size.height) > kMostInSinglePrecision;
     (strong ? mix<double> : mix<float>)(source, columns, rows, *result);
     return result;

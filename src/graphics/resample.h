@@ -6,8 +6,8 @@
 
 namespace wallgrid {
 
-/// A part of a bitmap scaled to `size` pixels: the part that `region` names (origin at the scaled picture's bottom-left
-/// corner; it may not be empty and lies inside the size, a broken last pixel at the right and at the top included).
+/// A part of a bitmap scaled to `size` pixels: the part that `region` names. It is counted from the top-left pixel of
+/// the scaled picture, of whose pixels the rightmost and the uppermost may be broken; it is not empty and lies inside.
 /// Each direction for itself takes the mean of the area under a pixel where it shrinks, and interpolates linearly
 /// between pixel centres where it enlarges. Neither leaves the range of the samples it mixes, so an opaque picture
 /// stays opaque up to its edges and no colour passes its alpha.

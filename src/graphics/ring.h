@@ -5,7 +5,7 @@
 
 namespace wallgrid {
 
-/// What lies between two circles around one centre, in drawing coordinates. The centre and the radii are multiples of
+/// What lies between two circles around one centre, in pixels of a bitmap. The centre and the radii are multiples of
 /// one half; an inner radius of 0 or less makes a disc.
 struct Ring {
     double centerX;

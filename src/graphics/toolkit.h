@@ -13,7 +13,7 @@
 namespace wallgrid {
 
 /// One line of text, laid out and ready to be rasterised. Coordinates are pixels relative to the lower-left corner of
-/// its line box, y upwards; the baseline lies above the corner by the font's descent.
+/// its line box, y downwards; the baseline lies above the corner by the font's descent.
 class TextLine {
 public:
     virtual ~TextLine() = default;

@@ -6,6 +6,7 @@
 #include "base/key_value_observing.h"
 #include "base/string_ref.h"
 #include "graphics/color.h"
+#include "graphics/geometry.h"
 #include "graphics/image.h"
 
 #include <array>
@@ -101,6 +102,8 @@ public:
     virtual void drawInRect() = 0;
     /// Lets go of a picture that drawInRect() can make again, in an item that is kept but not shown.
     virtual void releasePicture() {}
+    /// The pixels of the output that the item covers, as of its last render.
+    PixelRect frame() const { return {m_xpoint, m_ypoint, m_screenSizeWidth, m_screenSizeHeight}; }
     /// What is composed and exported: the thumbnail, at the size of this item's own last render.
     virtual ImageRef picture() const { return m_thumbnail; }
     /// A new item of the same class that shares this one's colours, texts and images; not rendered.

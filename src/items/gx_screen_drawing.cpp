@@ -75,7 +75,7 @@ BitmapRef GXScreen::drawn() const
 
 void GXScreen::drawPanels(GraphicsContext& context, std::int64_t columns, std::int64_t rows) const
 {
-    const PixelRect panel{0, 0, m_panelWidth, m_panelHeight};
+    const PixelRect panel{0, std::int64_t{m_screenSizeHeight} - m_panelHeight, m_panelWidth, m_panelHeight};
     if (m_bgEnable) {
         context.setColor(m_rectColor);
         context.fillRect(panel);
@@ -94,12 +94,11 @@ void GXScreen::drawTexts(GraphicsContext& context) const
     const std::int64_t margin = m_circleBWidth;
     if (m_screenFontEnable) {
         const std::string text = std::to_string(m_screenSizeWidth) + " x " + std::to_string(m_screenSizeHeight);
-        context.drawText(text, {margin, margin}, m_screenFontSize, Color::whiteColor());
+        context.drawText(text, {margin, m_screenSizeHeight - margin}, m_screenFontSize, Color::whiteColor());
     }
     if (m_XYFontEnable) {
         const std::string text = "xy " + std::to_string(m_xpoint) + " x " + std::to_string(m_ypoint);
-        context.drawText(text, {margin, std::int64_t{m_screenSizeHeight} - margin - m_XYFontSize}, m_XYFontSize,
-                         Color::whiteColor());
+        context.drawText(text, {margin, margin + m_XYFontSize}, m_XYFontSize, Color::whiteColor());
     }
 }
 
@@ -110,13 +109,12 @@ void GXScreen::drawCircle(GraphicsContext& context) const
     const std::int64_t width = m_screenSizeWidth;
     const std::int64_t height = m_screenSizeHeight;
     const std::int64_t line = m_circleBWidth;
-    // Each half is truncated on its own, so the circle sits where older files expect it.
-    const std::int64_t inset = line / 2;
+    const std::int64_t side = std::min(width, height);
+    // Each half is truncated on its own, from the lower left, so the circle sits where older files expect it.
+    const std::int64_t left = width / 2 - side / 2 + line / 2;
+    const std::int64_t below = height / 2 - side / 2 + line / 2;
     context.setColor(m_circleColor);
-    if (width > height)
-        context.strokeCircle({width / 2 - height / 2 + inset, inset, height - line, height - line}, line);
-    else
-        context.strokeCircle({inset, inset - width / 2 + height / 2, width - line, width - line}, line);
+    context.strokeCircle({left, height - below - (side - line), side - line, side - line}, line);
 }
 
 } // namespace wallgrid

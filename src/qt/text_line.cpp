@@ -73,9 +73,9 @@ PixelRect QtTextLine::inkBounds() const
     const QRectF box = m_outline.controlPointRect();
     const auto left = static_cast<std::int64_t>(std::floor(box.left() * m_scale));
     const auto right = static_cast<std::int64_t>(std::ceil(box.right() * m_scale));
-    const auto bottom = static_cast<std::int64_t>(std::floor(m_descent - box.bottom() * m_scale));
-    const auto top = static_cast<std::int64_t>(std::ceil(m_descent - box.top() * m_scale));
-    return {left, bottom, right - left, top - bottom};
+    const auto top = static_cast<std::int64_t>(std::floor(box.top() * m_scale - m_descent));
+    const auto bottom = static_cast<std::int64_t>(std::ceil(box.bottom() * m_scale - m_descent));
+    return {left, top, right - left, bottom - top};
 }
 
 void QtTextLine::rasterize(const PixelRect& area, std::span<std::uint8_t> coverage) const
@@ -89,7 +89,7 @@ void QtTextLine::rasterize(const PixelRect& area, std::span<std::uint8_t> covera
     ink.fill(0);
     const PixelRect bounds = inkBounds();
     QTransform onInk;
-    onInk.translate(static_cast<double>(-area.x), static_cast<double>(area.top()) - m_descent);
+    onInk.translate(static_cast<double>(-area.x), static_cast<double>(-area.y) - m_descent);
     onInk.scale(m_scale, m_scale);
     QPainter painter(&ink);
     painter.setRenderHint(QPainter::Antialiasing);

@@ -20,8 +20,7 @@ BitmapRef drawn(const RasterScene& scene)
     context.setColor(scene.edge);
     context.frameRect({0, 0, scene.width, scene.height}, 1);
     for (const auto& [image, frame] : scene.pictures)
-        context.drawImage(*image, {frame.x, frame.y}, {0, 0, frame.width, frame.height},
-                          CompositingOperation::SourceAtop);
+        context.drawImage(*image, frame, CompositingOperation::SourceAtop);
     return raster;
 }
 

@@ -21,13 +21,13 @@ Image imageOf(const BitmapRef& bitmap, Size size)
     return image;
 }
 
-BitmapRef drawn(const Image& image, PixelPoint point, const PixelRect& source, std::uint8_t alpha = 255)
+BitmapRef drawn(const Image& image, const PixelRect& frame)
 {
     const BitmapRef bitmap = Bitmap::create(6, 4);
     GraphicsContext context(bitmap);
     context.setColor(Color::whiteColor());
     context.fillRect({0, 0, 6, 4});
-    context.drawImage(image, point, source, CompositingOperation::SourceOver, alpha);
+    context.drawImage(image, frame, CompositingOperation::SourceOver);
     return bitmap;
 }
 
@@ -49,13 +49,10 @@ BitmapRef scaled(const BitmapRef& bitmap, double width, double height)
 
 } // namespace
 
-TEST(DrawImage, FadesAndDrawsAtop)
+TEST(DrawImage, DrawsAtop)
 {
-    const Image whole = imageOf(picture({"K"}), {1, 1}), part = imageOf(picture({"K", "."}), {1, 2});
-    for (const Image& image : {whole, part})
-        EXPECT_EQ(drawn(image, {0, 3}, {0, image.extent().height - 1, 1, 1}, 200)->at(0, 0), (Pixel{255, 55, 55, 55}));
     const BitmapRef ground = Bitmap::create(1, 1);
-    GraphicsContext(ground).drawImage(whole, {0, 0}, {0, 0, 1, 1}, CompositingOperation::SourceAtop);
+    GraphicsContext(ground).drawImage(imageOf(picture({"K"}), {1, 1}), {0, 0, 1, 1}, CompositingOperation::SourceAtop);
     EXPECT_EQ(ground->at(0, 0), Pixel{});
 }
 
@@ -68,7 +65,7 @@ TEST(DrawImage, ScalesTheVisiblePartOnly)
     const BitmapRef blue = picture({"BBBBBB", "BBBBBB", "BBBBBB", "BBBBBB"});
     for (const double side : {2e9, 1e300, std::numeric_limits<double>::infinity()}) {
         const Image image = imageOf(raster, {side, side});
-        EXPECT_TRUE(samePicture(drawn(image, {0, 0}, {0, 0, kWide, kWide}), blue)) << side;
+        EXPECT_TRUE(samePicture(drawn(image, {0, 4 - kWide, kWide, kWide}), blue)) << side;
         EXPECT_LT(BitmapMemory::alive(), before + 4096) << side;
     }
 }
@@ -117,9 +114,8 @@ TEST(Resample, KeepsColoursBelowTheirAlphaAndGivesTheSamePixelsForAPartAsForTheW
             }
             const int width = std::min(whole->width(), 7), height = std::min(whole->height(), 4);
             for (const int x : {0, whole->width() - width}) {
-                for (const int y : {0, whole->height() - height}) { // from the top
-                    const PixelRect part{x, whole->height() - y - height, width, height};
-                    const BitmapRef found = resample(*source, size, part);
+                for (const int y : {0, whole->height() - height}) {
+                    const BitmapRef found = resample(*source, size, {x, y, width, height});
                     for (int row = 0; row < height; ++row)
                         EXPECT_TRUE(std::ranges::equal(
                             found->row(row), whole->row(y + row).subspan(std::size_t(x), std::size_t(width))));

@@ -15,10 +15,9 @@ namespace {
 constexpr std::int64_t kFar = std::int64_t(1) << 58;
 const ColorRef red = Color::redColor();
 
-/// Counted from the lower left, as drawing is.
 Pixel at(const BitmapRef& bitmap, std::int64_t x, std::int64_t y)
 {
-    return bitmap->at(static_cast<int>(x), static_cast<int>(bitmap->height() - 1 - y));
+    return bitmap->at(static_cast<int>(x), static_cast<int>(y));
 }
 
 bool contains(const PixelRect& r, std::int64_t x, std::int64_t y)
@@ -37,7 +36,7 @@ testing::AssertionResult draws(const BitmapRef& ground, const std::function<void
     context.setColor(red);
     draw(context);
     for (int i = 0; i < width * height; ++i)
-        expected->pixels()[i] = rule(i % width, height - 1 - i / width);
+        expected->pixels()[i] = rule(i % width, i / width);
     return test::samePicture(drawn, expected);
 }
 
@@ -55,7 +54,7 @@ struct SquareToolkit : Toolkit {
             EXPECT_EQ(intersection(area, box), area);
             ASSERT_LE(coverages.size(), std::size_t(1) << 20);
             for (std::int64_t i = 0; i < area.width * area.height; ++i)
-                coverages[std::size_t(i)] = coverage(area.x + i % area.width, area.top() - 1 - i / area.width);
+                coverages[std::size_t(i)] = coverage(area.x + i % area.width, area.y + i / area.width);
         }
     };
 
@@ -65,7 +64,7 @@ struct SquareToolkit : Toolkit {
     {
         auto line = std::make_unique<Line>();
         const auto side = static_cast<std::int64_t>(fontSize);
-        line->box = {0, 1, side * std::ssize(text), side};
+        line->box = {0, -1 - side, side * std::ssize(text), side};
         return line;
     }
     Expected<ImageRef> decodeImage(std::span<const std::uint8_t>) override { return failure("no images here"); }
@@ -86,7 +85,8 @@ TEST(GraphicsContext, DrawsEverythingWhereverItLies)
         const std::int64_t a = place(), b = place();
         SCOPED_TRACE(testing::PrintToString(std::array{rect.x, rect.y, rect.width, rect.height, a, b}));
         const PixelRect hole{rect.x + a, rect.y + a, rect.width - 2 * a, rect.height - 2 * a};
-        const PixelRect box{rect.x, rect.y + 1, 2 * (a > 0 ? a : 13), a > 0 ? a : 13};
+        const std::int64_t font = a > 0 ? a : 13;
+        const PixelRect box{rect.x, rect.y - 1 - font, 2 * font, font};
         ASSERT_TRUE(draws(
             ground, [&](auto& c) { c.clearRect(rect); },
             [&](auto x, auto y) { return contains(rect, x, y) ? Pixel{} : at(ground, x, y); }));
@@ -97,18 +97,16 @@ TEST(GraphicsContext, DrawsEverythingWhereverItLies)
             }));
         ASSERT_TRUE(draws(
             ground, [&](auto& c) { c.tile(rect.x, rect.y, a, b); },
-            [&](auto x, auto y) {
+            [&](auto x, auto fromTop) {
+                const std::int64_t y = 3 - fromTop; // the block stands in the lower-left corner
                 const bool tiled = rect.x > 0 && rect.y > 0 && x / rect.x < a && y / rect.y < b;
-                return tiled ? at(ground, x % rect.x, y % rect.y) : at(ground, x, y);
+                return tiled ? at(ground, x % rect.x, 3 - y % rect.y) : at(ground, x, 3 - y);
             }));
         ASSERT_TRUE(draws(
-            ground,
-            [&](auto& c) {
-                c.drawImage(image, {a, b}, rect, CompositingOperation::SourceOver);
-            },
+            ground, [&](auto& c) { c.drawImage(image, rect, CompositingOperation::SourceOver); },
             [&](auto x, auto y) {
-                const std::int64_t fromX = x - a + rect.x, fromY = y - b + rect.y;
-                const bool shown = contains(rect, fromX, fromY) && contains(image.extent(), fromX, fromY);
+                const std::int64_t fromX = x - rect.x, fromY = y - rect.bottom() + 2; // in the lower-left corner
+                const bool shown = contains(rect, x, y) && contains(image.extent(), fromX, fromY);
                 return shown && at(picture, fromX, fromY).a == 255 ? at(picture, fromX, fromY) : at(ground, x, y);
             }));
         ASSERT_TRUE(draws(
@@ -128,10 +126,10 @@ TEST(GraphicsContext, DrawsEverythingWhereverItLies)
     EXPECT_TRUE(draws(
         Bitmap::create(40000, 70),
         [](auto& c) {
-            c.drawText("a", {0, -1}, 50000, Color::whiteColor());
+            c.drawText("a", {0, 71}, 50000, Color::whiteColor());
         },
         [](auto x, auto y) {
-            const std::uint8_t coverage = SquareToolkit::Line::coverage(x, y + 1);
+            const std::uint8_t coverage = SquareToolkit::Line::coverage(x, y - 71);
             return Pixel{coverage, coverage, coverage, coverage};
         }));
 }
@@ -145,8 +143,8 @@ TEST(GraphicsContext, DrawsTheSamePixelsInsideAClipAndNowhereWithoutABitmap)
         context.setColor(Color::deviceRGB(0, 0, 1, 0.5));
         context.frameRect({0, 0, 17, 13}, 2);
         context.strokeCircle({1, 0, 14, 14}, 3);
-        context.drawText("1", {0, 0}, 9, red);
-        context.drawImage(image, {2, 3}, {1, 0, 8, 12}, CompositingOperation::SourceOver, 200);
+        context.drawText("1", {0, 13}, 9, red);
+        context.drawImage(image, {2, -2, 8, 12}, CompositingOperation::SourceOver);
     };
     const BitmapRef whole = Bitmap::create(17, 13), pieces = Bitmap::create(17, 13);
     draw(GraphicsContext(whole));
@@ -170,10 +168,11 @@ TEST(GraphicsContext, DrawsBitmapsBeyondTheCacheAlike)
     constexpr int kWidth = 27, kHeight = 41, kColumns = 303, kRows = 51;
     const auto draw = [](GraphicsContext& c) {
         c.fillRect({0, 0, kWidth * kColumns + 2, kHeight * kRows + 3});
-        c.clearRect({kWidth - 1, 0, 1, 20});
+        c.clearRect({kWidth - 1, kHeight * kRows + 3 - 20, 1, 20});
         c.tile(kWidth, kHeight, kColumns, kRows);
     };
-    EXPECT_TRUE(draws(Bitmap::create(kWidth * kColumns + 2, kHeight * kRows + 3), draw, [](auto x, auto y) {
+    EXPECT_TRUE(draws(Bitmap::create(kWidth * kColumns + 2, kHeight * kRows + 3), draw, [](auto x, auto fromTop) {
+        const std::int64_t y = kHeight * kRows + 2 - fromTop;
         const bool tiled = x < kWidth * kColumns && y < kHeight * kRows;
         return tiled && x % kWidth == kWidth - 1 && y % kHeight < 20 ? Pixel{} : red->pixel();
     }));

@@ -8,7 +8,7 @@ using namespace wallgrid;
 
 namespace {
 
-/// The part of a pixel that lies within a radius; its lower left corner is given from the centre.
+/// The part of a pixel that lies within a radius; its top-left corner is given from the centre.
 double covered(double x, double y, double radius)
 {
     constexpr int kColumns = 256;
@@ -34,7 +34,7 @@ BitmapRef stroked(const PixelRect& square, std::int64_t lineWidth)
 
 TEST(Ring, CoversTheTrueAreaOfEachPixel)
 {
-    // Windows on the ring: its top, its right side, its lower left at 45 degrees, its middle, and outside it.
+    // Windows on the ring: its lower end, its right side, its upper left at 45 degrees, its middle, and outside it.
     for (const std::int64_t diameter : {1, 2, 3, 7, 23, 60, 999, 59999}) {
         const std::int64_t diagonal = std::llround(static_cast<double>(diameter) * 0.5 * (1 - std::sqrt(0.5)));
         const PixelPoint corners[] = {{12 - diameter / 2, 8 - diameter},
@@ -49,10 +49,10 @@ TEST(Ring, CoversTheTrueAreaOfEachPixel)
                 const double half = static_cast<double>(std::max<std::int64_t>(lineWidth, 1)) / 2;
                 for (int i = 0; i < 24 * 16; ++i) {
                     const std::int64_t column = i % 24;
-                    const std::int64_t row = 15 - i / 24;
+                    const std::int64_t row = i / 24;
                     const double left = static_cast<double>(column - x) - radius;
-                    const double bottom = static_cast<double>(row - y) - radius;
-                    const double area = covered(left, bottom, radius + half) - covered(left, bottom, radius - half);
+                    const double top = static_cast<double>(row - y) - radius;
+                    const double area = covered(left, top, radius + half) - covered(left, top, radius - half);
                     ASSERT_NEAR(bitmap->pixels()[i].a, 255 * area, 0.55)
                         << diameter << " wide at " << x << ", " << y << ", line " << lineWidth << ", pixel " << i;
                 }

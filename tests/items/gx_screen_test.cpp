@@ -32,7 +32,7 @@ void expectDrawn(GXScreen& screen, std::initializer_list<std::string_view> rows)
 /// Each text is a box of two pixels.
 struct BoxToolkit : Toolkit {
     struct Box : TextLine {
-        PixelRect inkBounds() const override { return {0, 0, 2, 1}; }
+        PixelRect inkBounds() const override { return {0, -1, 2, 1}; }
         void rasterize(const PixelRect&, std::span<std::uint8_t> coverages) const override
         {
             std::ranges::fill(coverages, std::uint8_t(255));

@@ -32,12 +32,12 @@ TEST(TextLine, StandsOnItsBaselineAboveTheLineBoxCorner)
     const QtTextLine digits("240 x 240", 50), descending("y", 50);
     const PixelRect box = digits.inkBounds();
     EXPECT_GE(box.x, 0);
-    EXPECT_GT(box.y, 5) << "digits stand on the baseline, which lies above the corner by the descent";
-    EXPECT_LT(box.y, 18);
+    EXPECT_LT(box.bottom(), -5) << "digits stand on the baseline, which lies above the corner by the descent";
+    EXPECT_GT(box.bottom(), -18);
     EXPECT_GT(box.height, 30);
-    EXPECT_LT(box.top(), 60);
-    EXPECT_GE(descending.inkBounds().y, 0) << "descenders reach down to the line box's lower edge at most";
-    EXPECT_LT(descending.inkBounds().y, box.y);
+    EXPECT_GT(box.y, -60);
+    EXPECT_LE(descending.inkBounds().bottom(), 0) << "descenders reach down to the line box's lower edge at most";
+    EXPECT_GT(descending.inkBounds().bottom(), box.bottom());
     EXPECT_GT(ink(digits), 255 * 50 * 10);
     EXPECT_EQ(ink(digits, 9), ink(digits)) << "no ink lies outside the bounds";
 }
@@ -50,10 +50,10 @@ TEST(TextLine, DrawsAtEverySizeAndInPieces)
     const QtTextLine line("xy -10 x 20", 40);
     const PixelRect box = line.inkBounds();
     const auto whole = rasterized(line, box);
-    for (std::int64_t y = box.y; y < box.top(); y += 7) {
-        const PixelRect band{box.x, y, box.width, std::min<std::int64_t>(7, box.top() - y)};
+    for (std::int64_t y = box.y; y < box.bottom(); y += 7) {
+        const PixelRect band{box.x, y, box.width, std::min<std::int64_t>(7, box.bottom() - y)};
         const auto piece = rasterized(line, band);
-        EXPECT_TRUE(std::equal(piece.begin(), piece.end(), whole.begin() + (box.top() - band.top()) * box.width)) << y;
+        EXPECT_TRUE(std::equal(piece.begin(), piece.end(), whole.begin() + (y - box.y) * box.width)) << y;
     }
 }
 
@@ -68,7 +68,7 @@ TEST(TextLine, LooksAlikeInLettersBeyondAnyRaster)
             // The baselines lie half a pixel apart at most, so the edges are not compared.
             const auto at = ink.begin() + i;
             const auto alike = {at[-1], at[1], at[-box.width], at[box.width]};
-            const PixelPoint point{box.x + i % box.width, box.top() - 1 - i / box.width};
+            const PixelPoint point{box.x + i % box.width, box.y + i / box.width};
             if (std::ranges::count(alike, *at) == 4) {
                 ASSERT_EQ(rasterized(monster, {point.x * scale + scale / 2, point.y * scale + scale / 2, 3, 2}),
                           std::vector<std::uint8_t>(6, *at));

@@ -113,7 +113,8 @@ KPPSDLayer::BitmapPart KPPSDLayer::croppedPart() const
     // The picture of the broken size is put against the right edge and as far above the lower edge.
     const Point hidden{size.width - part.width, size.height - part.height};
     if (const BitmapRef image = croppedImage())
-        part.bitmap = resample(*image, size, {0, 0, part.width, part.height}, hidden);
+        part.bitmap =
+            resample(*image, size, {0, whole(std::ceil(size.height)) - part.height, part.width, part.height}, hidden);
     return part;
 }
 
