@@ -64,8 +64,8 @@ std::vector<Bytes> layerChannels(const KPPSDLayer& layer)
     const auto documentHeight = static_cast<std::size_t>(layer.documentSize().height);
     const auto left = static_cast<std::size_t>(layer.imageInDocumentRegion().origin.x);
     const auto top = static_cast<std::size_t>(layer.imageInDocumentRegion().origin.y);
-    const auto width = static_cast<std::size_t>(part.width);
-    const auto height = static_cast<std::size_t>(part.height);
+    const auto width = static_cast<std::size_t>(part.rect.width);
+    const auto height = static_cast<std::size_t>(part.rect.height);
     const Bytes emptyRow = packedFill(documentWidth);
     const Bytes leftPiece = packedFill(left);
     const Bytes rightPiece = packedFill(documentWidth - left - width);
@@ -79,9 +79,9 @@ std::vector<Bytes> layerChannels(const KPPSDLayer& layer)
             if (r < top || r >= top + height) {
                 appendBytes(rows, emptyRow);
             } else {
-                const std::size_t row = r - top + static_cast<std::size_t>(part.y);
+                const std::size_t row = r - top + static_cast<std::size_t>(part.rect.y);
                 const std::size_t first =
-                    row * part.bitmap->bytesPerRow() + static_cast<std::size_t>(part.x) * kPixel + channel;
+                    row * part.bitmap->bytesPerRow() + static_cast<std::size_t>(part.rect.x) * kPixel + channel;
                 appendBytes(rows, leftPiece);
                 packPlainly(pixels, first, width * kPixel, kPixel, rows);
                 appendBytes(rows, rightPiece);

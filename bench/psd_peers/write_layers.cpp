@@ -36,8 +36,8 @@ void write(const std::filesystem::path& file, std::span<const std::uint8_t> byte
 std::vector<std::uint8_t> canvasOf(const KPPSDLayer::BitmapPart& part, Point origin)
 {
     std::vector<std::uint8_t> samples(std::size_t{kWidth} * kHeight * 4);
-    for (int y = 0; y < part.height; ++y) {
-        const auto first = static_cast<std::size_t>((origin.y + y) * kWidth + origin.x);
+    for (std::int64_t y = 0; y < part.rect.height; ++y) {
+        const auto first = static_cast<std::size_t>((origin.y + static_cast<double>(y)) * kWidth + origin.x);
         std::uint8_t* out = samples.data() + first * 4;
         for (const Pixel& p : part.row(y))
             out = std::ranges::copy(std::array{p.r, p.g, p.b, p.a}, out).out;

@@ -2,7 +2,6 @@
 #include "app/arrangement.h"
 
 #include <algorithm>
-#include <limits>
 
 namespace wallgrid {
 
@@ -10,22 +9,15 @@ namespace {
 
 struct Move {
     ItemRef item;
-    std::int64_t x;
-    std::int64_t y;
+    PixelPoint point;
 };
-
-std::int32_t toPosition(std::int64_t value)
-{
-    using Limits = std::numeric_limits<std::int32_t>;
-    return static_cast<std::int32_t>(std::clamp<std::int64_t>(value, Limits::min(), Limits::max()));
-}
 
 /// The controller draws only the first selected layer again by itself.
 void moveAll(GXAppDelegate& delegate, const std::vector<Move>& moves)
 {
     bool drawn = false;
-    for (const auto& [item, x, y] : moves)
-        drawn |= moveTo(*item, x, y);
+    for (const auto& [item, point] : moves)
+        drawn |= moveTo(*item, point);
     if (drawn)
         delegate.update();
 }
@@ -43,7 +35,8 @@ Span along(const PixelRect& rect, Direction direction)
 
 Move movedTo(const ItemRef& item, Direction direction, std::int64_t begin)
 {
-    return direction == Direction::Across ? Move{item, begin, item->ypoint()} : Move{item, item->xpoint(), begin};
+    return {item,
+            direction == Direction::Across ? PixelPoint{begin, item->ypoint()} : PixelPoint{item->xpoint(), begin}};
 }
 
 /// Half of a length, downwards, so that the same lengths always meet in the same way.
@@ -63,20 +56,9 @@ ItemArray selectedLayers(const GXAppDelegate& delegate)
     return selected;
 }
 
-PixelRect placeOf(const GXItem& item)
+bool moveTo(GXItem& item, PixelPoint point)
 {
-    return {item.xpoint(), item.ypoint(), item.screenSizeWidth(), item.screenSizeHeight()};
-}
-
-bool moveTo(GXItem& item, std::int64_t x, std::int64_t y)
-{
-    const bool across = item.xpoint() != toPosition(x);
-    const bool down = item.ypoint() != toPosition(y);
-    if (across)
-        item.setXpoint(toPosition(x));
-    if (down)
-        item.setYpoint(toPosition(y));
-    if ((!across && !down) || !item.XYFontEnable())
+    if (!item.setPosition(point) || !item.XYFontEnable())
         return false;
     item.drawInRect();
     return true;
@@ -86,7 +68,7 @@ PixelRect placeAround(const ItemArray& items)
 {
     PixelRect around;
     for (const ItemRef& item : items)
-        around = item == items.front() ? placeOf(*item) : united(around, placeOf(*item));
+        around = item == items.front() ? item->frame() : united(around, item->frame());
     return around;
 }
 
@@ -95,7 +77,7 @@ void alignLayers(GXAppDelegate& delegate, Direction direction, Edge edge, const 
     const Span target = along(frame, direction);
     std::vector<Move> moves;
     for (const ItemRef& item : selectedLayers(delegate)) {
-        const std::int64_t room = target.length - along(placeOf(*item), direction).length;
+        const std::int64_t room = target.length - along(item->frame(), direction).length;
         const std::int64_t distance = edge == Edge::Near ? 0 : edge == Edge::Middle ? half(room) : room;
         moves.push_back(movedTo(item, direction, target.begin + distance));
     }
@@ -108,16 +90,16 @@ void distributeLayers(GXAppDelegate& delegate, Direction direction)
     if (items.size() < 3)
         return;
     const auto middle = [direction](const ItemRef& item) {
-        const Span span = along(placeOf(*item), direction);
+        const Span span = along(item->frame(), direction);
         return 2 * span.begin + span.length;
     };
     std::stable_sort(items.begin(), items.end(),
                      [&](const ItemRef& a, const ItemRef& b) { return middle(a) < middle(b); });
     std::int64_t lengths = 0;
     for (const ItemRef& item : items)
-        lengths += along(placeOf(*item), direction).length;
-    const Span first = along(placeOf(*items.front()), direction);
-    const Span last = along(placeOf(*items.back()), direction);
+        lengths += along(item->frame(), direction).length;
+    const Span first = along(items.front()->frame(), direction);
+    const Span last = along(items.back()->frame(), direction);
     const auto gaps = static_cast<std::int64_t>(items.size()) - 1;
     const std::int64_t room = last.begin + last.length - first.begin - lengths;
     std::int64_t gap = room / gaps;
@@ -130,7 +112,7 @@ void distributeLayers(GXAppDelegate& delegate, Direction direction)
     std::int64_t begin = first.begin;
     for (const ItemRef& item : items) {
         moves.push_back(movedTo(item, direction, begin));
-        begin += along(placeOf(*item), direction).length + gap + (left-- > 0 ? 1 : 0);
+        begin += along(item->frame(), direction).length + gap + (left-- > 0 ? 1 : 0);
     }
     moveAll(delegate, moves);
 }
@@ -140,7 +122,7 @@ void placeInRows(GXAppDelegate& delegate, const Rows& rows)
     const ItemArray items = selectedLayers(delegate);
     if (items.empty() || rows.perRow == 0)
         return;
-    const PixelRect first = placeOf(*items.front());
+    const PixelRect first = items.front()->frame();
     std::vector<Move> moves;
     std::int64_t x = first.x;
     std::int64_t y = first.y;
@@ -151,7 +133,7 @@ void placeInRows(GXAppDelegate& delegate, const Rows& rows)
             y += tallest + rows.gapDown;
             tallest = 0;
         }
-        const PixelRect place = placeOf(*items[i]);
+        const PixelRect place = items[i]->frame();
         moves.push_back({items[i], x, y});
         x += place.width + rows.gapAcross;
         tallest = std::max(tallest, place.height);

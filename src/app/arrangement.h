@@ -19,11 +19,9 @@ enum class Edge { Near, Middle, Far }; ///< left or top, the middle, right or bo
 /// The selected layers, in the order of the list from the top.
 ItemArray selectedLayers(const GXAppDelegate& delegate);
 
-/// What a layer covers, as of its last render.
-PixelRect placeOf(const GXItem& item);
 /// Moves an item through its setters, as far as it is not there, and draws it again when its picture says where it is.
 /// Whether it was drawn again.
-bool moveTo(GXItem& item, std::int64_t x, std::int64_t y);
+bool moveTo(GXItem& item, PixelPoint point);
 /// The smallest rectangle around the layers; empty around none.
 PixelRect placeAround(const ItemArray& items);
 

@@ -27,7 +27,7 @@ Placed place(const GXItem& item, const PixelRect& output)
     const PixelRect onOutput = intersection(intersection(item.frame(), laid), output);
     if (onOutput.empty())
         return {nullptr, offset};
-    return {picture->scaledPart({onOutput.x - laid.x, onOutput.y - laid.y, onOutput.width, onOutput.height}),
+    return {picture->scaledPart(onOutput.movedBy(-laid.origin())),
             {static_cast<double>(onOutput.x), static_cast<double>(onOutput.y)}};
 }
 

@@ -10,25 +10,20 @@ namespace wallgrid {
 
 namespace {
 
-struct Distance {
-    std::int64_t x = 0;
-    std::int64_t y = 0;
-};
-
 /// To the place of copies of what is around.
-Distance beside(const GXAppDelegate& delegate, const PixelRect& around)
+PixelPoint beside(const GXAppDelegate& delegate, const PixelRect& around)
 {
     const bool fitsRight = around.x + 2 * around.width <= delegate.OutputWidth();
     const bool fitsBelow = around.y + 2 * around.height <= delegate.OutputHeight();
-    return !fitsRight && fitsBelow ? Distance{0, around.height} : Distance{around.width, 0};
+    return !fitsRight && fitsBelow ? PixelPoint{0, around.height} : PixelPoint{around.width, 0};
 }
 
 /// The items are in no list yet, so nobody is told.
-void place(const ItemArray& items, Distance distance, RunningNames& names)
+void place(const ItemArray& items, PixelPoint distance, RunningNames& names)
 {
     for (const ItemRef& item : items) {
         item->setLabel(names.unused(item->label()));
-        moveTo(*item, item->xpoint() + distance.x, item->ypoint() + distance.y);
+        moveTo(*item, item->frame().origin() + distance);
     }
 }
 
@@ -85,10 +80,10 @@ void pasteLayers(GXAppDelegate& delegate, const ItemArray& items)
     const bool covered = std::any_of(items.begin(), items.end(), [&](const ItemRef& item) {
         const ItemArray& present = layers.arrangedObjects();
         return std::any_of(present.begin(), present.end(),
-                           [&](const ItemRef& layer) { return placeOf(*layer) == placeOf(*item); });
+                           [&](const ItemRef& layer) { return layer->frame() == item->frame(); });
     });
     RunningNames names(layers.arrangedObjects());
-    place(items, covered ? beside(delegate, placeAround(items)) : Distance{}, names);
+    place(items, covered ? beside(delegate, placeAround(items)) : PixelPoint{}, names);
     layers.insertObjectsAtArrangedObjectIndex(items, layers.selectionIndex().value_or(0));
 }
 

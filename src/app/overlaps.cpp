@@ -36,10 +36,7 @@ private:
 };
 
 struct Box {
-    std::int64_t left;
-    std::int64_t top;
-    std::int64_t right;
-    std::int64_t bottom;
+    PixelRect rect;
     std::size_t row;
 };
 
@@ -52,12 +49,12 @@ void countBefore(const std::vector<Box>& boxes, bool anywhere, std::int64_t weig
         byLeft[i] = i;
     std::vector<std::size_t> byRight = byLeft;
     std::sort(byLeft.begin(), byLeft.end(),
-              [&](std::size_t a, std::size_t b) { return boxes[a].left < boxes[b].left; });
+              [&](std::size_t a, std::size_t b) { return boxes[a].rect.x < boxes[b].rect.x; });
     std::sort(byRight.begin(), byRight.end(),
-              [&](std::size_t a, std::size_t b) { return boxes[a].right < boxes[b].right; });
+              [&](std::size_t a, std::size_t b) { return boxes[a].rect.right() < boxes[b].rect.right(); });
     std::vector<std::int64_t> bottoms;
     for (const Box& box : boxes)
-        bottoms.push_back(box.bottom);
+        bottoms.push_back(box.rect.bottom());
     std::sort(bottoms.begin(), bottoms.end());
     const auto rank = [&](std::int64_t bottom) {
         return static_cast<std::size_t>(std::lower_bound(bottoms.begin(), bottoms.end(), bottom) - bottoms.begin());
@@ -66,9 +63,9 @@ void countBefore(const std::vector<Box>& boxes, bool anywhere, std::int64_t weig
     CountsUpTo ended(boxes.size());
     auto next = byRight.begin();
     for (const std::size_t i : byLeft) {
-        for (; next != byRight.end() && boxes[*next].right <= boxes[i].left; ++next)
-            ended.add(rank(boxes[*next].bottom));
-        const std::size_t bound = anywhere ? boxes.size() : rank(boxes[i].top + 1);
+        for (; next != byRight.end() && boxes[*next].rect.right() <= boxes[i].rect.x; ++next)
+            ended.add(rank(boxes[*next].rect.bottom()));
+        const std::size_t bound = anywhere ? boxes.size() : rank(boxes[i].rect.y + 1);
         counts[i] += weight * ended.below(bound);
     }
 }
@@ -79,9 +76,9 @@ Overlaps findOverlaps(const ItemArray& layers)
 {
     std::vector<Box> boxes;
     for (std::size_t row = 0; row < layers.size(); ++row) {
-        const PixelRect place = placeOf(*layers[row]);
+        const PixelRect place = layers[row]->frame();
         if (layers[row]->visible() && !place.empty())
-            boxes.push_back({place.x, place.y, place.x + place.width, place.y + place.height, row});
+            boxes.push_back({place, row});
     }
     // Two boxes are apart when one ends before the other begins, to the left, to the right, above or below. Those that
     // are apart in both directions are counted twice, and so are taken back once.
@@ -90,7 +87,7 @@ Overlaps findOverlaps(const ItemArray& layers)
         countBefore(boxes, true, 1, apart);
         countBefore(boxes, false, -1, apart);
         for (Box& box : boxes) // a quarter turn, so that the next of the four directions is "left"
-            box = {box.top, -box.right, box.bottom, -box.left, box.row};
+            box.rect = {box.rect.y, -box.rect.right(), box.rect.height, box.rect.width};
     }
     Overlaps overlaps;
     for (std::size_t i = 0; i < boxes.size(); ++i) {

@@ -31,6 +31,8 @@ struct PixelPoint {
     std::int64_t x = 0;
     std::int64_t y = 0;
     bool operator==(const PixelPoint&) const = default;
+    PixelPoint operator+(PixelPoint other) const { return {x + other.x, y + other.y}; }
+    PixelPoint operator-() const { return {-x, -y}; }
 };
 
 /// (x, y) is the top-left pixel; right and bottom are the first pixels outside.
@@ -42,13 +44,15 @@ struct PixelRect {
 
     std::int64_t right() const { return x + width; }
     std::int64_t bottom() const { return y + height; }
+    PixelPoint origin() const { return {x, y}; }
     bool empty() const { return width <= 0 || height <= 0; }
+    PixelRect movedBy(PixelPoint distance) const { return {x + distance.x, y + distance.y, width, height}; }
     bool operator==(const PixelRect&) const = default;
 };
 
 /// The common part of two rectangles; empty (width or height 0 or less) when they do not meet.
 PixelRect intersection(const PixelRect& a, const PixelRect& b);
-/// The smallest rectangle that holds both, none of them empty.
+/// The smallest rectangle that holds the edges of both.
 PixelRect united(const PixelRect& a, const PixelRect& b);
 
 } // namespace wallgrid

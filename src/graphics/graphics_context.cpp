@@ -165,10 +165,7 @@ void GraphicsContext::drawText(std::string_view text, PixelPoint lowerLeft, doub
     const auto line = toolkit->layOutText(text, fontSize > 0 ? fontSize : kDefaultFontSize);
     if (!line)
         return;
-    PixelRect ink = line->inkBounds();
-    ink.x += lowerLeft.x;
-    ink.y += lowerLeft.y;
-    const PixelRect part = intersection(ink, m_clip);
+    const PixelRect part = intersection(line->inkBounds().movedBy(lowerLeft), m_clip);
     if (part.empty())
         return;
 
@@ -182,8 +179,7 @@ void GraphicsContext::drawText(std::string_view text, PixelPoint lowerLeft, doub
             const PixelRect piece = intersection(part, {x, bottom - pieceHeight, pieceWidth, pieceHeight});
             const auto width = static_cast<std::size_t>(piece.width);
             const auto height = static_cast<std::size_t>(piece.height);
-            line->rasterize({x - lowerLeft.x, piece.y - lowerLeft.y, piece.width, piece.height},
-                            std::span(coverage).first(width * height));
+            line->rasterize(piece.movedBy(-lowerLeft), std::span(coverage).first(width * height));
             for (std::size_t row = 0; row < height; ++row)
                 blendCoverage(at(x, piece.y + static_cast<std::int64_t>(row)), pixel, coverage.data() + row * width,
                               width);
@@ -201,11 +197,11 @@ void GraphicsContext::drawImage(const Image& image, const PixelRect& frame, Comp
     if (part.empty())
         return;
     BitmapRef raster = image.unscaled();
-    PixelPoint origin{laid.x, laid.y}; // of the raster
+    PixelPoint origin = laid.origin(); // of the raster
     if (!raster) {
         // All that the bitmap can show, whatever the clip: the image keeps it for the next piece.
-        raster = image.scaledPart({onBitmap.x - laid.x, onBitmap.y - laid.y, onBitmap.width, onBitmap.height});
-        origin = {onBitmap.x, onBitmap.y};
+        raster = image.scaledPart(onBitmap.movedBy(-laid.origin()));
+        origin = onBitmap.origin();
     }
     if (!raster)
         return;

@@ -4,6 +4,7 @@
 #include "archive/keyed_archiver.h"
 
 #include <algorithm>
+#include <limits>
 #include <type_traits>
 
 namespace wallgrid {
@@ -54,6 +55,23 @@ void GXItem::setValue(const Field& field, const FieldValue& value)
     std::visit([&](auto member) { this->*member = std::get<std::remove_cvref_t<decltype(this->*member)>>(value); },
                field.member);
     didChangeValue(field.property);
+}
+
+bool GXItem::setPosition(PixelPoint point)
+{
+    const auto nearest = [](std::int64_t value) {
+        using Limits = std::numeric_limits<std::int32_t>;
+        return static_cast<std::int32_t>(std::clamp<std::int64_t>(value, Limits::min(), Limits::max()));
+    };
+    const std::int32_t x = nearest(point.x);
+    const std::int32_t y = nearest(point.y);
+    const bool across = m_xpoint != x;
+    const bool down = m_ypoint != y;
+    if (across)
+        setXpoint(x);
+    if (down)
+        setYpoint(y);
+    return across || down;
 }
 
 const GXItem::Captions& GXItem::captions() const

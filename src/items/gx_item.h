@@ -104,6 +104,8 @@ public:
     virtual void releasePicture() {}
     /// The pixels of the output that the item covers, as of its last render.
     PixelRect frame() const { return {m_xpoint, m_ypoint, m_screenSizeWidth, m_screenSizeHeight}; }
+    /// Sets what changes of the position, to the nearest that 32 bits can hold. Whether anything did.
+    bool setPosition(PixelPoint point);
     /// What is composed and exported: the thumbnail, at the size of this item's own last render.
     virtual ImageRef picture() const { return m_thumbnail; }
     /// A new item of the same class that shares this one's colours, texts and images; not rendered.

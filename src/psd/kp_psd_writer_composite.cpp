@@ -43,13 +43,14 @@ bool KPPSDWriter::addLayerToFlattenedContext(const LayerRef& layer, KPPSDError* 
         return false;
     }
     KPPSDLayer::BitmapPart part = layer ? layer->croppedPart() : KPPSDLayer::BitmapPart();
-    const bool isShown = part.width > 0 && part.height > 0;
+    const bool isShown = !part.rect.empty();
     if (isShown && !part.bitmap) {
         m_flattenedContext.setIncomplete();
     } else if (m_flattenedContext && isShown) {
         const Point origin = layer->imageInDocumentRegion().origin;
-        m_flattenedContext.draw(
-            {std::move(part), static_cast<int>(origin.x), static_cast<int>(origin.y), alphaOf(*layer)});
+        m_flattenedContext.draw({std::move(part),
+                                 {static_cast<std::int64_t>(origin.x), static_cast<std::int64_t>(origin.y)},
+                                 alphaOf(*layer)});
     }
     return true;
 }

@@ -26,17 +26,16 @@ bool isOpaque(std::span<const Pixel> pixels)
 /// Draws on rows that begin at row `top` of the image.
 void drawOn(Bitmap& rows, int top, const MergedImage::Drawing& drawing)
 {
-    const auto& [picture, x, y, alpha] = drawing;
-    const int first = std::max(top, y);
-    const int end = std::min(top + rows.height(), y + picture.height);
-    const int width = std::min(picture.width, rows.width() - x);
-    if (alpha == 0 || width <= 0)
+    const auto& [picture, place, alpha] = drawing;
+    const PixelRect shown = intersection({place.x, place.y, picture.rect.width, picture.rect.height},
+                                         {0, top, rows.width(), rows.height()});
+    if (alpha == 0 || shown.empty())
         return;
-    const auto count = static_cast<std::size_t>(width);
+    const auto count = static_cast<std::size_t>(shown.width);
     std::vector<Pixel> faded(alpha == 255 ? 0 : count);
-    for (int row = first; row < end; ++row) {
-        auto pixels = picture.row(row - y).first(count);
-        Pixel* const below = rows.row(row - top).data() + x;
+    for (std::int64_t y = shown.y; y < shown.bottom(); ++y) {
+        auto pixels = picture.row(y - place.y).subspan(static_cast<std::size_t>(shown.x - place.x), count);
+        Pixel* const below = rows.row(static_cast<int>(y - top)).data() + shown.x;
         if (alpha < 255) {
             scalePixels(faded.data(), pixels.data(), alpha, count);
             pixels = faded;

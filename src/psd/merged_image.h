@@ -3,6 +3,7 @@
 
 #include "graphics/bitmap.h"
 #include "graphics/color.h"
+#include "graphics/geometry.h"
 #include "psd/layers/kp_psd_layer.h"
 
 #include <array>
@@ -31,8 +32,7 @@ public:
     /// A picture, where its top-left pixel stands, and how much it hides of what is below.
     struct Drawing {
         KPPSDLayer::BitmapPart picture;
-        int x = 0;
-        int y = 0;
+        PixelPoint place;
         std::uint8_t alpha = 255;
     };
     void draw(Drawing drawing);

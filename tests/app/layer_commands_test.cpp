@@ -115,7 +115,7 @@ TEST_F(LayerCommands, OverlapsAreThoseOfEachPairByItself)
         for (std::size_t i = 0; i < items.size(); ++i) {
             for (std::size_t j = 0; j < i; ++j) {
                 if (items[i]->visible() && items[j]->visible() &&
-                    !intersection(placeOf(*items[i]), placeOf(*items[j])).empty()) {
+                    !intersection(items[i]->frame(), items[j]->frame()).empty()) {
                     ++expected.pairs;
                     expected.rows.insert({i, j});
                 }

@@ -80,14 +80,11 @@ public:
     /// Whether anything of the layer lies on the canvas. Only such layers go into a file.
     virtual bool hasValidSize() const;
 
-    /// Pixels of a bitmap, (x, y) their top-left one.
+    /// Some of the pixels of a bitmap.
     struct BitmapPart {
         BitmapRef bitmap;
-        int x = 0;
-        int y = 0;
-        int width = 0;
-        int height = 0;
-        std::span<const Pixel> row(int r) const;
+        PixelRect rect;
+        std::span<const Pixel> row(std::int64_t r) const;
     };
     /// The crop region in whole pixels, without corrections. No bitmap when it has no whole pixel or no memory.
     BitmapPart croppedPart() const;

@@ -88,8 +88,8 @@ KPPSDLayer::ChannelLengths KPPSDLayer::writeLayerChannelsOn(GrowingFile& file, P
 {
     const Division d = divide(m_documentSize, imageInDocumentRegion());
     const BitmapPart part = visiblePart();
-    const bool hasPixels =
-        part.bitmap && part.width == static_cast<int>(d.image) && part.height == static_cast<int>(d.rows);
+    const bool hasPixels = part.bitmap && part.rect.width == static_cast<std::int64_t>(d.image) &&
+                           part.rect.height == static_cast<std::int64_t>(d.rows);
     if (d.image > 0 && d.rows > 0 && !hasPixels)
         throw std::runtime_error("KPPSDLayer: the pixels are missing or have another size than the crop region");
     // Outside the image: transparent black, or white where there is no transparency.
@@ -100,7 +100,7 @@ KPPSDLayer::ChannelLengths KPPSDLayer::writeLayerChannelsOn(GrowingFile& file, P
     packed.addFilledRows(d.samples, d.above);
     const Pixel* above = nullptr;
     for (std::size_t r = 0; r < d.rows; ++r) {
-        const auto row = part.row(static_cast<int>(r));
+        const auto row = part.row(static_cast<std::int64_t>(r));
         packed.addRow(row, above);
         above = row.data();
     }

@@ -33,11 +33,17 @@ int whole(double value)
     return static_cast<int>(value);
 }
 
+/// For as many pixels.
+BitmapRef newBitmap(const KPPSDLayer::BitmapPart& part)
+{
+    return part.bitmap ? Bitmap::create(part.rect.width, part.rect.height, Bitmap::Contents::Undefined) : nullptr;
+}
+
 BitmapRef copyOf(const KPPSDLayer::BitmapPart& part)
 {
-    const BitmapRef copy = part.bitmap ? Bitmap::create(part.width, part.height, Bitmap::Contents::Undefined) : nullptr;
-    for (int y = 0; copy && y < part.height; ++y)
-        copyPixels(copy->row(y).data(), part.row(y).data(), static_cast<std::size_t>(part.width));
+    const BitmapRef copy = newBitmap(part);
+    for (int y = 0; copy && y < copy->height(); ++y)
+        copyPixels(copy->row(y).data(), part.row(y).data(), static_cast<std::size_t>(copy->width()));
     return copy;
 }
 
@@ -57,11 +63,12 @@ std::pair<double, double> cropped(double image, double offset, double document)
 
 } // namespace
 
-std::span<const Pixel> KPPSDLayer::BitmapPart::row(int r) const
+std::span<const Pixel> KPPSDLayer::BitmapPart::row(std::int64_t r) const
 {
     if (!bitmap)
         return {};
-    return std::as_const(*bitmap).row(y + r).subspan(static_cast<std::size_t>(x), static_cast<std::size_t>(width));
+    const auto pixels = std::as_const(*bitmap).row(static_cast<int>(rect.y + r));
+    return pixels.subspan(static_cast<std::size_t>(rect.x), static_cast<std::size_t>(rect.width));
 }
 
 Rect KPPSDLayer::imageCropRegion() const
@@ -95,7 +102,7 @@ BitmapRef KPPSDLayer::croppedImage() const
     const int y = whole(crop.origin.y);
     const int right = std::min(whole(std::ceil(crop.origin.x + crop.size.width)), m_image->width());
     const int bottom = std::min(whole(std::ceil(crop.origin.y + crop.size.height)), m_image->height());
-    return copyOf({m_image, x, y, right - x, bottom - y});
+    return copyOf({m_image, {x, y, right - x, bottom - y}});
 }
 
 KPPSDLayer::BitmapPart KPPSDLayer::croppedPart() const
@@ -103,25 +110,24 @@ KPPSDLayer::BitmapPart KPPSDLayer::croppedPart() const
     if (!KPPSDLayer::hasValidSize())
         return {};
     const auto [origin, size] = imageCropRegion();
-    BitmapPart part{m_image, whole(origin.x), whole(origin.y), whole(size.width), whole(size.height)};
+    const int width = whole(size.width);
+    const int height = whole(size.height);
     if (isWhole(size.width) && isWhole(size.height))
-        return part;
-    part.bitmap = nullptr;
-    part.x = part.y = 0;
-    if (part.width == 0 || part.height == 0)
+        return {m_image, {whole(origin.x), whole(origin.y), width, height}};
+    BitmapPart part{nullptr, {0, 0, width, height}};
+    if (part.rect.empty())
         return part;
     // The picture of the broken size is put against the right edge and as far above the lower edge.
-    const Point hidden{size.width - part.width, size.height - part.height};
+    const Point hidden{size.width - width, size.height - height};
     if (const BitmapRef image = croppedImage())
-        part.bitmap =
-            resample(*image, size, {0, whole(std::ceil(size.height)) - part.height, part.width, part.height}, hidden);
+        part.bitmap = resample(*image, size, {0, whole(std::ceil(size.height)) - height, width, height}, hidden);
     return part;
 }
 
 KPPSDLayer::BitmapPart KPPSDLayer::visiblePart() const
 {
     if (m_visibleImageData)
-        return {m_visibleImageData, 0, 0, m_visibleImageData->width(), m_visibleImageData->height()};
+        return {m_visibleImageData, {0, 0, m_visibleImageData->width(), m_visibleImageData->height()}};
     return croppedPart();
 }
 
@@ -135,10 +141,9 @@ BitmapRef KPPSDLayer::visibleImageData()
 BitmapRef KPPSDLayer::correctedPixels(bool flips, bool unpremultiplies) const
 {
     const BitmapPart part = visiblePart();
-    const BitmapRef corrected =
-        part.bitmap ? Bitmap::create(part.width, part.height, Bitmap::Contents::Undefined) : nullptr;
-    for (int y = 0; corrected && y < part.height; ++y) {
-        const auto from = part.row(flips ? part.height - 1 - y : y);
+    const BitmapRef corrected = newBitmap(part);
+    for (int y = 0; corrected && y < corrected->height(); ++y) {
+        const auto from = part.row(flips ? part.rect.height - 1 - y : y);
         if (unpremultiplies)
             std::transform(from.begin(), from.end(), corrected->row(y).begin(), unpremultiplied);
         else
@@ -163,7 +168,7 @@ bool KPPSDLayer::preparePixels()
         m_isUnpremultiplied |= unpremultiplies;
     }
     const BitmapPart part = visiblePart();
-    return part.bitmap && part.width == whole(size.width) && part.height == whole(size.height);
+    return part.bitmap && part.rect.width == whole(size.width) && part.rect.height == whole(size.height);
 }
 
 } // namespace wallgrid

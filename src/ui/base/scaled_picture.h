@@ -24,6 +24,9 @@ enum class Coverage {
 /// Where the bitmap is reduced there are 4 × 4 samples, or 8 × 8 where it is by more than 16; elsewhere there is one.
 /// They are spread so that each lies in a column and in a row of its own: up to a reduction by 64 every column and
 /// every row behind a target pixel counts, so a line one pixel wide never falls between the samples.
+///
+/// This is not the scaler of documents, graphics/resample.h. That one is exact: it reads all pixels behind a part and
+/// blends where it enlarges. A view must not cost what the bitmap costs, and has to show each pixel as a square.
 QImage scaledPicture(const Bitmap& bitmap, QSize target, Coverage coverage = Coverage::Mean);
 
 /// A part of that picture, which must lie within it; the rest costs nothing.

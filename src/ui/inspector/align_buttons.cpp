@@ -13,8 +13,9 @@ namespace {
 /// The output as a frame, the item as a block in it.
 QIcon anchorIcon(Anchor anchor, const QPalette& palette, qreal ratio)
 {
-    constexpr Extent kOutput{18, 14};
-    constexpr Extent kItem{7, 5};
+    constexpr QRect kOutput(0, 0, 19, 15);
+    constexpr PixelRect kInside{2, 2, 16, 12};
+    constexpr PixelRect kItem{0, 0, 7, 5};
     QIcon icon;
     for (const auto group : {QPalette::Active, QPalette::Disabled}) {
         QPixmap pixmap(QSize(20, 16) * ratio);
@@ -23,9 +24,9 @@ QIcon anchorIcon(Anchor anchor, const QPalette& palette, qreal ratio)
         QPainter painter(&pixmap);
         const QColor color = palette.color(group, QPalette::ButtonText);
         painter.setPen(color);
-        painter.drawRect(0, 0, kOutput.width + 1, kOutput.height + 1);
-        const Position position = positionAt(anchor, kItem, {kOutput.width - 2, kOutput.height - 2});
-        painter.fillRect(position.x + 2, position.y + 2, kItem.width, kItem.height, color);
+        painter.drawRect(kOutput);
+        const PixelPoint place = positionAt(anchor, kItem, kInside);
+        painter.fillRect(QRectF(double(place.x), double(place.y), kItem.width, kItem.height), color);
         painter.end();
         icon.addPixmap(pixmap, group == QPalette::Active ? QIcon::Normal : QIcon::Disabled);
     }

@@ -1,36 +1,23 @@
 // SPDX-License-Identifier: MIT
 #include "ui/inspector/anchor.h"
 
-#include <algorithm>
-#include <limits>
-
 namespace wallgrid {
 
-namespace {
-
-std::int32_t toPosition(std::int64_t value)
+PixelPoint positionAt(Anchor anchor, const PixelRect& item, const PixelRect& output)
 {
-    using Limits = std::numeric_limits<std::int32_t>;
-    return static_cast<std::int32_t>(std::clamp<std::int64_t>(value, Limits::min(), Limits::max()));
-}
-
-} // namespace
-
-Position positionAt(Anchor anchor, Extent item, Extent output)
-{
-    const std::int64_t right = std::int64_t{output.width} - item.width;
-    const std::int64_t bottom = std::int64_t{output.height} - item.height;
+    const std::int64_t right = output.right() - item.width;
+    const std::int64_t bottom = output.bottom() - item.height;
     switch (anchor) {
     case Anchor::TopLeft:
-        return {0, 0};
+        return output.origin();
     case Anchor::TopRight:
-        return {toPosition(right), 0};
+        return {right, output.y};
     case Anchor::Center:
-        return {toPosition(right >> 1), toPosition(bottom >> 1)};
+        return {(output.x + right) >> 1, (output.y + bottom) >> 1};
     case Anchor::BottomLeft:
-        return {0, toPosition(bottom)};
+        return {output.x, bottom};
     case Anchor::BottomRight:
-        return {toPosition(right), toPosition(bottom)};
+        return {right, bottom};
     }
     return {};
 }

@@ -20,7 +20,6 @@
 #include <QLineEdit>
 #include <QVBoxLayout>
 #include <algorithm>
-#include <limits>
 
 namespace wallgrid {
 
@@ -58,8 +57,6 @@ constexpr std::array<NumberProperty, GXItem::kCaptionCount> kNumbers{{
 /// From here on the numbers are the sizes of texts, which stand with the texts' switches.
 constexpr std::size_t kFirstTextSize = 6;
 
-constexpr std::int64_t kLeast = std::numeric_limits<std::int32_t>::min();
-constexpr std::int64_t kMost = std::numeric_limits<std::int32_t>::max();
 
 constexpr int kRoomAboveCaption = 3;
 
@@ -323,12 +320,10 @@ void Inspector::showNumbers()
 void Inspector::align(Anchor anchor)
 {
     const PixelRect around = placeAround(m_items);
-    const auto side = [](std::int64_t length) { return static_cast<std::int32_t>(std::clamp(length, kLeast, kMost)); };
-    const Position position = positionAt(anchor, {side(around.width), side(around.height)},
-                                         {m_delegate.OutputWidth(), m_delegate.OutputHeight()});
+    const PixelPoint place = positionAt(anchor, around, {0, 0, m_delegate.OutputWidth(), m_delegate.OutputHeight()});
     bool drawn = false;
     for (const ItemRef& item : m_items)
-        drawn |= moveTo(*item, item->xpoint() + (position.x - around.x), item->ypoint() + (position.y - around.y));
+        drawn |= moveTo(*item, item->frame().origin() + place + -around.origin());
     if (drawn)
         m_delegate.update();
 }

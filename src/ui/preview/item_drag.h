@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "items/gx_item.h"
 #include "ui/preview/snapping.h"
 
 #include <QPointF>
@@ -15,7 +16,7 @@ namespace wallgrid {
 class ItemDrag {
 public:
     /// The targets are what edges snap to: the raster itself, and the items that stay.
-    ItemDrag(ItemArray items, std::vector<Box> targets);
+    ItemDrag(ItemArray items, std::vector<PixelRect> targets);
 
     /// Puts the items at a distance from where they started. Without a tolerance nothing snaps.
     void moveTo(QPointF distance, std::optional<std::int64_t> tolerance);
@@ -27,19 +28,18 @@ public:
 private:
     struct Moved {
         ItemRef item;
-        std::int64_t x; // where it started
-        std::int64_t y;
+        PixelPoint start;
     };
 
-    void apply(std::int64_t x, std::int64_t y);
+    void apply(PixelPoint distance);
 
     std::vector<Moved> m_moved;
-    std::vector<Box> m_targets;
-    Box m_start; // around all of them
+    std::vector<PixelRect> m_targets;
+    PixelRect m_start; // around all of them
     std::vector<Guide> m_guides;
 };
 
 /// Moves the items by whole pixels, as a step of a drag does.
-void moveItems(const ItemArray& items, std::int64_t x, std::int64_t y);
+void moveItems(const ItemArray& items, PixelPoint distance);
 
 } // namespace wallgrid

@@ -25,9 +25,9 @@ Overlay::Overlay(QPainter& painter, const Viewport& viewport, const QRect& view,
 {
 }
 
-QRect Overlay::visibleRect(const Box& box) const
+QRect Overlay::visibleRect(const PixelRect& pixels) const
 {
-    const QRectF rect = m_viewport.toView(box);
+    const QRectF rect = m_viewport.toView(pixels);
     const auto within = [](double value, int low, int high) {
         return static_cast<int>(std::clamp<double>(value, low - kOutside, high + kOutside));
     };
@@ -46,10 +46,10 @@ void Overlay::paintFrame(const QRect& inner, int width, const QBrush& brush)
     m_painter.fillRect(QRect(inner.right() + 1, inner.top(), width, inner.height()), brush);
 }
 
-void Overlay::paintOutline(const Box& box, Outline outline)
+void Overlay::paintOutline(const PixelRect& frame, Outline outline)
 {
     const int width = outline == Outline::Hovered ? m_line : 2 * m_line;
-    const QRect inner = visibleRect(box);
+    const QRect inner = visibleRect(frame);
     paintFrame(inner, width,
                outline == Outline::SelectedInvisible ? QBrush(kAccent, Qt::Dense4Pattern) : QBrush(kAccent));
     paintFrame(inner.adjusted(-width, -width, width, width), m_line, kHalo);
@@ -58,21 +58,22 @@ void Overlay::paintOutline(const Box& box, Outline outline)
 void Overlay::paintGuide(const Guide& guide)
 {
     const bool upright = guide.orientation == Qt::Vertical;
-    const QRect line = visibleRect(upright ? Box{guide.at, guide.from, guide.at, guide.to}
-                                           : Box{guide.from, guide.at, guide.to, guide.at});
+    const std::int64_t length = guide.to - guide.from;
+    const QRect line =
+        visibleRect(upright ? PixelRect{guide.at, guide.from, 0, length} : PixelRect{guide.from, guide.at, length, 0});
     const int beyond = kBeyond * m_line;
     const QRect shown = upright ? QRect(line.left(), line.top() - beyond, m_line, line.height() + 2 * beyond)
                                 : QRect(line.left() - beyond, line.top(), line.width() + 2 * beyond, m_line);
     m_painter.fillRect(shown, kGuide);
 }
 
-void Overlay::paintTag(const Box& box, const QString& text)
+void Overlay::paintTag(const PixelRect& frame, const QString& text)
 {
     m_painter.save();
     m_painter.scale(m_ratio, m_ratio);
     const QFontMetrics metrics(m_painter.font());
     const QSize size(metrics.horizontalAdvance(text) + 12, metrics.height() + 4);
-    const QRect item = visibleRect(box);
+    const QRect item = visibleRect(frame);
     const QRect view(QPoint(0, 0), (QSizeF(m_view.size()) / m_ratio).toSize());
     QRect tag(QPoint(qRound(item.left() / m_ratio), qRound(item.top() / m_ratio) - size.height() - 6), size);
     tag.moveLeft(std::clamp(tag.left(), 4, std::max(4, view.width() - size.width() - 4)));

@@ -24,14 +24,14 @@ public:
     Overlay(QPainter& painter, const Viewport& viewport, const QRect& view, double ratio);
 
     /// Around the item's pixels, on none of them.
-    void paintOutline(const Box& box, Outline outline);
+    void paintOutline(const PixelRect& frame, Outline outline);
     void paintGuide(const Guide& guide);
     /// A line of text at a box, in the view even where the box is not.
-    void paintTag(const Box& box, const QString& text);
+    void paintTag(const PixelRect& frame, const QString& text);
 
 private:
     /// In the view, and cut off a little way outside of it, so that no number is too large to be drawn.
-    QRect visibleRect(const Box& box) const;
+    QRect visibleRect(const PixelRect& pixels) const;
     void paintFrame(const QRect& inner, int width, const QBrush& brush);
 
     QPainter& m_painter;

@@ -1,17 +1,15 @@
 // SPDX-License-Identifier: MIT
 #include "ui/preview/picking.h"
 
-#include "ui/preview/box.h"
-
 namespace wallgrid {
 
 namespace {
 
 bool isAt(const GXItem& item, QPointF point)
 {
-    const Box box = boxOf(item);
-    return item.visible() && point.x() >= double(box.left) && point.x() < double(box.right) &&
-           point.y() >= double(box.top) && point.y() < double(box.bottom);
+    const PixelRect frame = item.frame();
+    return item.visible() && point.x() >= double(frame.x) && point.x() < double(frame.right()) &&
+           point.y() >= double(frame.y) && point.y() < double(frame.bottom());
 }
 
 std::optional<std::size_t> firstAt(const ItemArray& items, QPointF point, std::size_t from)

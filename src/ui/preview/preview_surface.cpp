@@ -47,10 +47,10 @@ void PreviewSurface::paintOver(QPainter& painter)
 {
     Overlay overlay(painter, viewport(), QRect({}, sizeInDevicePixels(*this)), devicePixelRatioF());
     if (m_hovered && !m_drag)
-        overlay.paintOutline(boxOf(*m_hovered), Overlay::Outline::Hovered);
+        overlay.paintOutline(m_hovered->frame(), Overlay::Outline::Hovered);
     const ItemArray selected = selectedItems();
     for (const ItemRef& item : selected) {
-        overlay.paintOutline(boxOf(*item),
+        overlay.paintOutline(item->frame(),
                              item->visible() ? Overlay::Outline::Selected : Overlay::Outline::SelectedInvisible);
     }
     if (m_drag) {
@@ -59,7 +59,7 @@ void PreviewSurface::paintOver(QPainter& painter)
     }
     if ((m_drag || m_nudging) && !selected.empty()) {
         const GXItem& item = *selected.front();
-        overlay.paintTag(boxOf(item), tr("%1, %2").arg(item.xpoint()).arg(item.ypoint()));
+        overlay.paintTag(item.frame(), tr("%1, %2").arg(item.xpoint()).arg(item.ypoint()));
     }
     if (m_showsFocus) {
         painter.setPen(palette().color(QPalette::Highlight));
@@ -137,10 +137,10 @@ void PreviewSurface::mouseMoveEvent(QMouseEvent* event)
 void PreviewSurface::startDrag()
 {
     const ItemArray dragged = selectedItems();
-    std::vector<Box> targets{{0, 0, viewport().raster().width(), viewport().raster().height()}};
+    std::vector<PixelRect> targets{{0, 0, viewport().raster().width(), viewport().raster().height()}};
     for (const ItemRef& item : items()) {
         if (item->visible() && std::find(dragged.begin(), dragged.end(), item) == dragged.end())
-            targets.push_back(boxOf(*item));
+            targets.push_back(item->frame());
     }
     endNudge();
     emit beginInteraction();
@@ -214,7 +214,7 @@ bool PreviewSurface::nudge(int key, Qt::KeyboardModifiers modifiers)
     else if (modifiers.testFlag(Qt::ShiftModifier))
         step = {10, 10};
     m_nudging = true;
-    moveItems(moved, std::int64_t{x} * step.width(), std::int64_t{y} * step.height());
+    moveItems(moved, {std::int64_t{x} * step.width(), std::int64_t{y} * step.height()});
     update();
     return true;
 }

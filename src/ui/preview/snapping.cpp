@@ -9,18 +9,18 @@ namespace wallgrid {
 
 namespace {
 
-/// The edges of a box along one axis, and its extent along the other one.
+/// The edges of a rectangle along one axis, and its extent along the other one.
 struct Span {
     std::array<std::int64_t, 2> edges;
     std::int64_t from;
     std::int64_t to;
 };
 
-Span spanOf(const Box& box, Qt::Orientation edges)
+Span spanOf(const PixelRect& rect, Qt::Orientation edges)
 {
     if (edges == Qt::Vertical)
-        return {{box.left, box.right}, box.top, box.bottom};
-    return {{box.top, box.bottom}, box.left, box.right};
+        return {{rect.x, rect.right()}, rect.y, rect.bottom()};
+    return {{rect.y, rect.bottom()}, rect.x, rect.right()};
 }
 
 /// Twice as far as the middle of one span is from the other's.
@@ -29,7 +29,7 @@ std::int64_t twiceBetweenMiddles(const Span& from, const Span& to)
     return to.edges[0] + to.edges[1] - from.edges[0] - from.edges[1];
 }
 
-std::int64_t nearestPlace(const Box& moving, const std::vector<Box>& targets, std::int64_t tolerance,
+std::int64_t nearestPlace(const PixelRect& moving, const std::vector<PixelRect>& targets, std::int64_t tolerance,
                           Qt::Orientation edges)
 {
     std::int64_t nearest = 0;
@@ -42,7 +42,7 @@ std::int64_t nearestPlace(const Box& moving, const std::vector<Box>& targets, st
         found = true;
     };
     const Span own = spanOf(moving, edges);
-    for (const Box& target : targets) {
+    for (const PixelRect& target : targets) {
         const Span other = spanOf(target, edges);
         for (const std::int64_t to : other.edges) {
             for (const std::int64_t from : own.edges)
@@ -55,10 +55,10 @@ std::int64_t nearestPlace(const Box& moving, const std::vector<Box>& targets, st
 
 /// A guide from end to end of all the targets that meet there; none when none does.
 template <class Meets>
-void addGuide(std::vector<Guide>& guides, Guide guide, const std::vector<Box>& targets, Meets meets)
+void addGuide(std::vector<Guide>& guides, Guide guide, const std::vector<PixelRect>& targets, Meets meets)
 {
     bool any = false;
-    for (const Box& target : targets) {
+    for (const PixelRect& target : targets) {
         const Span other = spanOf(target, guide.orientation);
         if (!meets(other))
             continue;
@@ -70,7 +70,8 @@ void addGuide(std::vector<Guide>& guides, Guide guide, const std::vector<Box>& t
         guides.push_back(guide);
 }
 
-void addGuides(std::vector<Guide>& guides, const Box& moving, const std::vector<Box>& targets, Qt::Orientation edges)
+void addGuides(std::vector<Guide>& guides, const PixelRect& moving, const std::vector<PixelRect>& targets,
+               Qt::Orientation edges)
 {
     const Span own = spanOf(moving, edges);
     for (const std::int64_t at : own.edges) {
@@ -84,12 +85,12 @@ void addGuides(std::vector<Guide>& guides, const Box& moving, const std::vector<
 
 } // namespace
 
-Snap snapped(const Box& moving, const std::vector<Box>& targets, std::int64_t tolerance)
+Snap snapped(const PixelRect& moving, const std::vector<PixelRect>& targets, std::int64_t tolerance)
 {
     Snap snap;
-    snap.x = nearestPlace(moving, targets, tolerance, Qt::Vertical);
-    snap.y = nearestPlace(moving, targets, tolerance, Qt::Horizontal);
-    const Box there = moving.movedBy(snap.x, snap.y);
+    snap.distance.x = nearestPlace(moving, targets, tolerance, Qt::Vertical);
+    snap.distance.y = nearestPlace(moving, targets, tolerance, Qt::Horizontal);
+    const PixelRect there = moving.movedBy(snap.distance);
     addGuides(snap.guides, there, targets, Qt::Vertical);
     addGuides(snap.guides, there, targets, Qt::Horizontal);
     return snap;

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "ui/preview/box.h"
+#include "graphics/geometry.h"
 
 #include <Qt>
 #include <cstdint>
@@ -19,15 +19,14 @@ struct Guide {
 };
 
 struct Snap {
-    std::int64_t x = 0; ///< to be added to the position
-    std::int64_t y = 0;
+    PixelPoint distance; ///< to be added to the position
     std::vector<Guide> guides;
     bool operator==(const Snap&) const = default;
 };
 
-/// How far a box has to move so that edges of it meet edges of the targets, or its middle the middle of one, that are
-/// no further away than the tolerance. Each axis goes to the nearest, of two equally near ones to the one that is left
-/// or above. The guides are those of everything that meets then.
-Snap snapped(const Box& moving, const std::vector<Box>& targets, std::int64_t tolerance);
+/// How far a rectangle has to move so that edges of it meet edges of the targets, or its middle the middle of one, that
+/// are no further away than the tolerance. Each axis goes to the nearest, of two equally near ones to the one that is
+/// left or above. The guides are those of everything that meets then.
+Snap snapped(const PixelRect& moving, const std::vector<PixelRect>& targets, std::int64_t tolerance);
 
 } // namespace wallgrid

@@ -121,7 +121,7 @@ QPointF Viewport::toRaster(QPointF point) const
             inPicture.y() * m_raster.height() / m_picture.height()};
 }
 
-QRectF Viewport::toView(const Box& box) const
+QRectF Viewport::toView(const PixelRect& rect) const
 {
     if (m_raster.isEmpty())
         return {};
@@ -131,7 +131,7 @@ QRectF Viewport::toView(const Box& box) const
     const auto y = [this](std::int64_t row) {
         return picture().y() + std::round(double(row) * m_picture.height() / m_raster.height());
     };
-    return {QPointF(x(box.left), y(box.top)), QPointF(x(box.right), y(box.bottom))};
+    return {QPointF(x(rect.x), y(rect.y)), QPointF(x(rect.right()), y(rect.bottom()))};
 }
 
 } // namespace wallgrid

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "ui/preview/box.h"
+#include "graphics/geometry.h"
 
 #include <QPoint>
 #include <QRect>
@@ -39,8 +39,8 @@ public:
     QPointF center() const { return {m_view.width() / 2.0, m_view.height() / 2.0}; }
 
     QPointF toRaster(QPointF point) const;
-    /// On edges of device pixels, exactly around the pixels that stand for those of the box.
-    QRectF toView(const Box& box) const;
+    /// On edges of device pixels, exactly around the pixels that stand for those of the rectangle.
+    QRectF toView(const PixelRect& rect) const;
 
 private:
     double fittedScale() const;

@@ -25,7 +25,7 @@ ReportedLayers outsideLayers(const GXAppDelegate& delegate)
     ReportedLayers reported;
     int outside = 0;
     for (std::size_t row = 0; row < layers.size(); ++row) {
-        const PixelRect place = placeOf(*layers[row]);
+        const PixelRect place = layers[row]->frame();
         const PixelRect shown = intersection(place, output);
         if (!layers[row]->visible() || place.empty() || shown == place)
             continue;

@@ -377,20 +377,21 @@ private slots:
     void alignMovesTheItem()
     {
         ProgramUnderTest program;
-        const std::pair<const char*, Position> places[]{{"Top left", {0, 0}},
-                                                        {"Top right", {1608, 0}},
-                                                        {"Centre", {804, 384}},
-                                                        {"Bottom left", {0, 768}},
-                                                        {"Bottom right", {1608, 768}}};
+        const std::pair<const char*, PixelPoint> places[]{{"Top left", {0, 0}},
+                                                          {"Top right", {1608, 0}},
+                                                          {"Centre", {804, 384}},
+                                                          {"Bottom left", {0, 768}},
+                                                          {"Bottom right", {1608, 768}}};
         for (const auto& [name, place] : places) {
             program.item().setXpoint(-3);
             program.item().setYpoint(5);
             program.find<QToolButton>(QString("Align: ") + name)->click();
             program.settle();
-            QVERIFY2((Position{program.item().xpoint(), program.item().ypoint()} == place), name);
+            QVERIFY2(program.item().frame().origin() == place, name);
         }
-        QVERIFY(positionAt(Anchor::Center, {1920, 1621}, {1920, 1080}) == (Position{0, -271}));
-        QVERIFY(positionAt(Anchor::BottomRight, {lowest, highest}, {highest, lowest}) == (Position{highest, lowest}));
+        QVERIFY(positionAt(Anchor::Center, {0, 0, 1920, 1621}, {0, 0, 1920, 1080}) == (PixelPoint{0, -271}));
+        program.item().setPosition({std::int64_t{highest} + 1, std::int64_t{lowest} - 1});
+        QVERIFY(program.item().frame().origin() == (PixelPoint{highest, lowest}));
     }
 };
 

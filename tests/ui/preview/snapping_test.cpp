@@ -10,8 +10,8 @@ using namespace wallgrid;
 
 namespace {
 
-constexpr Box kRaster{0, 0, 1920, 1080};
-constexpr Box kWall{500, 100, 900, 500};
+constexpr PixelRect kRaster{0, 0, 1920, 1080};
+constexpr PixelRect kWall{500, 100, 400, 400};
 
 ItemRef itemAt(std::int32_t x, std::int32_t y, std::int32_t side, bool visible = true)
 {
@@ -28,19 +28,19 @@ ItemRef itemAt(std::int32_t x, std::int32_t y, std::int32_t side, bool visible =
 
 TEST(Snapping, goesToTheNearestEdges)
 {
-    const std::tuple<const char*, Box, std::int64_t, Snap> cases[]{
-        {"raster's corner", {5, -3, 105, 90}, 8, {-5, 3, {{Qt::Vertical, 0, 0, 1080}, {Qt::Horizontal, 0, 0, 1920}}}},
-        {"just too far", {9, 200, 109, 300}, 8, {0, 0, {}}},
-        {"the nearer of two", {903, 700, 1918, 800}, 8, {2, 0, {{Qt::Vertical, 1920, 0, 1080}}}},
-        {"left before right", {903, 700, 1917, 800}, 8, {-3, 0, {{Qt::Vertical, 900, 100, 800}}}},
+    const std::tuple<const char*, PixelRect, std::int64_t, Snap> cases[]{
+        {"raster's corner", {5, -3, 100, 93}, 8, {{-5, 3}, {{Qt::Vertical, 0, 0, 1080}, {Qt::Horizontal, 0, 0, 1920}}}},
+        {"just too far", {9, 200, 100, 100}, 8, {{0, 0}, {}}},
+        {"the nearer of two", {903, 700, 1015, 100}, 8, {{2, 0}, {{Qt::Vertical, 1920, 0, 1080}}}},
+        {"left before right", {903, 700, 1014, 100}, 8, {{-3, 0}, {{Qt::Vertical, 900, 100, 800}}}},
         {"as wide as the wall",
-         {502, 700, 902, 800},
+         {502, 700, 400, 100},
          8,
-         {-2, 0, {{Qt::Vertical, 500, 100, 800}, {Qt::Vertical, 900, 100, 800}, {Qt::Vertical, 700, 100, 800}}}},
-        {"middle, half a pixel off", {547, 700, 858, 800}, 8, {-2, 0, {{Qt::Vertical, 700, 100, 800}}}},
-        {"middle of the raster", {200, 480, 300, 594}, 8, {0, 3, {{Qt::Horizontal, 540, 0, 1920}}}},
-        {"only what meets already", {500, 700, 601, 800}, 0, {0, 0, {{Qt::Vertical, 500, 100, 800}}}},
-        {"one beside", {501, 700, 602, 800}, 0, {0, 0, {}}},
+         {{-2, 0}, {{Qt::Vertical, 500, 100, 800}, {Qt::Vertical, 900, 100, 800}, {Qt::Vertical, 700, 100, 800}}}},
+        {"middle, half a pixel off", {547, 700, 311, 100}, 8, {{-2, 0}, {{Qt::Vertical, 700, 100, 800}}}},
+        {"middle of the raster", {200, 480, 100, 114}, 8, {{0, 3}, {{Qt::Horizontal, 540, 0, 1920}}}},
+        {"only what meets already", {500, 700, 101, 100}, 0, {{0, 0}, {{Qt::Vertical, 500, 100, 800}}}},
+        {"one beside", {501, 700, 101, 100}, 0, {{0, 0}, {}}},
     };
     for (const auto& [what, moving, tolerance, expected] : cases)
         EXPECT_EQ(snapped(moving, {kRaster, kWall}, tolerance), expected) << what;
@@ -55,23 +55,23 @@ TEST(Snapping, dragsThroughTheSetters)
     ItemDrag drag({first, second}, {kRaster});
 
     drag.moveTo({-94.6, 20.4}, 8);
-    EXPECT_EQ(boxOf(*first), (Box{0, 120, 50, 170}));
-    EXPECT_EQ(boxOf(*second), (Box{100, 320, 150, 370}));
+    EXPECT_EQ(first->frame(), (PixelRect{0, 120, 50, 50}));
+    EXPECT_EQ(second->frame(), (PixelRect{100, 320, 50, 50}));
     EXPECT_EQ(drag.guides(), (std::vector<Guide>{{Qt::Vertical, 0, 0, 1080}}));
 
     drag.moveTo({-94.6, 20.4}, {});
-    EXPECT_EQ(boxOf(*first), (Box{5, 120, 55, 170}));
+    EXPECT_EQ(first->frame(), (PixelRect{5, 120, 50, 50}));
     EXPECT_TRUE(drag.guides().empty());
     drag.moveTo({-94.6, 21}, {});
     EXPECT_EQ(told, "xpoint ypoint xpoint ypoint ");
 
     drag.cancel();
-    EXPECT_EQ(boxOf(*first), (Box{100, 100, 150, 150}));
-    EXPECT_EQ(boxOf(*second), (Box{200, 300, 250, 350}));
+    EXPECT_EQ(first->frame(), (PixelRect{100, 100, 50, 50}));
+    EXPECT_EQ(second->frame(), (PixelRect{200, 300, 50, 50}));
 
     using Limits = std::numeric_limits<std::int32_t>;
     first->setXpoint(Limits::max());
-    moveItems({first}, 10, -10);
+    moveItems({first}, {10, -10});
     EXPECT_EQ(first->xpoint(), Limits::max());
     EXPECT_EQ(first->ypoint(), 90);
 }

@@ -94,6 +94,6 @@ TEST(Viewport, surroundsThePixelsOfABox)
     Viewport viewport = viewportOf({100, 100}, {400, 400});
     viewport.zoomTo(3, {0, 0});
     const QPointF origin = viewport.picture().topLeft();
-    EXPECT_EQ(viewport.toView({1, 2, 4, 6}), QRectF(origin + QPointF(3, 6), QSizeF(9, 12)));
-    EXPECT_EQ(viewport.toView({-4'294'967'296, 0, 0, 1}).left(), origin.x() - 3 * 4'294'967'296.0);
+    EXPECT_EQ(viewport.toView({1, 2, 3, 4}), QRectF(origin + QPointF(3, 6), QSizeF(9, 12)));
+    EXPECT_EQ(viewport.toView({-4'294'967'296, 0, 4'294'967'296, 1}).left(), origin.x() - 3 * 4'294'967'296.0);
 }
