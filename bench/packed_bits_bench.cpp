@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
+#include "base/growing_file.h"
 #include "benchmarks.h"
 #include "items/gx_screen.h"
 #include "plain_packed_bits.h"
-#include "psd/growing_file.h"
 #include "psd/packbits/packed_rows.h"
 #include "same_bytes.h"
 

@@ -4,10 +4,10 @@
 // and nothing else; packed samples are what packing them the plain way gives; each field has its length.
 #include "fuzz/fuzz_target.h"
 #include "plain_packed_bits.h"
+#include "psd/fields/pascal_string.h"
+#include "psd/fields/record_fields.h"
 #include "psd/kp_psd_writer.h"
 #include "psd/packbits/packed_bits.h"
-#include "psd/pascal_string.h"
-#include "psd/record_fields.h"
 
 #include <bit>
 #include <cmath>

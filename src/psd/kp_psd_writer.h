@@ -6,8 +6,8 @@
 #include "base/string_ref.h"
 #include "graphics/bitmap.h"
 #include "graphics/geometry.h"
-#include "psd/group_layers.h"
 #include "psd/kp_psd_error.h"
+#include "psd/layers/group_layers.h"
 #include "psd/layers/kp_psd_layer.h"
 #include "psd/merged_image.h"
 

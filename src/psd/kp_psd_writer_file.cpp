@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
+#include "base/growing_file.h"
 #include "graphics/bitmap_memory.h"
-#include "psd/append_value.h"
-#include "psd/growing_file.h"
+#include "psd/fields/append_value.h"
+#include "psd/fields/record_fields.h"
 #include "psd/icc_profile.h"
 #include "psd/kp_psd_writer.h"
 #include "psd/packbits/packed_bits.h"
-#include "psd/record_fields.h"
 
 #include <algorithm>
 #include <cmath>
@@ -104,6 +104,12 @@ void fillInLength(ByteBuffer& buffer, std::size_t place, std::uint64_t end)
     std::copy(length.begin(), length.end(), buffer.data() + place);
 }
 
+KPPSDError errorOf(const GrowingFile& file)
+{
+    const auto& written = file.written();
+    return written ? KPPSDError() : KPPSDError{KPPSDError::NotWritten, written.error().message};
+}
+
 } // namespace
 
 ByteBuffer KPPSDWriter::createPSDDataWithError(KPPSDError* error)
@@ -149,7 +155,7 @@ KPPSDError KPPSDWriter::writeFileOn(GrowingFile& file)
     } catch (const std::bad_alloc&) {
         return noMemory();
     }
-    return file.error();
+    return errorOf(file);
 }
 
 KPPSDError KPPSDWriter::prepare()
@@ -264,7 +270,7 @@ KPPSDError KPPSDWriter::writeLayerAndMaskInformationSectionOn(GrowingFile& file,
         KPPSDLayer::fillInChannelLengths(file.head(), records[i], lengths);
         if (file.size() - section > kLongestSection)
             return tooLarge();
-        if (auto error = file.error())
+        if (auto error = errorOf(file))
             return error;
     }
     if ((file.size() - section) % 2 != 0)

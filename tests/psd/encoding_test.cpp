@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "hex.h"
-#include "psd/append_value.h"
+#include "psd/fields/append_value.h"
+#include "psd/fields/pascal_string.h"
 #include "psd/packbits/packed_bits.h"
-#include "psd/pascal_string.h"
 
 #include <gtest/gtest.h>
 #include <limits>

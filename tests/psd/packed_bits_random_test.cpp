@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
+#include "base/growing_file.h"
 #include "plain_packed_bits.h"
-#include "psd/growing_file.h"
 #include "psd/packbits/packed_rows.h"
 #include "psd/packbits/repeats.h"
 

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "graphics/color.h"
-#include "psd/blend_modes.h"
+#include "psd/fields/blend_modes.h"
 #include "psd/layers/effect_values.h"
 
 #include <cstdint>

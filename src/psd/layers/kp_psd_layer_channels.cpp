@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-#include "psd/append_value.h"
-#include "psd/growing_file.h"
+#include "base/growing_file.h"
+#include "psd/fields/append_value.h"
 #include "psd/layers/kp_psd_layer.h"
 #include "psd/packbits/packed_bits.h"
 

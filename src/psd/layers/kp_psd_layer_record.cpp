@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "base/unicode.h"
-#include "psd/append_value.h"
+#include "psd/fields/append_value.h"
+#include "psd/fields/pascal_string.h"
+#include "psd/fields/record_fields.h"
 #include "psd/layers/kp_psd_layer.h"
-#include "psd/pascal_string.h"
-#include "psd/record_fields.h"
 
 #include <algorithm>
 

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "psd/layers/layer_effects.h"
 
-#include "psd/append_value.h"
-#include "psd/record_fields.h"
+#include "psd/fields/append_value.h"
+#include "psd/fields/record_fields.h"
 
 #include <string_view>
 

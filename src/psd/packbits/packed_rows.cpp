@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "psd/packbits/packed_rows.h"
 
-#include "psd/growing_file.h"
+#include "base/growing_file.h"
 #include "psd/packbits/packed_bits.h"
 #include "psd/packbits/repeats.h"
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "psd/pascal_string.h"
+#include "psd/fields/pascal_string.h"
 
 #include "base/unicode.h"
 

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
-#include "psd/group_layers.h"
+#include "psd/layers/group_layers.h"
 
-#include "psd/append_value.h"
-#include "psd/growing_file.h"
-#include "psd/record_fields.h"
+#include "base/growing_file.h"
+#include "psd/fields/append_value.h"
+#include "psd/fields/record_fields.h"
 
 namespace wallgrid {
 

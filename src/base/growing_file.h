@@ -3,7 +3,7 @@
 
 #include "base/byte_buffer.h"
 #include "base/byte_sink.h"
-#include "psd/kp_psd_error.h"
+#include "base/error.h"
 
 #include <cstdint>
 #include <span>
@@ -35,11 +35,8 @@ public:
     /// Nothing is appended any more, and the head does not change.
     void finish();
 
-    /// Empty, or what the sink failed with. It is given nothing after that.
-    KPPSDError error() const
-    {
-        return m_written ? KPPSDError() : KPPSDError{KPPSDError::NotWritten, m_written.error().message};
-    }
+    /// Or what the sink failed with. It is given nothing after that.
+    const Expected<void>& written() const { return m_written; }
 
 private:
     void handOver();

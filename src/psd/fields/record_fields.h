@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "psd/append_value.h"
-#include "psd/blend_modes.h"
+#include "psd/fields/append_value.h"
+#include "psd/fields/blend_modes.h"
 
 #include <string_view>
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "psd/append_value.h"
+#include "psd/fields/append_value.h"
 
 #include <array>
 #include <cstddef>

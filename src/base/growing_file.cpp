@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "psd/growing_file.h"
+#include "base/growing_file.h"
 
 #include <algorithm>
 #include <cstring>
