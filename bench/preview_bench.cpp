@@ -18,7 +18,7 @@ struct Editor {
     Editor()
     {
         surface.resize(kView);
-        document.delegate().connect({nullptr, nullptr, nullptr, &surface, nullptr, nullptr});
+        connection = document.delegate().connect({nullptr, nullptr, nullptr, &surface, nullptr, nullptr});
         document.compose();
         document.compose();
         document.delegate().arraycontroller().setSelectionIndex(3);
@@ -39,6 +39,7 @@ struct Editor {
 
     Document document{kWidth, kHeight, 40};
     PreviewSurface surface{document.delegate()};
+    Registration connection;
     QImage picture{kView, QImage::Format_ARGB32_Premultiplied};
 };
 

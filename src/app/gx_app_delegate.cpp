@@ -28,13 +28,30 @@ GXAppDelegate::GXAppDelegate(const Desktop& desktop)
     : m_desktop(desktop)
     , m_documentFile(std::make_shared<DocumentFile>())
     , m_refusedBitmaps(BitmapMemory::refused())
-    , m_self(std::make_shared<GXAppDelegate*>(this))
 {
+}
+
+Registration GXAppDelegate::connect(const Outlets& outlets)
+{
+    auto connected = std::make_shared<Views>(Views{outlets});
+    m_views = connected;
+    return Registration(std::move(connected));
+}
+
+GXAppDelegate::Views GXAppDelegate::views() const
+{
+    const auto connected = m_views.lock();
+    return connected ? *connected : Views{};
+}
+
+ImageView* GXAppDelegate::pvwImageWell() const
+{
+    return views().pvwImageWell;
 }
 
 void GXAppDelegate::awakeFromNib()
 {
-    for (TableView* table : {m_outlets.ptable, m_outlets.table}) {
+    for (TableView* table : {views().ptable, views().table}) {
         if (table)
             table->registerForDraggedType(kRowDragType);
     }
@@ -50,14 +67,15 @@ void GXAppDelegate::applicationDidFinishLaunching()
     m_shouldUpdate = true;
     setAllScreensArray(std::make_shared<ItemArray>(std::move(project.items)));
     setPresetScreensArray(std::make_shared<ItemArray>(std::move(presets)));
-    for (TableView* table : {m_outlets.table, m_outlets.ptable}) {
+    for (TableView* table : {views().table, views().ptable}) {
         if (table)
             table->setDelegate(this);
     }
     buildPreview();
 
-    m_arraycontroller.addObserverForArrangedObjects(observedProperties(), [this] { observeValueForKeyPath(); });
-    m_presetarraycontroller.addObserverForArrangedObjects({"thumbnail"}, [this] { observeValueForKeyPath(); });
+    const auto handler = [this] { observeValueForKeyPath(); };
+    m_observations.push_back(m_arraycontroller.observeArrangedObjects(observedProperties(), handler));
+    m_observations.push_back(m_presetarraycontroller.observeArrangedObjects({"thumbnail"}, handler));
     update();
 }
 
@@ -75,13 +93,14 @@ void GXAppDelegate::setPresetScreensArray(ItemArrayRef presets)
 
 void GXAppDelegate::buildPreview()
 {
-    if (!m_outlets.outputWindow)
+    const auto views = m_views.lock();
+    if (!views || !views->outputWindow)
         return;
     const Size output{static_cast<double>(m_OutputWidth), static_cast<double>(m_OutputHeight)};
-    m_pvwImageWell = m_outlets.outputWindow->addImageView({{0, -25}, output});
-    m_outlets.outputWindow->setFrame({{0, 0}, {640, 360}});
-    m_pvwImageWell->setFrameSize({640, 360});
-    m_pvwImageWell->setFollowsContainer();
+    views->pvwImageWell = views->outputWindow->addImageView({{0, -25}, output});
+    views->outputWindow->setFrame({{0, 0}, {640, 360}});
+    views->pvwImageWell->setFrameSize({640, 360});
+    views->pvwImageWell->setFollowsContainer();
 }
 
 void GXAppDelegate::observeValueForKeyPath()
@@ -94,8 +113,8 @@ void GXAppDelegate::observeValueForKeyPath()
 
 void GXAppDelegate::reloadTable()
 {
-    if (m_outlets.table)
-        m_outlets.table->reloadData();
+    if (TableView* table = views().table)
+        table->reloadData();
 }
 
 } // namespace wallgrid

@@ -19,9 +19,11 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <queue>
 #include <set>
 #include <string_view>
 #include <utility>
+#include <vector>
 
 namespace wallgrid {
 
@@ -37,13 +39,13 @@ using DocumentFileRef = std::shared_ptr<DocumentFile>;
 
 /// The application's one controller, and the document itself: the output size, two colours, the item list and the
 /// preset list, and the raster composed of them. It drives the interface through the views it is connected to and
-/// works without any. One thread; the desktop it is given must outlive it.
+/// works without any. One thread.
 class GXAppDelegate final : public TableDelegate, public KeyValueObservable {
 public:
     using ItemController = ArrayController<GXItem>;
     using ItemArrayRef = ItemController::ContentRef;
 
-    /// Views that belong to the interface, each may be missing. They must outlive the controller or be disconnected.
+    /// Views that belong to the interface, each may be missing.
     struct Outlets {
         Window* outputWindow = nullptr; ///< holds the large preview, `pvwImageWell`
         TableView* table = nullptr;     ///< the main list table, "mainTView"
@@ -63,7 +65,8 @@ public:
 
     // Start and end ------------------------------------------------------------------------------------------------
 
-    void connect(const Outlets& outlets) { m_outlets = outlets; }
+    /// The views are used until the registration goes: before they do.
+    Registration connect(const Outlets& outlets);
     /// Registers both tables for the drag type. Runs again for each sheet that is loaded.
     void awakeFromNib();
     /// Builds the launch document, the preset list and the preview, and composes for the first time.
@@ -174,7 +177,7 @@ public:
     BitmapRef offscreenRep() const { return m_offscreenRep; }
     /// The image that the previews show: `offscreenRep` at the output size.
     ImageRef img() const { return m_img; }
-    ImageView* pvwImageWell() const { return m_pvwImageWell; }
+    ImageView* pvwImageWell() const;
 
     /// Opens the Output Preview, the window that shows the raster and nothing else.
     void openPvw();
@@ -230,8 +233,14 @@ private:
     /// From the last row to the first. Every item takes a number, also one that has a name.
     void nameUnnamedItems();
 
+    struct Views : Outlets {
+        ImageView* pvwImageWell = nullptr; ///< owned by the output window
+    };
+    /// Each view that is not connected is null.
+    Views views() const;
+
     Desktop m_desktop;
-    Outlets m_outlets;
+    std::weak_ptr<Views> m_views;
 
     ItemArrayRef m_allScreensArray;
     ItemArrayRef m_presetScreensArray;
@@ -253,11 +262,11 @@ private:
     RasterComposer m_rasterComposer;
     BitmapRef m_offscreenRep;
     ImageRef m_img;
-    ImageView* m_pvwImageWell = nullptr; // owned by the output window
-    std::size_t m_refusedBitmaps = 0;    ///< as last reported
+    std::size_t m_refusedBitmaps = 0; ///< as last reported
     bool m_shouldUpdate = false;
     bool m_hasSkippedUpdate = false;
-    std::shared_ptr<GXAppDelegate*> m_self; // what pending timers know of this object; they may outlive it
+    std::queue<Registration> m_throttles; ///< all wait equally long, so that the first one fires first
+    std::vector<Registration> m_observations;
 };
 
 } // namespace wallgrid

@@ -26,17 +26,18 @@ void GXAppDelegate::update()
     } else {
         m_hasSkippedUpdate = true;
     }
-    m_desktop.runLoop.scheduleTimer(kThrottleSeconds, [self = std::weak_ptr(m_self)] {
-        if (const auto delegate = self.lock())
-            (*delegate)->timerupdate();
-    });
+    m_throttles.push(m_desktop.runLoop.scheduleTimer(kThrottleSeconds, [this] {
+        m_throttles.pop();
+        timerupdate();
+    }));
 }
 
 void GXAppDelegate::openPvw()
 {
-    if (!m_outlets.windows)
+    WindowLoader* windows = views().windows;
+    if (!windows)
         return;
-    m_outputPreview = m_outlets.windows->windowControllerWithNibName("Output Preview");
+    m_outputPreview = windows->windowControllerWithNibName("Output Preview");
     m_outputPreview->showWindow();
 }
 
@@ -73,10 +74,10 @@ void GXAppDelegate::reportRefusedBitmaps()
 void GXAppDelegate::show(ImageRef image)
 {
     m_img = std::move(image);
-    if (m_pvwImageWell)
-        m_pvwImageWell->setImage(m_img);
-    if (m_outlets.miniPvw)
-        m_outlets.miniPvw->setImage(m_img);
+    for (ImageView* view : {views().pvwImageWell, views().miniPvw}) {
+        if (view)
+            view->setImage(m_img);
+    }
 }
 
 } // namespace wallgrid

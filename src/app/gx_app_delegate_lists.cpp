@@ -38,9 +38,10 @@ void drop(GXAppDelegate::ItemController& target, const GXAppDelegate::ItemContro
 
 void GXAppDelegate::add()
 {
-    if (!m_outlets.sheets)
+    SheetLoader* sheets = views().sheets;
+    if (!sheets)
         return;
-    m_AddWindow = m_outlets.sheets->loadNibNamed("AddWindow");
+    m_AddWindow = sheets->loadNibNamed("AddWindow");
     awakeFromNib();
     m_AddWindow->begin();
 }
@@ -102,9 +103,10 @@ void GXAppDelegate::remove()
 
 void GXAppDelegate::openAbout()
 {
-    if (!m_outlets.sheets)
+    SheetLoader* sheets = views().sheets;
+    if (!sheets)
         return;
-    m_aboutWindow = m_outlets.sheets->loadNibNamed("About");
+    m_aboutWindow = sheets->loadNibNamed("About");
     awakeFromNib();
     m_aboutWindow->begin();
 }
@@ -143,9 +145,10 @@ bool GXAppDelegate::tableViewAcceptDrop(TableView& table, const Pasteboard& drag
 
 void GXAppDelegate::tableViewSelectionDidChange()
 {
-    if (!m_outlets.table)
+    TableView* table = views().table;
+    if (!table)
         return;
-    if (const auto row = m_outlets.table->selectedRow())
+    if (const auto row = table->selectedRow())
         m_arraycontroller.setSelectionIndex(*row);
 }
 

@@ -14,7 +14,7 @@ namespace {
 /// With a number behind it, such a start of a name fits the 255 units that every reader of a file takes.
 constexpr std::size_t kLongestStart = 240;
 
-/// Tells names that are there already. Their texts must outlive it.
+/// Tells names that are there already. It refers to their texts and copies none.
 class Names {
 public:
     /// False when it is there already. A text is read once, however many items share it.

@@ -45,12 +45,11 @@ std::size_t removedImageBytes(const DocumentState& before, const DocumentState& 
 UndoHistory::UndoHistory(GXAppDelegate& delegate, RunLoop& runLoop)
     : m_delegate(delegate)
     , m_runLoop(runLoop)
-    , m_observation(delegate.observe([this](std::string_view) { changed(); }))
-    , m_self(std::make_shared<UndoHistory*>(this))
 {
+    m_observations.push_back(m_delegate.observe([this](std::string_view) { changed(); }));
     for (auto* list : {&m_delegate.arraycontroller(), &m_delegate.presetarraycontroller()}) {
-        list->addObserverForArrangedObjects(itemProperties(), [this] { changed(); });
-        list->addSelectionObserver([this] { selectionChanged(); });
+        m_observations.push_back(list->observeArrangedObjects(itemProperties(), [this] { changed(); }));
+        m_observations.push_back(list->observeSelection([this] { selectionChanged(); }));
     }
     start();
 }
@@ -62,7 +61,7 @@ void UndoHistory::start()
     m_current = 0;
     m_steps = {{captureState(m_delegate, {})}};
     takeSelection();
-    tellObservers();
+    m_observers.tell();
 }
 
 const DocumentChange* UndoHistory::undoable() const
@@ -100,7 +99,7 @@ void UndoHistory::go(std::size_t step, const SelectionRef& selection)
     m_changed = false;
     m_open = false;
     takeSelection();
-    tellObservers();
+    m_observers.tell();
 }
 
 void UndoHistory::beginInteraction()
@@ -132,15 +131,12 @@ void UndoHistory::selectionChanged()
 
 void UndoHistory::scheduleCommit()
 {
-    if (m_commitScheduled)
+    if (m_commit)
         return;
-    m_runLoop.scheduleTimer(0, [self = std::weak_ptr(m_self)] {
-        if (const auto history = self.lock()) {
-            (*history)->m_commitScheduled = false;
-            (*history)->commit();
-        }
+    m_commit = m_runLoop.scheduleTimer(0, [this] {
+        m_commit = {};
+        commit();
     });
-    m_commitScheduled = true;
 }
 
 void UndoHistory::commit()
@@ -187,7 +183,7 @@ void UndoHistory::record(DocumentStateRef now, DocumentChange change)
         forgetOldSteps();
     }
     awaitPause();
-    tellObservers();
+    m_observers.tell();
 }
 
 bool UndoHistory::continuesLastStep(const DocumentChange& change) const
@@ -198,10 +194,7 @@ bool UndoHistory::continuesLastStep(const DocumentChange& change) const
 void UndoHistory::awaitPause()
 {
     m_open = true;
-    m_runLoop.scheduleTimer(kPauseSeconds, [self = std::weak_ptr(m_self), pause = ++m_pauses] {
-        if (const auto history = self.lock(); history && (*history)->m_pauses == pause)
-            (*history)->m_open = false;
-    });
+    m_pause = m_runLoop.scheduleTimer(kPauseSeconds, [this] { m_open = false; });
 }
 
 void UndoHistory::forgetOldSteps()
@@ -220,12 +213,6 @@ void UndoHistory::forgetOldSteps()
     m_current = kept;
     m_steps.front().change = {};
     m_steps.front().imageBytes = 0;
-}
-
-void UndoHistory::tellObservers()
-{
-    for (const auto& handler : m_observers)
-        handler();
 }
 
 } // namespace wallgrid

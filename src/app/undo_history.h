@@ -21,7 +21,6 @@ public:
     static constexpr std::size_t kLargestImages = std::size_t{1} << 30;
     static constexpr double kPauseSeconds = 1;
 
-    /// Both must outlive the history, and the controller must tell it nothing once it has ended.
     UndoHistory(GXAppDelegate& delegate, RunLoop& runLoop);
     UndoHistory(const UndoHistory&) = delete;
     UndoHistory& operator=(const UndoHistory&) = delete;
@@ -47,8 +46,8 @@ public:
     /// The document after the last step: another object after each step, the same one again when it is taken back.
     const DocumentStateRef& state() const { return m_steps[m_current].state; }
     /// Calls the handler after steps were made, taken back, done again or forgotten.
-    void addObserver(std::function<void()> handler) { m_observers.push_back(std::move(handler)); }
-    std::size_t observers() const { return m_observers.size(); }
+    Registration observe(std::function<void()> handler) { return m_observers.add(std::move(handler)); }
+    std::size_t observers() const { return m_observers.count(); }
 
 private:
     struct Selection {
@@ -73,23 +72,21 @@ private:
     void awaitPause();
     void forgetOldSteps();
     void go(std::size_t step, const SelectionRef& selection);
-    void tellObservers();
 
     GXAppDelegate& m_delegate;
     RunLoop& m_runLoop;
-    KeyValueObservable::Observation m_observation;
-    std::vector<std::function<void()>> m_observers;
+    Observers<> m_observers;
 
     std::vector<Step> m_steps; ///< the first one is the start and has no change
     std::size_t m_current = 0;
     SelectionRef m_selection; ///< as of the last commit
     bool m_changed = false;
     bool m_selectionChanged = false;
-    bool m_commitScheduled = false;
     bool m_open = false; ///< the last step goes on when the same property changes again
-    std::size_t m_pauses = 0;
     int m_interactions = 0;
-    std::shared_ptr<UndoHistory*> m_self; ///< what pending timers know of this object; they may outlive it
+    Registration m_pause;
+    Registration m_commit; ///< while one is scheduled
+    std::vector<Registration> m_observations;
 };
 
 } // namespace wallgrid

@@ -12,7 +12,7 @@ namespace wallgrid {
 /// shared there stays shared, and each entry is copied once, so copying costs no more than the archives' size.
 class ArchiveCopier {
 public:
-    /// Both must outlive the copier. New entries are appended to `objects`.
+    /// New entries are appended to `objects`.
     ArchiveCopier(PropertyListWriter& writer, std::vector<PropertyListWriter::Ref>& objects);
 
     /// The number of the copy of an entry.

@@ -84,7 +84,6 @@ Expected<void> appendInSteps(ByteSink& sink, std::span<const std::uint8_t> bytes
 /// A file that goes when this object does, also when an exception passes, unless it is kept.
 class UnfinishedFile {
 public:
-    /// The path must outlive the object.
     explicit UnfinishedFile(const std::string& path)
         : m_path(path)
     {

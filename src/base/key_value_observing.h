@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "base/observers.h"
+
 #include <cstddef>
-#include <functional>
-#include <memory>
 #include <string_view>
-#include <vector>
+#include <utility>
 
 namespace wallgrid {
 
@@ -13,25 +13,11 @@ namespace wallgrid {
 /// setter returns. A handler may observe, stop observing or change the object again while it is being told.
 class KeyValueObservable {
 public:
-    using Handler = std::function<void(std::string_view key)>;
+    using Handler = Observers<std::string_view>::Handler;
 
-    /// Keeps the handler registered for as long as it lives. May outlive the object.
-    class Observation {
-    public:
-        Observation() = default;
-
-    private:
-        friend class KeyValueObservable;
-        explicit Observation(std::shared_ptr<const Handler> handler)
-            : m_handler(std::move(handler))
-        {
-        }
-        std::shared_ptr<const Handler> m_handler;
-    };
-
-    [[nodiscard]] Observation observe(Handler handler);
+    Registration observe(Handler handler) { return m_observers.add(std::move(handler)); }
     /// How many handlers are registered.
-    std::size_t observers() const;
+    std::size_t observers() const { return m_observers.count(); }
 
 protected:
     KeyValueObservable() = default;
@@ -39,10 +25,10 @@ protected:
     KeyValueObservable(const KeyValueObservable&) = delete;
     KeyValueObservable& operator=(const KeyValueObservable&) = delete;
 
-    void didChangeValue(std::string_view key);
+    void didChangeValue(std::string_view key) { m_observers.tell(key); }
 
 private:
-    std::vector<std::weak_ptr<const Handler>> m_handlers;
+    Observers<std::string_view> m_observers;
 };
 
 } // namespace wallgrid

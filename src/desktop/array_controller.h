@@ -55,17 +55,23 @@ public:
         return m_content ? *m_content : empty;
     }
 
-    /// Calls the handler for every change of membership and of the named properties, for the controller's whole life.
-    void addObserverForArrangedObjects(std::vector<std::string> keys, std::function<void()> handler)
+    /// Calls the handler for every change of membership and of the named properties.
+    Registration observeArrangedObjects(std::vector<std::string> keys, std::function<void()> handler)
     {
-        m_observers.push_back({std::move(keys), std::move(handler)});
+        return m_observers.add([keys = std::move(keys), handler = std::move(handler)](std::string_view key) {
+            if (key == kMembership || std::find(keys.begin(), keys.end(), key) != keys.end())
+                handler();
+        });
     }
 
     /// Calls the handler after the set of selected rows, or the objects they hold, may have changed.
-    void addSelectionObserver(std::function<void()> handler) { m_selectionObservers.push_back(std::move(handler)); }
+    Registration observeSelection(std::function<void()> handler)
+    {
+        return m_selectionObservers.add(std::move(handler));
+    }
 
-    /// How many handlers there are, of both kinds.
-    std::size_t observers() const { return m_observers.size() + m_selectionObservers.size(); }
+    /// How many handlers are registered, of both kinds.
+    std::size_t observers() const { return m_observers.count() + m_selectionObservers.count(); }
 
     void insertObjectAtArrangedObjectIndex(std::shared_ptr<Object> object, std::size_t index)
     {
@@ -127,14 +133,13 @@ public:
     }
 
 private:
-    struct Observer {
-        std::vector<std::string> keys;
-        std::function<void()> handler;
-    };
+    /// What observers are told in the place of a property's name.
+    static constexpr std::string_view kMembership = "";
+
     /// An object may stand in the list more than once and is still watched once.
     struct Watch {
         std::size_t count = 0;
-        KeyValueObservable::Observation observation;
+        Registration observation;
     };
 
     typename Array::iterator position(std::size_t index)
@@ -166,7 +171,7 @@ private:
     {
         Watch& entry = m_observations[object.get()];
         if (entry.count == 0)
-            entry.observation = object->observe([this](std::string_view key) { propertyChanged(key); });
+            entry.observation = object->observe([this](std::string_view key) { m_observers.tell(key); });
         ++entry.count;
     }
 
@@ -211,28 +216,15 @@ private:
     void select(Indexes selection)
     {
         m_selection = std::move(selection);
-        for (const auto& handler : m_selectionObservers)
-            handler();
+        m_selectionObservers.tell();
     }
 
-    void membershipChanged()
-    {
-        for (const Observer& observer : m_observers)
-            observer.handler();
-    }
-
-    void propertyChanged(std::string_view key)
-    {
-        for (const Observer& observer : m_observers) {
-            if (std::find(observer.keys.begin(), observer.keys.end(), key) != observer.keys.end())
-                observer.handler();
-        }
-    }
+    void membershipChanged() { m_observers.tell(kMembership); }
 
     ContentRef m_content;
     std::unordered_map<const Object*, Watch> m_observations;
-    std::vector<Observer> m_observers;
-    std::vector<std::function<void()>> m_selectionObservers;
+    Observers<std::string_view> m_observers;
+    Observers<> m_selectionObservers;
     Indexes m_selection;
 };
 

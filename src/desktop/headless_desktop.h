@@ -19,7 +19,7 @@ public:
     Desktop desktop() { return {*this, *this, *this, m_files, m_log, *this}; }
 
 private:
-    void scheduleTimer(double, std::function<void()>) override {}
+    Registration scheduleTimer(double, std::function<void()>) override { return {}; }
     UrlRef runSavePanel() override { return nullptr; }
     UrlRef runOpenPanel() override { return nullptr; }
     void runAlert(std::string_view, std::string_view) override {}

@@ -13,12 +13,14 @@ QtRunLoop::QtRunLoop()
     m_timer.callOnTimeout([this] { fire(); });
 }
 
-void QtRunLoop::scheduleTimer(double seconds, std::function<void()> handler)
+Registration QtRunLoop::scheduleTimer(double seconds, std::function<void()> handler)
 {
     const auto delay = std::chrono::duration_cast<Clock::duration>(std::chrono::duration<double>(seconds));
-    const auto timer = m_timers.emplace(Clock::now() + delay, std::move(handler));
+    auto registered = std::make_shared<const std::function<void()>>(std::move(handler));
+    const auto timer = m_timers.emplace(Clock::now() + delay, registered);
     if (timer == m_timers.begin())
         arm();
+    return Registration(std::move(registered));
 }
 
 void QtRunLoop::arm()
@@ -31,8 +33,11 @@ void QtRunLoop::fire()
 {
     // A handler may schedule timers; those wait for the next turn.
     const auto now = Clock::now();
-    while (!m_timers.empty() && m_timers.begin()->first <= now)
-        m_timers.extract(m_timers.begin()).mapped()();
+    while (!m_timers.empty() && m_timers.begin()->first <= now) {
+        const auto timer = m_timers.extract(m_timers.begin());
+        if (const auto handler = timer.mapped().lock())
+            (*handler)();
+    }
     if (!m_timers.empty())
         arm();
 }

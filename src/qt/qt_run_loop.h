@@ -7,6 +7,7 @@
 #include <chrono>
 #include <functional>
 #include <map>
+#include <memory>
 
 namespace wallgrid {
 
@@ -16,7 +17,7 @@ class QtRunLoop final : public RunLoop {
 public:
     QtRunLoop();
 
-    void scheduleTimer(double seconds, std::function<void()> handler) override;
+    Registration scheduleTimer(double seconds, std::function<void()> handler) override;
 
 private:
     using Clock = std::chrono::steady_clock;
@@ -24,7 +25,7 @@ private:
     void arm();
     void fire();
 
-    std::multimap<Clock::time_point, std::function<void()>> m_timers;
+    std::multimap<Clock::time_point, std::weak_ptr<const std::function<void()>>> m_timers;
     QTimer m_timer; // set to the first of them
 };
 

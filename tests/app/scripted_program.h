@@ -45,7 +45,7 @@ protected:
     {
         std::string pattern = (std::filesystem::temp_directory_path() / "wallgrid-test-XXXXXX").string();
         folder = ::mkdtemp(pattern.data());
-        delegate.connect({nullptr, &table, &ptable, nullptr, nullptr, nullptr});
+        connection = delegate.connect({nullptr, &table, &ptable, nullptr, nullptr, nullptr});
         delegate.applicationDidFinishLaunching();
     }
     ~ScriptedProgram() override { std::filesystem::remove_all(folder); }
@@ -143,6 +143,7 @@ protected:
 
     ScriptedTable table{"mainTView"};
     ScriptedTable ptable{"presetTView"};
+    Registration connection;
     ManualRunLoop runLoop;
     Files files{*this};
     GXAppDelegate delegate{{runLoop, *this, *this, files, *this, *this}};

@@ -248,7 +248,7 @@ TEST_F(UndoHistoryTest, TypingAndDraggingAreOneStep)
 TEST_F(UndoHistoryTest, ANewStepEndsWhatCouldBeDoneAgain)
 {
     int told = 0;
-    history.addObserver([&] { ++told; });
+    const Registration observation = history.observe([&] { ++told; });
     const auto start = history.state();
     layer(0).setCol(1);
     endTurn(2);

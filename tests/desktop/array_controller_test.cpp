@@ -23,7 +23,7 @@ protected:
     ArrayControllerTest()
     {
         controller.setContent(list);
-        controller.addObserverForArrangedObjects({"col", "row"}, [this] { told.push_back(state()); });
+        observation = controller.observeArrangedObjects({"col", "row"}, [this] { told.push_back(state()); });
     }
 
     static std::shared_ptr<Thing> thing(char name) { return std::make_shared<Thing>(name); }
@@ -37,6 +37,7 @@ protected:
         return text;
     }
 
+    Registration observation;
     Controller::ContentRef list = std::make_shared<Controller::Array>(
         Controller::Array{thing('a'), thing('b'), thing('c'), thing('d'), thing('e')});
     Controller controller;
@@ -99,14 +100,19 @@ TEST_F(ArrayControllerTest, RelaysObservedPropertiesOfMembersOnly)
     old->change("col");
     list->back()->change("col");
     EXPECT_EQ(told.size(), 8u) << "the new content and its change";
+
+    observation = {};
+    list->back()->change("col");
+    controller.removeObjectAtArrangedObjectIndex(0);
+    EXPECT_EQ(told.size(), 8u) << "nobody asks any more";
 }
 
 TEST(KeyValueObserving, HandlersMayComeAndGoWhileBeingTold)
 {
     Thing thing('a');
     std::string calls;
-    KeyValueObservable::Observation second;
-    KeyValueObservable::Observation third;
+    Registration second;
+    Registration third;
     auto first = thing.observe([&](std::string_view key) {
         calls += "1";
         if (key == "nested")

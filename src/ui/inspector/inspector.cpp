@@ -129,7 +129,7 @@ Inspector::Inspector(GXAppDelegate& delegate, QWidget* parent)
     layout->addWidget(m_drawing);
     layout->addStretch();
 
-    m_delegate.arraycontroller().addSelectionObserver([this] { m_refresh.schedule(); });
+    m_selectionObservation = m_delegate.arraycontroller().observeSelection([this] { m_refresh.schedule(); });
     refresh();
 }
 
@@ -237,9 +237,9 @@ void Inspector::bind(ItemArray items)
     m_name->setModified(false);
     for (const Number& number : m_numbers)
         number.field->dropTyped(); // it was meant for the items before
-    m_observations.clear();
+    m_itemObservations.clear();
     for (const ItemRef& item : m_items)
-        m_observations.push_back(item->observe([this](std::string_view) { m_refresh.schedule(); }));
+        m_itemObservations.push_back(item->observe([this](std::string_view) { m_refresh.schedule(); }));
 }
 
 ItemArray Inspector::itemsWithNumber(std::size_t index) const

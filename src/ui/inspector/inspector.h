@@ -25,7 +25,6 @@ class Inspector final : public QWidget {
     Q_OBJECT
 
 public:
-    /// The delegate must outlive the inspector and tell it nothing once the inspector has ended.
     explicit Inspector(GXAppDelegate& delegate, QWidget* parent = nullptr);
 
 private:
@@ -49,8 +48,9 @@ private:
 
     GXAppDelegate& m_delegate;
     ItemArray m_items; // those shown
-    std::vector<KeyValueObservable::Observation> m_observations;
     Deferred m_refresh;
+    std::vector<Registration> m_itemObservations;
+    Registration m_selectionObservation;
 
     QLineEdit* m_name = nullptr;
     QCheckBox* m_visible = nullptr;

@@ -88,8 +88,8 @@ ItemTable::ItemTable(GXAppDelegate::ItemController& controller, std::vector<Item
     }
 
     // A name is no part of any picture, so nobody else reloads the table for it.
-    m_controller.addObserverForArrangedObjects({"label"}, [this] { reloadData(); });
-    m_controller.addSelectionObserver([this] { reloadData(); });
+    m_observations = {m_controller.observeArrangedObjects({"label"}, [this] { reloadData(); }),
+                      m_controller.observeSelection([this] { reloadData(); })};
     reloadData();
 }
 

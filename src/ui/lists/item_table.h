@@ -7,6 +7,7 @@
 
 #include <QStringList>
 #include <QTableView>
+#include <array>
 #include <optional>
 
 namespace wallgrid {
@@ -18,7 +19,6 @@ class ItemTable final : public QTableView, public TableView {
     Q_OBJECT
 
 public:
-    /// The controller must outlive the table and tell it nothing once the table has ended.
     ItemTable(GXAppDelegate::ItemController& controller, std::vector<ItemTableModel::Column> columns,
               QWidget* parent = nullptr);
 
@@ -78,6 +78,7 @@ private:
     GXAppDelegate::ItemController& m_controller;
     ItemTableModel m_model;
     Deferred m_reload;
+    std::array<Registration, 2> m_observations;
     bool m_synchronizing = false;
     QStringList m_draggedTypes;
     TableDelegate* m_delegate = nullptr;

@@ -22,7 +22,6 @@ public:
         Name,
     };
 
-    /// The controller must outlive the model.
     ItemTableModel(const GXAppDelegate::ItemController& controller, std::vector<Column> columns,
                    QObject* parent = nullptr);
 

@@ -13,7 +13,6 @@ class DisplayMenu final : public QMenu {
     Q_OBJECT
 
 public:
-    /// The preview must outlive the menu.
     explicit DisplayMenu(OutputPreview& preview, QWidget* parent = nullptr);
 
 signals:

@@ -18,7 +18,7 @@ class OutputPreview final : public QObject, public WindowLoader {
     Q_OBJECT
 
 public:
-    /// The owner's display is the last one that is chosen unasked. The owner must outlive the preview.
+    /// The owner's display is the last one that is chosen unasked.
     explicit OutputPreview(const QWidget& owner);
 
     /// "Output Preview": all controllers are of the one window, which stays where it is when it is shown again.

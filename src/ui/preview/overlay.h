@@ -20,7 +20,7 @@ public:
         SelectedInvisible, ///< dashed: nothing of it is in the picture
     };
 
-    /// All must outlive the overlay. The ratio is that of the display.
+    /// The ratio is that of the display.
     Overlay(QPainter& painter, const Viewport& viewport, const QRect& view, double ratio);
 
     /// Around the item's pixels, on none of them.

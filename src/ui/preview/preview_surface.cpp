@@ -27,12 +27,12 @@ PreviewSurface::PreviewSurface(GXAppDelegate& delegate, QWidget* parent)
     setAccessibleDescription(tr("Arrow keys move the selected layers by 1 pixel, with Shift by 10, with Ctrl by one "
                                 "panel. Ctrl and the wheel zoom."));
     auto& controller = delegate.arraycontroller();
-    controller.addSelectionObserver([this] { update(); });
-    controller.addObserverForArrangedObjects({"xpoint", "ypoint", "visible"}, [this] {
-        if (std::find(items().begin(), items().end(), m_hovered) == items().end())
-            m_hovered = nullptr;
-        update();
-    });
+    m_observations = {controller.observeSelection([this] { update(); }),
+                      controller.observeArrangedObjects({"xpoint", "ypoint", "visible"}, [this] {
+                          if (std::find(items().begin(), items().end(), m_hovered) == items().end())
+                              m_hovered = nullptr;
+                          update();
+                      })};
 }
 
 ItemArray PreviewSurface::selectedItems() const

@@ -5,6 +5,7 @@
 #include "ui/preview/item_drag.h"
 #include "ui/preview/zoom_view.h"
 
+#include <array>
 #include <optional>
 
 namespace wallgrid {
@@ -16,7 +17,6 @@ class PreviewSurface final : public ZoomView {
     Q_OBJECT
 
 public:
-    /// The delegate must outlive the surface and tell it nothing once the surface has ended.
     explicit PreviewSurface(GXAppDelegate& delegate, QWidget* parent = nullptr);
 
 signals:
@@ -61,6 +61,7 @@ private:
     QPointF m_pointer; // where the drag is
     bool m_nudging = false;
     bool m_showsFocus = false;
+    std::array<Registration, 2> m_observations;
 };
 
 } // namespace wallgrid

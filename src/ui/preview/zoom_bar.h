@@ -17,7 +17,6 @@ class ZoomBar final : public QWidget {
     Q_OBJECT
 
 public:
-    /// The view must outlive the bar.
     explicit ZoomBar(ZoomView& view, QWidget* parent = nullptr);
 
 private:

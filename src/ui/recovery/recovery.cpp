@@ -73,12 +73,11 @@ Recovery::Recovery(GXAppDelegate& delegate, UndoHistory& history, RunLoop& runLo
     , m_log(log)
     , m_abandoned(RecoveryCopy::abandoned(folder))
     , m_copy(RecoveryCopy::create(folder))
-    , m_self(std::make_shared<Recovery*>(this))
 {
     m_writer.setMaxThreadCount(1);
     m_history.commit();
     m_saved = {m_history.state()};
-    m_history.addObserver([this] { documentChanged(); });
+    m_observation = m_history.observe([this] { documentChanged(); });
     if (!m_copy)
         report(encoded(folder) + ": no copy for recovery can be kept here");
 }
@@ -193,15 +192,12 @@ void Recovery::documentChanged()
 
 void Recovery::scheduleWriting()
 {
-    if (m_writingScheduled)
+    if (m_writing)
         return;
-    m_runLoop.scheduleTimer(kIntervalSeconds, [self = std::weak_ptr(m_self)] {
-        if (const auto recovery = self.lock()) {
-            (*recovery)->m_writingScheduled = false;
-            (*recovery)->write();
-        }
+    m_writing = m_runLoop.scheduleTimer(kIntervalSeconds, [this] {
+        m_writing = {};
+        write();
     });
-    m_writingScheduled = true;
 }
 
 void Recovery::write()

@@ -24,8 +24,7 @@ public:
     /// Between two writings, and before the first.
     static constexpr double kIntervalSeconds = 3;
 
-    /// The present document counts as saved. All must outlive this object, and the history must tell it nothing once it
-    /// has ended; of the run loop, timers may be left over.
+    /// The present document counts as saved.
     Recovery(GXAppDelegate& delegate, UndoHistory& history, RunLoop& runLoop, Log& log, const QString& folder);
     ~Recovery() override { finish(); }
 
@@ -69,10 +68,10 @@ private:
     std::weak_ptr<const DocumentState> m_restored;             ///< what came from a copy
     DocumentStateRef m_written;                                ///< what the copy holds; null without a copy
     bool m_restoring = false;
-    bool m_writingScheduled = false;
     bool m_reported = false;
-    QThreadPool m_writer;              ///< one thread, so that the order stays
-    std::shared_ptr<Recovery*> m_self; ///< what pending timers know of this object
+    QThreadPool m_writer;   ///< one thread, so that the order stays
+    Registration m_writing; ///< while it is scheduled
+    Registration m_observation;
 };
 
 } // namespace wallgrid

@@ -15,7 +15,6 @@ class RecoveryBar final : public QToolBar {
     Q_OBJECT
 
 public:
-    /// The recovery must outlive the bar.
     explicit RecoveryBar(Recovery& recovery, QWidget* parent = nullptr);
 
 private:

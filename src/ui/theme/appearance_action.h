@@ -13,7 +13,7 @@ class AppearanceAction final : public QAction {
     Q_OBJECT
 
 public:
-    /// Applies the theme. The application and the settings that remember the choice must outlive the action.
+    /// Applies the theme. The settings remember the choice.
     AppearanceAction(QApplication& application, QSettings& memory, QObject* parent = nullptr);
 };
 

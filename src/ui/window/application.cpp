@@ -41,16 +41,15 @@ Application::Application(RunLoop& runLoop, Panels& panels, QtRecentDocuments& re
 
 Application::~Application()
 {
-    m_runLoop.watch(nullptr);
     if (m_recovery)
         m_recovery->end();
 }
 
 void Application::launch()
 {
-    m_delegate.connect({&m_outputWindow, m_mainWindow.table(), m_mainWindow.ptable(), m_mainWindow.miniPvw(),
-                        m_mainWindow.sheets(), m_mainWindow.windows()});
-    m_runLoop.watch(&m_delegate);
+    m_interface = m_delegate.connect({&m_outputWindow, m_mainWindow.table(), m_mainWindow.ptable(),
+                                      m_mainWindow.miniPvw(), m_mainWindow.sheets(), m_mainWindow.windows()});
+    m_runLoop.watch(m_delegate);
     m_delegate.awakeFromNib();
     m_delegate.applicationDidFinishLaunching();
     m_history.start();
@@ -68,7 +67,7 @@ void Application::keepRecovery(const QString& folder)
             m_recovery->noteFile(*path);
         m_mainWindow.setSaved(m_recovery->isClean());
     });
-    m_history.addObserver([this] { m_mainWindow.setSaved(m_recovery->isClean()); });
+    m_titleObservation = m_history.observe([this] { m_mainWindow.setSaved(m_recovery->isClean()); });
 }
 
 void Application::openFile(const std::string& path)

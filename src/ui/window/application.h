@@ -25,7 +25,6 @@ class Application final : public QObject {
     Q_OBJECT
 
 public:
-    /// All of them must outlive the application; of the run loop, timers may be left over.
     Application(RunLoop& runLoop, Panels& panels, QtRecentDocuments& recentDocuments);
     ~Application() override;
 
@@ -59,6 +58,8 @@ private:
     QtRecentDocuments& m_recentDocuments;
     std::unique_ptr<Recovery> m_recovery;
     MainWindow m_mainWindow;
+    Registration m_interface; ///< the delegate's views, until they go
+    Registration m_titleObservation;
 };
 
 /// Runs the program until its main window is closed; gives the exit code.

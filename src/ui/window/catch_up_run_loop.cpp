@@ -9,17 +9,15 @@ namespace wallgrid {
 
 CatchUpRunLoop::CatchUpRunLoop(RunLoop& inner)
     : m_inner(inner)
-    , m_delegate(std::make_shared<GXAppDelegate*>(nullptr))
 {
 }
 
-void CatchUpRunLoop::scheduleTimer(double seconds, std::function<void()> handler)
+Registration CatchUpRunLoop::scheduleTimer(double seconds, std::function<void()> handler)
 {
-    m_inner.scheduleTimer(seconds, [handler = std::move(handler), watched = std::weak_ptr(m_delegate)] {
+    return m_inner.scheduleTimer(seconds, [this, handler = std::move(handler)] {
         handler();
-        const auto delegate = watched.lock();
-        if (delegate && *delegate && (*delegate)->shouldUpdate() && (*delegate)->hasSkippedUpdate())
-            (*delegate)->update();
+        if (m_delegate && m_delegate->shouldUpdate() && m_delegate->hasSkippedUpdate())
+            m_delegate->update();
     });
 }
 

@@ -3,8 +3,6 @@
 
 #include "base/run_loop.h"
 
-#include <memory>
-
 namespace wallgrid {
 
 class GXAppDelegate;
@@ -14,17 +12,16 @@ class GXAppDelegate;
 /// and a call has been skipped meanwhile, it sends the pass once more.
 class CatchUpRunLoop final : public RunLoop {
 public:
-    /// The inner loop must outlive this one; timers that fire after the end of this one only run their own handler.
     explicit CatchUpRunLoop(RunLoop& inner);
 
-    /// Whom to watch; null for nobody. It must live until another is set or this loop ends.
-    void watch(GXAppDelegate* delegate) { *m_delegate = delegate; }
+    /// The timers are the controller's own and so end with it.
+    void watch(GXAppDelegate& delegate) { m_delegate = &delegate; }
 
-    void scheduleTimer(double seconds, std::function<void()> handler) override;
+    Registration scheduleTimer(double seconds, std::function<void()> handler) override;
 
 private:
     RunLoop& m_inner;
-    std::shared_ptr<GXAppDelegate*> m_delegate;
+    GXAppDelegate* m_delegate = nullptr;
 };
 
 } // namespace wallgrid

@@ -18,7 +18,7 @@ class FileDrops final : public QObject {
     Q_OBJECT
 
 public:
-    /// The delegate must outlive the drops, the window owns them.
+    /// The window owns the drops.
     FileDrops(GXAppDelegate& delegate, QWidget& window);
 
 signals:

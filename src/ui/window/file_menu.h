@@ -15,7 +15,7 @@ class FileMenu final : public QMenu {
     Q_OBJECT
 
 public:
-    /// All must outlive the menu; the actions open and save the presets.
+    /// The actions open and save the presets.
     FileMenu(GXAppDelegate& delegate, QtRecentDocuments& recentDocuments, const QList<QAction*>& presets,
              QWidget* parent);
 

@@ -223,7 +223,7 @@ void MainWindow::makeStatusBar()
         m_outputPreview.setImage(m_miniPvw->image());
     });
     connect(&m_outputPreview, &OutputPreview::changed, this, [this] { m_status.schedule(); });
-    m_delegate.arraycontroller().addObserverForArrangedObjects({}, [this] { m_status.schedule(); });
+    m_listObservation = m_delegate.arraycontroller().observeArrangedObjects({}, [this] { m_status.schedule(); });
     m_status.schedule();
 }
 
@@ -275,7 +275,7 @@ void MainWindow::makeFileMenu()
     connect(m_fileMenu, &FileMenu::messageWanted, this, &MainWindow::showMessage);
     connect(m_fileMenu, &FileMenu::quitWanted, this, &QWidget::close);
     connect(&m_recentDocuments, &QtRecentDocuments::changed, this, &MainWindow::nameProject);
-    m_history.addObserver([this] { nameProject(); });
+    m_historyObservation = m_history.observe([this] { nameProject(); });
 }
 
 void MainWindow::open(const std::string& location)

@@ -33,7 +33,6 @@ class MainWindow final : public QMainWindow {
     Q_OBJECT
 
 public:
-    /// All of them must outlive the window.
     MainWindow(GXAppDelegate& delegate, UndoHistory& history, QtRecentDocuments& recentDocuments,
                OutputWindow& outputWindow);
 
@@ -110,6 +109,9 @@ private:
     QLabel* m_outputSize = nullptr;
     ZoomBar* m_zoom = nullptr;
     QLabel* m_itemCount = nullptr;
+
+    Registration m_listObservation;
+    Registration m_historyObservation;
 };
 
 } // namespace wallgrid

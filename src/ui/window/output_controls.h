@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "base/key_value_observing.h"
+#include "base/registration.h"
 
 #include <QWidget>
 
@@ -14,11 +14,10 @@ class OutputControls final : public QWidget {
     Q_OBJECT
 
 public:
-    /// The delegate must outlive the controls.
     explicit OutputControls(GXAppDelegate& delegate, QWidget* parent = nullptr);
 
 private:
-    KeyValueObservable::Observation m_observation;
+    Registration m_observation;
 };
 
 } // namespace wallgrid

@@ -15,7 +15,6 @@ class Sheets final : public QObject, public SheetLoader {
     Q_OBJECT
 
 public:
-    /// Both must outlive the sheets.
     Sheets(GXAppDelegate& delegate, QWidget& window);
 
     std::shared_ptr<Sheet> loadNibNamed(std::string_view name) override;

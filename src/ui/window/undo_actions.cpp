@@ -35,7 +35,7 @@ UndoActions::UndoActions(UndoHistory& history, const QWidget& liveFields, QObjec
     m_redo->setShortcut(Qt::CTRL | Qt::SHIFT | Qt::Key_Z);
     connect(m_undo, &QAction::triggered, this, [this] { m_history.undo(); });
     connect(m_redo, &QAction::triggered, this, [this] { m_history.redo(); });
-    m_history.addObserver([this] { refresh(); });
+    m_observation = m_history.observe([this] { refresh(); });
     refresh();
     QCoreApplication::instance()->installEventFilter(this);
 }

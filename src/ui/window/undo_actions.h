@@ -16,8 +16,7 @@ class UndoActions final : public QObject {
     Q_OBJECT
 
 public:
-    /// The history must outlive the actions and tell them nothing once they have ended. In the live fields the
-    /// shortcuts mean the document: what is typed there is in it already.
+    /// In the live fields the shortcuts mean the document: what is typed there is in it already.
     UndoActions(UndoHistory& history, const QWidget& liveFields, QObject* parent = nullptr);
 
     QAction* undo() const { return m_undo; }
@@ -33,6 +32,7 @@ private:
     const QWidget& m_liveFields;
     QAction* m_undo = nullptr;
     QAction* m_redo = nullptr;
+    Registration m_observation;
 };
 
 } // namespace wallgrid

@@ -27,7 +27,7 @@ struct Edited : ProgramUnderTest {
     }
 
     QStringList m_changes;
-    KeyValueObservable::Observation m_observation =
+    Registration m_observation =
         item().observe([this](std::string_view key) { m_changes.append(QString::fromStdString(std::string(key))); });
 };
 

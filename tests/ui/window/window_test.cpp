@@ -54,7 +54,7 @@ private slots:
         QCOMPARE(program.runLoop.pendingTimers(), std::size_t{0});
     }
 
-    void timersMayOutliveTheProgram()
+    void timersEndWithTheProgram()
     {
         ManualRunLoop runLoop;
         {
@@ -64,7 +64,7 @@ private slots:
             application.launch();
             application.delegate().update();
         }
-        QVERIFY(runLoop.pendingTimers() > 0);
+        QCOMPARE(runLoop.pendingTimers(), std::size_t{0});
         runLoop.advance(1);
     }
 
