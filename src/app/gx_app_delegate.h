@@ -175,7 +175,8 @@ public:
 
     /// The raster of the last composition; empty before the first, and when the output size gives none.
     BitmapRef offscreenRep() const { return m_offscreenRep; }
-    /// The image that the previews show: `offscreenRep` at the output size.
+    /// The image that the previews show: `offscreenRep` at the output size. Another one after each composition, which
+    /// leaves the one before without a raster.
     ImageRef img() const { return m_img; }
     ImageView* pvwImageWell() const;
 

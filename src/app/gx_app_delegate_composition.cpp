@@ -52,13 +52,14 @@ void GXAppDelegate::compose()
             scene.pictures.push_back({std::move(picture), (*item)->frame()});
     }
 
-    // Nobody holds the raster of the last pass while it is composed anew, so that it serves again.
+    // The previews keep the last image until they get the next one. Its raster is taken out of it and serves again.
     m_offscreenRep = nullptr;
-    show(nullptr);
+    if (m_img)
+        m_img->removeRepresentations();
     m_offscreenRep = m_rasterComposer.compose(scene);
     reportRefusedBitmaps();
     if (!m_offscreenRep)
-        return;
+        return show(nullptr);
     auto image = std::make_shared<Image>(Size{static_cast<double>(m_OutputWidth), static_cast<double>(m_OutputHeight)});
     image->addRepresentation(m_offscreenRep);
     show(std::move(image));

@@ -39,6 +39,14 @@ void Image::addRepresentation(BitmapRef bitmap)
         m_representations.push_back(std::move(bitmap));
 }
 
+void Image::removeRepresentations()
+{
+    m_representations.clear();
+    m_scaled = {};
+    *m_lastScaled = {};
+    m_isOpaque.reset();
+}
+
 const BitmapRef& Image::firstRepresentation() const
 {
     static const BitmapRef none;

@@ -15,7 +15,7 @@ using ImageRef = std::shared_ptr<Image>;
 
 /// A size in points and the rasters that show it. Drawing an image scales its first representation to its size, so a
 /// size set anew resizes the picture for every holder of the image and touches no pixel of it. A bitmap that was added
-/// is not drawn on any more.
+/// is not drawn on until it is removed.
 class Image {
 public:
     explicit Image(Size size)
@@ -28,6 +28,8 @@ public:
 
     /// An empty bitmap is not added: such an image draws nothing.
     void addRepresentation(BitmapRef bitmap);
+    /// The image draws nothing then, and whoever made its bitmaps may draw on them again.
+    void removeRepresentations();
     const std::vector<BitmapRef>& representations() const { return m_representations; }
     /// Empty when there is none.
     const BitmapRef& firstRepresentation() const;

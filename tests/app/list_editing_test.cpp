@@ -124,6 +124,34 @@ TEST_F(ListEditing, ThrottleRendersOnceInATenthOfASecond)
     EXPECT_FALSE(delegate.hasSkippedUpdate());
 }
 
+TEST_F(ListEditing, ViewsGetOnePictureAfterTheOtherOnTheSameRaster)
+{
+    struct View : ImageView {
+        void setImage(ImageRef image) override { shown.push_back(std::move(image)); }
+        void setFrameSize(Size) override {}
+        void setFollowsContainer() override {}
+        std::vector<ImageRef> shown;
+    } view;
+    connection = delegate.connect({nullptr, nullptr, nullptr, &view, nullptr, nullptr});
+    const auto composed = [&](ColorRef ground) {
+        delegate.setBgColor(std::move(ground));
+        compose();
+        return delegate.offscreenRep().get();
+    };
+    const Bitmap* const raster = composed(Color::redColor());
+    EXPECT_EQ(composed(Color::whiteColor()), raster) << "nobody but the view shows it";
+    const BitmapRef held = delegate.offscreenRep();
+    EXPECT_NE(composed(Color::redColor()), raster);
+    EXPECT_EQ(held->at(0, 0), Color::whiteColor()->pixel());
+    delegate.setOutputWidth(0);
+    EXPECT_EQ(composed(nullptr), nullptr);
+    ASSERT_EQ(view.shown.size(), 4u);
+    EXPECT_TRUE(view.shown[0] && view.shown[1] && view.shown[2] && !view.shown[3]);
+    connection = {};
+    compose();
+    EXPECT_EQ(view.shown.size(), 4u) << "the view may have gone";
+}
+
 TEST_F(ListEditing, ObservesNineteenPropertiesOfEveryItem)
 {
     const ItemRef item = delegate.allScreensArray()->at(0);

@@ -4,6 +4,7 @@
 #include <QGuiApplication>
 #include <QPointer>
 #include <QScreen>
+#include <utility>
 
 namespace wallgrid {
 
@@ -61,11 +62,9 @@ void OutputPreview::setImage(const ImageRef& image)
 {
     m_window.setImage(image);
     const BitmapRef raster = image ? image->firstRepresentation() : nullptr;
-    // Between two pictures there is none for a moment; that is not worth a word.
-    if (!image || (raster && QSize(raster->width(), raster->height()) == m_output))
-        return;
-    m_output = raster ? QSize(raster->width(), raster->height()) : QSize();
-    emit changed();
+    const QSize output = raster ? QSize(raster->width(), raster->height()) : QSize();
+    if (std::exchange(m_output, output) != output)
+        emit changed();
 }
 
 QList<Display> OutputPreview::displays() const

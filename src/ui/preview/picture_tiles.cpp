@@ -16,11 +16,11 @@ constexpr int kMostTiles = 400;
 
 } // namespace
 
-void PictureTiles::setPicture(BitmapRef bitmap, QSize size)
+void PictureTiles::setPicture(ImageRef image, QSize size)
 {
-    if (bitmap == m_bitmap && size == m_size)
+    if (image == m_image && size == m_size)
         return;
-    m_bitmap = std::move(bitmap);
+    m_image = std::move(image);
     m_size = size;
     m_tiles.clear();
 }
@@ -28,7 +28,8 @@ void PictureTiles::setPicture(BitmapRef bitmap, QSize size)
 void PictureTiles::paint(QPainter& painter, const QRect& part)
 {
     const QRect painted = part & QRect({}, m_size);
-    if (!m_bitmap || painted.isEmpty())
+    const BitmapRef raster = m_image ? m_image->firstRepresentation() : nullptr;
+    if (!raster || painted.isEmpty())
         return;
     const QRect tiles(QPoint(painted.left() / kSide, painted.top() / kSide),
                       QPoint(painted.right() / kSide, painted.bottom() / kSide));
@@ -36,16 +37,16 @@ void PictureTiles::paint(QPainter& painter, const QRect& part)
         m_tiles.clear();
     for (int row = tiles.top(); row <= tiles.bottom(); ++row) {
         for (int column = tiles.left(); column <= tiles.right(); ++column)
-            painter.drawImage(kSide * QPoint(column, row), tile({column, row}));
+            painter.drawImage(kSide * QPoint(column, row), tile(*raster, {column, row}));
     }
 }
 
-const QImage& PictureTiles::tile(QPoint index)
+const QImage& PictureTiles::tile(const Bitmap& raster, QPoint index)
 {
     QImage& image = m_tiles[index];
     if (image.isNull()) {
         const QRect part(kSide * index, QSize(kSide, kSide));
-        image = scaledPart(*m_bitmap, m_size, part & QRect({}, m_size));
+        image = scaledPart(raster, m_size, part & QRect({}, m_size));
     }
     return image;
 }

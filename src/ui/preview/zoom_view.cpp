@@ -36,7 +36,7 @@ void ZoomView::setImage(ImageRef image)
         const BitmapRef raster = m_image->firstRepresentation();
         m_viewport.setRaster(raster ? QSize(raster->width(), raster->height()) : QSize());
     }
-    m_tiles.setPicture(nullptr, {}); // lets go of the old raster
+    m_tiles.setPicture(nullptr, {});
     update();
     emit pictureChanged();
 }
@@ -98,7 +98,7 @@ void ZoomView::paintEvent(QPaintEvent*)
     const QRect visible = m_viewport.visiblePicture();
     if (m_image && !visible.isEmpty()) {
         const QPoint origin = m_viewport.picture().topLeft();
-        m_tiles.setPicture(m_image->firstRepresentation(), m_viewport.picture().size());
+        m_tiles.setPicture(m_image, m_viewport.picture().size());
         painter.save();
         painter.setClipRect(visible);
         paintCheckerboard(painter, visible, qRound(kCheckerSquare * devicePixelRatioF()));
