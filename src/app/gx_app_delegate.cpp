@@ -2,8 +2,6 @@
 #include "app/gx_app_delegate.h"
 
 #include "app/new_items.h"
-#include "app/row_drag.h"
-#include "graphics/bitmap_memory.h"
 
 #include <string>
 #include <vector>
@@ -27,34 +25,12 @@ std::vector<std::string> observedProperties()
 GXAppDelegate::GXAppDelegate(const Desktop& desktop)
     : m_desktop(desktop)
     , m_documentFile(std::make_shared<DocumentFile>())
-    , m_refusedBitmaps(BitmapMemory::refused())
+    , m_picture(desktop.log)
+    , m_throttle(desktop.runLoop)
+    , m_drags(m_arraycontroller, m_presetarraycontroller)
+    , m_files(desktop)
+    , m_PSDExport(desktop)
 {
-}
-
-Registration GXAppDelegate::connect(const Outlets& outlets)
-{
-    auto connected = std::make_shared<Views>(Views{outlets});
-    m_views = connected;
-    return Registration(std::move(connected));
-}
-
-GXAppDelegate::Views GXAppDelegate::views() const
-{
-    const auto connected = m_views.lock();
-    return connected ? *connected : Views{};
-}
-
-ImageView* GXAppDelegate::pvwImageWell() const
-{
-    return views().pvwImageWell;
-}
-
-void GXAppDelegate::awakeFromNib()
-{
-    for (TableView* table : {views().ptable, views().table}) {
-        if (table)
-            table->registerForDraggedType(kRowDragType);
-    }
 }
 
 void GXAppDelegate::applicationDidFinishLaunching()
@@ -64,57 +40,46 @@ void GXAppDelegate::applicationDidFinishLaunching()
     auto presets = makePresets();
     setOutputHeight(project.outputHeight);
     setOutputWidth(project.outputWidth);
-    m_shouldUpdate = true;
+    m_throttle.setOpen(true);
     setAllScreensArray(std::make_shared<ItemArray>(std::move(project.items)));
     setPresetScreensArray(std::make_shared<ItemArray>(std::move(presets)));
-    for (TableView* table : {views().table, views().ptable}) {
-        if (table)
-            table->setDelegate(this);
-    }
-    buildPreview();
+    m_views.setTableDelegate(*this);
+    m_views.buildPreview({static_cast<double>(m_OutputWidth), static_cast<double>(m_OutputHeight)});
 
     const auto handler = [this] { observeValueForKeyPath(); };
-    m_observations.push_back(m_arraycontroller.observeArrangedObjects(observedProperties(), handler));
-    m_observations.push_back(m_presetarraycontroller.observeArrangedObjects({"thumbnail"}, handler));
+    m_observations = {m_arraycontroller.observeArrangedObjects(observedProperties(), handler),
+                      m_presetarraycontroller.observeArrangedObjects({"thumbnail"}, handler)};
     update();
-}
-
-void GXAppDelegate::setAllScreensArray(ItemArrayRef items)
-{
-    m_allScreensArray = items;
-    m_arraycontroller.setContent(std::move(items));
-}
-
-void GXAppDelegate::setPresetScreensArray(ItemArrayRef presets)
-{
-    m_presetScreensArray = presets;
-    m_presetarraycontroller.setContent(std::move(presets));
-}
-
-void GXAppDelegate::buildPreview()
-{
-    const auto views = m_views.lock();
-    if (!views || !views->outputWindow)
-        return;
-    const Size output{static_cast<double>(m_OutputWidth), static_cast<double>(m_OutputHeight)};
-    views->pvwImageWell = views->outputWindow->addImageView({{0, -25}, output});
-    views->outputWindow->setFrame({{0, 0}, {640, 360}});
-    views->pvwImageWell->setFrameSize({640, 360});
-    views->pvwImageWell->setFollowsContainer();
 }
 
 void GXAppDelegate::observeValueForKeyPath()
 {
     if (const ItemRef item = m_arraycontroller.selectedObject())
         item->drawInRect();
-    reloadTable();
+    m_views.reloadTable();
     update();
 }
 
-void GXAppDelegate::reloadTable()
+void GXAppDelegate::update()
 {
-    if (TableView* table = views().table)
-        table->reloadData();
+    if (m_throttle.pass()) {
+        // The first row is rendered by the change handler only.
+        if (m_arraycontroller.selectionIndex().value_or(0) != 0)
+            m_arraycontroller.selectedObject()->drawInRect();
+        m_views.reloadTable();
+        m_picture.compose({m_OutputWidth, m_OutputHeight, m_bgColor, m_edgeColor}, m_arraycontroller.arrangedObjects());
+        m_views.show(m_picture.image());
+    }
+    m_throttle.openLater();
+}
+
+void GXAppDelegate::openPvw()
+{
+    WindowLoader* windows = m_views.outlets().windows;
+    if (!windows)
+        return;
+    m_outputPreview = windows->windowControllerWithNibName("Output Preview");
+    m_outputPreview->showWindow();
 }
 
 } // namespace wallgrid

@@ -1,34 +1,25 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "app/project_file.h"
-#include "app/raster_composer.h"
-#include "base/byte_buffer.h"
+#include "app/connected_views.h"
+#include "app/document_files.h"
+#include "app/output_picture.h"
+#include "app/psd_export.h"
+#include "app/table_drags.h"
+#include "app/update_throttle.h"
 #include "base/key_value_observing.h"
 #include "desktop/array_controller.h"
-#include "desktop/desktop.h"
-#include "desktop/table_view.h"
-#include "desktop/views.h"
-#include "graphics/bitmap.h"
 #include "graphics/color.h"
-#include "graphics/image.h"
-#include "items/gx_item.h"
-#include "psd/kp_psd_error.h"
 
+#include <array>
 #include <cstddef>
 #include <cstdint>
-#include <functional>
 #include <memory>
-#include <queue>
 #include <set>
 #include <string_view>
 #include <utility>
-#include <vector>
 
 namespace wallgrid {
-
-class ByteSink;
-class KPPSDWriter;
 
 /// The project file that a document is called after. From one opening to the next it is the same object, also where the
 /// document is saved elsewhere.
@@ -39,21 +30,13 @@ using DocumentFileRef = std::shared_ptr<DocumentFile>;
 
 /// The application's one controller, and the document itself: the output size, two colours, the item list and the
 /// preset list, and the raster composed of them. It drives the interface through the views it is connected to and
-/// works without any. One thread.
+/// works without any. Its operations are done by the parts that it owns. One thread.
 class GXAppDelegate final : public TableDelegate, public KeyValueObservable {
 public:
     using ItemController = ArrayController<GXItem>;
     using ItemArrayRef = ItemController::ContentRef;
 
-    /// Views that belong to the interface, each may be missing.
-    struct Outlets {
-        Window* outputWindow = nullptr; ///< holds the large preview, `pvwImageWell`
-        TableView* table = nullptr;     ///< the main list table, "mainTView"
-        TableView* ptable = nullptr;    ///< the preset table, "presetTView"
-        ImageView* miniPvw = nullptr;   ///< the small preview in the main window
-        SheetLoader* sheets = nullptr;  ///< the sheets of the main window
-        WindowLoader* windows = nullptr;
-    };
+    using Outlets = wallgrid::Outlets;
 
     enum class TerminateReply {
         TerminateNow,
@@ -66,9 +49,9 @@ public:
     // Start and end ------------------------------------------------------------------------------------------------
 
     /// The views are used until the registration goes: before they do.
-    Registration connect(const Outlets& outlets);
+    Registration connect(const Outlets& outlets) { return m_views.connect(outlets); }
     /// Registers both tables for the drag type. Runs again for each sheet that is loaded.
-    void awakeFromNib();
+    void awakeFromNib() { m_views.registerTables(); }
     /// Builds the launch document, the preset list and the preview, and composes for the first time.
     void applicationDidFinishLaunching();
     /// Quitting never asks.
@@ -103,10 +86,10 @@ public:
     }
 
     /// Row 0 is the topmost item of the output. Empty before launch.
-    ItemArrayRef allScreensArray() const { return m_allScreensArray; }
-    void setAllScreensArray(ItemArrayRef items);
-    ItemArrayRef presetScreensArray() const { return m_presetScreensArray; }
-    void setPresetScreensArray(ItemArrayRef presets);
+    ItemArrayRef allScreensArray() const { return m_arraycontroller.content(); }
+    void setAllScreensArray(ItemArrayRef items) { m_arraycontroller.setContent(std::move(items)); }
+    ItemArrayRef presetScreensArray() const { return m_presetarraycontroller.content(); }
+    void setPresetScreensArray(ItemArrayRef presets) { m_presetarraycontroller.setContent(std::move(presets)); }
     /// All insertions into and removals from the lists go through these; they hold the selections.
     ItemController& arraycontroller() { return m_arraycontroller; }
     const ItemController& arraycontroller() const { return m_arraycontroller; }
@@ -116,7 +99,7 @@ public:
     /// The next number of default names: "Layer %i", "Untitled %i".
     std::int32_t screenNumber() const { return m_screenNumber; }
 
-    // The lists: list_editing.cpp, presets.cpp ---------------------------------------------------------------------
+    // The lists ----------------------------------------------------------------------------------------------------
 
     /// Opens the Add sheet, a choice of what to add. Its four actions follow.
     void add();
@@ -144,8 +127,7 @@ public:
     /// Removes the selected presets; an alert refuses it while there are fewer than two.
     void removePreset();
 
-    /// A drop moves a row inside its table and copies it into the other one, always the first of the dragged rows. A
-    /// drop without rows of the list that the drag began in changes nothing. Every answer is YES, every operation.
+    /// See TableDrags. Every answer is YES, every operation.
     bool tableViewWriteRowsWithIndexes(TableView& table, const std::set<std::size_t>& rows,
                                        Pasteboard& pasteboard) override;
     DragOperations tableViewValidateDrop(TableView&, const Pasteboard&, std::ptrdiff_t, DropOperation) override
@@ -157,7 +139,7 @@ public:
     /// Selects the main table's selected row, if any, in `arraycontroller`; whichever table's selection changed.
     void tableViewSelectionDidChange() override;
     /// The table that the last drag began in: 0 none yet, 1 the main list table, 2 the preset table.
-    std::int32_t draggedTV() const { return m_draggedTV; }
+    std::int32_t draggedTV() const { return m_drags.source(); }
 
     // Composition --------------------------------------------------------------------------------------------------
 
@@ -167,18 +149,18 @@ public:
     /// nothing and is not made up for later (see hasSkippedUpdate()).
     void update();
     /// Lets the next update pass render.
-    void timerupdate() { m_shouldUpdate = true; }
-    bool shouldUpdate() const { return m_shouldUpdate; }
-    void setShouldUpdate(bool shouldUpdate) { m_shouldUpdate = shouldUpdate; }
+    void timerupdate() { m_throttle.setOpen(true); }
+    bool shouldUpdate() const { return m_throttle.isOpen(); }
+    void setShouldUpdate(bool shouldUpdate) { m_throttle.setOpen(shouldUpdate); }
     /// An update pass has rendered nothing since the last one that rendered: the raster may be behind the document.
-    bool hasSkippedUpdate() const { return m_hasSkippedUpdate; }
+    bool hasSkippedUpdate() const { return m_throttle.hasSkipped(); }
 
     /// The raster of the last composition; empty before the first, and when the output size gives none.
-    BitmapRef offscreenRep() const { return m_offscreenRep; }
+    BitmapRef offscreenRep() const { return m_picture.raster(); }
     /// The image that the previews show: `offscreenRep` at the output size. Another one after each composition, which
     /// leaves the one before without a raster.
-    ImageRef img() const { return m_img; }
-    ImageView* pvwImageWell() const;
+    ImageRef img() const { return m_picture.image(); }
+    ImageView* pvwImageWell() const { return m_views.preview(); }
 
     /// Opens the Output Preview, the window that shows the raster and nothing else.
     void openPvw();
@@ -210,41 +192,24 @@ public:
     void savePSD();
     bool hasEqualLayerNames() const;
     /// Whether the next exports tell layers of the same name apart by a number. The document keeps the names.
-    void setNumbersEqualLayerNames(bool numbers) { m_numbersEqualLayerNames = numbers; }
+    void setNumbersEqualLayerNames(bool numbers) { m_PSDExport.setNumbersEqualNames(numbers); }
     /// Whether the panel for the next PSDs answers with the file's own location.
-    void setPSDLocationIsWhole(bool whole) { m_PSDLocationIsWhole = whole; }
+    void setPSDLocationIsWhole(bool whole) { m_PSDExport.setLocationIsWhole(whole); }
     /// The bytes of that file: a layer for each item, invisible ones transparent, the first row on top.
     ByteBuffer createPSDData(KPPSDError* error);
     /// Hands these bytes to a sink while they are made. What the sink was given is no file when there is an error.
     KPPSDError writePSDOn(ByteSink& sink);
 
 private:
-    Expected<Project> readProjectWithProgress(Bytes bytes) const;
-    /// With a layer for each item, all of which have names then.
-    std::shared_ptr<KPPSDWriter> makePSDWriter(KPPSDError& error);
-    void buildPreview();
-    void compose();
-    void show(ImageRef image);
-    void reportRefusedBitmaps();
-    void reloadTable();
     void insertNewItem(ItemRef item);
     void endAddSheet();
-    /// Whether it may be; an alert says that it may not.
-    bool mayRemoveFrom(const ItemController& list);
-    /// From the last row to the first. Every item takes a number, also one that has a name.
+    /// An alert refuses it while the list has fewer than two items.
+    void removeSelected(ItemController& list);
+    /// Every item takes a number, also one that has a name.
     void nameUnnamedItems();
-
-    struct Views : Outlets {
-        ImageView* pvwImageWell = nullptr; ///< owned by the output window
-    };
-    /// Each view that is not connected is null.
-    Views views() const;
+    PSDExport::Source namedSource();
 
     Desktop m_desktop;
-    std::weak_ptr<Views> m_views;
-
-    ItemArrayRef m_allScreensArray;
-    ItemArrayRef m_presetScreensArray;
     ItemController m_arraycontroller;
     ItemController m_presetarraycontroller;
     std::int32_t m_OutputWidth = 0;
@@ -253,21 +218,18 @@ private:
     ColorRef m_edgeColor;
     DocumentFileRef m_documentFile;
     std::int32_t m_screenNumber = 0;
-    std::int32_t m_draggedTV = 0;
-    bool m_numbersEqualLayerNames = false;
-    bool m_PSDLocationIsWhole = false;
+
+    ConnectedViews m_views;
     std::shared_ptr<Sheet> m_AddWindow;
     std::shared_ptr<Sheet> m_aboutWindow;
     std::shared_ptr<WindowController> m_outputPreview;
 
-    RasterComposer m_rasterComposer;
-    BitmapRef m_offscreenRep;
-    ImageRef m_img;
-    std::size_t m_refusedBitmaps = 0; ///< as last reported
-    bool m_shouldUpdate = false;
-    bool m_hasSkippedUpdate = false;
-    std::queue<Registration> m_throttles; ///< all wait equally long, so that the first one fires first
-    std::vector<Registration> m_observations;
+    OutputPicture m_picture;
+    UpdateThrottle m_throttle;
+    TableDrags m_drags;
+    DocumentFiles m_files;
+    PSDExport m_PSDExport;
+    std::array<Registration, 2> m_observations;
 };
 
 } // namespace wallgrid

@@ -1,24 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "app/gx_app_delegate.h"
-#include "png/png_encoder.h"
 
-#include <cstddef>
-#include <utility>
+#include "app/layer_names.h"
+#include "app/new_items.h"
+
+#include <string>
 
 namespace wallgrid {
-
-namespace {
-
-/// Of the time that an export takes; the rest is writing the file.
-constexpr double kEncodingShare = 0.8;
-
-/// The location with the extension appended, unless it has exactly that one: "wall.MPR" becomes "wall.MPR.mpr".
-Url withExtension(const Url& location, std::string_view extension)
-{
-    return location.pathExtension() == extension ? location : location.appendingPathExtension(extension);
-}
-
-} // namespace
 
 Project GXAppDelegate::project() const
 {
@@ -27,15 +15,10 @@ Project GXAppDelegate::project() const
 
 void GXAppDelegate::saveProject()
 {
-    const UrlRef chosen = m_desktop.panels.runSavePanel();
-    if (!chosen)
+    const UrlRef location = m_files.chooseNew("mpr");
+    if (!location)
         return;
-    const auto location = std::make_shared<const Url>(withExtension(*chosen, "mpr"));
-    bool written = false;
-    m_desktop.progress.run(LongWork::SaveProject, [&](const Report& report) {
-        written = m_desktop.files.write(*location, writeProject(project()), report).has_value();
-    });
-    if (written)
+    if (m_files.writeProject(*location, project()))
         m_documentFile->location = location;
     m_desktop.recentDocuments.noteNewRecentDocument(location);
 }
@@ -43,7 +26,8 @@ void GXAppDelegate::saveProject()
 void GXAppDelegate::loadProject(const Project& project, UrlRef location)
 {
     // A pass in between would show new items over the old ones.
-    const bool mayUpdate = std::exchange(m_shouldUpdate, false);
+    const bool mayUpdate = m_throttle.isOpen();
+    m_throttle.setOpen(false);
     const ItemArray old = m_arraycontroller.arrangedObjects();
     m_documentFile = std::make_shared<DocumentFile>(DocumentFile{std::move(location)});
     setOutputHeight(project.outputHeight);
@@ -53,31 +37,21 @@ void GXAppDelegate::loadProject(const Project& project, UrlRef location)
         m_arraycontroller.insertObjectAtArrangedObjectIndex(item, index++);
     m_arraycontroller.removeObjects(old);
     m_arraycontroller.setSelectionIndex(0);
-    m_shouldUpdate = mayUpdate;
+    m_throttle.setOpen(mayUpdate);
     update();
-}
-
-Expected<Project> GXAppDelegate::readProjectWithProgress(Bytes bytes) const
-{
-    Expected<Project> project = cancelled();
-    m_desktop.progress.run(LongWork::OpenProject,
-                           [&](const Report& report) { project = readProject(std::move(bytes), report); });
-    return project;
 }
 
 void GXAppDelegate::openProject()
 {
     if (const UrlRef location = m_desktop.panels.runOpenPanel()) {
-        if (auto bytes = m_desktop.files.read(*location)) {
-            if (const auto project = readProjectWithProgress(std::move(*bytes))) {
-                m_desktop.recentDocuments.noteNewRecentDocument(location);
-                loadProject(*project, location);
-            } else {
-                m_desktop.files.report(*location, project.error());
-            }
+        auto bytes = m_desktop.files.read(*location);
+        const auto project = bytes ? m_files.readProject(*location, std::move(*bytes)) : std::nullopt;
+        if (project) {
+            m_desktop.recentDocuments.noteNewRecentDocument(location);
+            loadProject(*project, location);
         }
     }
-    m_shouldUpdate = true;
+    m_throttle.setOpen(true);
     update();
 }
 
@@ -85,40 +59,65 @@ bool GXAppDelegate::applicationOpenFile(std::string_view fileName)
 {
     const auto location = Url::fromString(fileName);
     auto bytes = location ? m_desktop.files.read(*location) : Expected<Bytes>(failure("no location"));
-    if (!bytes) {
+    if (!bytes)
         m_desktop.panels.runAlert("No File Found", "File Not Found");
-        return true;
-    }
-    if (const auto project = readProjectWithProgress(std::move(*bytes)))
+    else if (const auto project = m_files.readProject(*location, std::move(*bytes)))
         loadProject(*project, std::make_shared<const Url>(*location));
-    else
-        m_desktop.files.report(*location, project.error());
     return true;
 }
 
 Expected<BitmapRef> GXAppDelegate::rasterToExport() const
 {
-    if (m_offscreenRep)
-        return m_offscreenRep;
+    if (m_picture.raster())
+        return m_picture.raster();
     return failure("no picture of " + std::to_string(m_OutputWidth) + " x " + std::to_string(m_OutputHeight) +
                    " pixels can be made");
 }
 
 void GXAppDelegate::saveAction()
 {
-    const UrlRef chosen = m_desktop.panels.runSavePanel();
-    if (!chosen)
-        return;
-    const Url location = withExtension(*chosen, "png");
-    const auto raster = rasterToExport();
-    if (!raster)
-        return m_desktop.files.report(location, raster.error());
-    m_desktop.progress.run(LongWork::ExportPNG, [&](const Report& report) {
-        if (const auto png = encodePng(**raster, partOf(report, 0, kEncodingShare)))
-            m_desktop.files.write(location, *png, partOf(report, kEncodingShare, 1));
-        else
-            m_desktop.files.report(location, png.error());
-    });
+    if (const UrlRef location = m_files.chooseNew("png"))
+        m_files.writePNG(*location, rasterToExport());
+}
+
+bool GXAppDelegate::hasEqualLayerNames() const
+{
+    return haveEqualNames(m_arraycontroller.arrangedObjects());
+}
+
+void GXAppDelegate::nameUnnamedItems()
+{
+    // A copy of the list, because setting a label tells observers. From the last row to the first.
+    const ItemArray items = m_arraycontroller.arrangedObjects();
+    for (auto item = items.rbegin(); item != items.rend(); ++item) {
+        ++m_screenNumber;
+        if (textOf((*item)->label()).empty())
+            (*item)->setLabel(numberedName(u"Untitled ", m_screenNumber));
+    }
+}
+
+PSDExport::Source GXAppDelegate::namedSource()
+{
+    nameUnnamedItems();
+    return {m_arraycontroller.arrangedObjects(), m_OutputWidth, m_OutputHeight};
+}
+
+ByteBuffer GXAppDelegate::createPSDData(KPPSDError* error)
+{
+    return m_PSDExport.createData(namedSource(), error);
+}
+
+KPPSDError GXAppDelegate::writePSDOn(ByteSink& sink)
+{
+    return m_PSDExport.writeOn(sink, namedSource());
+}
+
+void GXAppDelegate::savePSD()
+{
+    if (const UrlRef location = m_PSDExport.chooseLocation())
+        m_PSDExport.write(*location, namedSource());
+    else
+        nameUnnamedItems();
 }
 
 } // namespace wallgrid

@@ -2,7 +2,6 @@
 #include "app/gx_app_delegate.h"
 
 #include "app/new_items.h"
-#include "app/row_drag.h"
 #include "graphics/image_file.h"
 #include "items/gx_still.h"
 
@@ -12,33 +11,14 @@ namespace wallgrid {
 
 namespace {
 
-constexpr std::string_view kMainTable = "mainTView";
-constexpr std::string_view kPresetTable = "presetTView";
-constexpr std::int32_t kDraggedMainTable = 1;
-constexpr std::int32_t kDraggedPresetTable = 2;
-
 /// New items go below this row. It is not the table's selection and never changes.
 constexpr std::size_t kSelectedRow = 0;
-
-void drop(GXAppDelegate::ItemController& target, const GXAppDelegate::ItemController& source, std::size_t from,
-          std::size_t to)
-{
-    if (from >= source.arrangedObjects().size() || to > target.arrangedObjects().size())
-        return;
-    const ItemRef item = source.arrangedObjects()[from];
-    if (&source == &target) {
-        target.insertObjectAtArrangedObjectIndex(item, to);
-        target.removeObjectAtArrangedObjectIndex(from < to ? from : from + 1);
-    } else {
-        target.insertObjectAtArrangedObjectIndex(item->copy(), to);
-    }
-}
 
 } // namespace
 
 void GXAppDelegate::add()
 {
-    SheetLoader* sheets = views().sheets;
+    SheetLoader* sheets = m_views.outlets().sheets;
     if (!sheets)
         return;
     m_AddWindow = sheets->loadNibNamed("AddWindow");
@@ -87,23 +67,27 @@ void GXAppDelegate::addImageAt(const UrlRef& location)
     still->setImageURL(location);
 }
 
-bool GXAppDelegate::mayRemoveFrom(const ItemController& list)
+void GXAppDelegate::removeSelected(ItemController& list)
 {
     if (list.arrangedObjects().size() >= 2)
-        return true;
-    m_desktop.panels.runAlert("List Cannot be empty, Function was cancelled", "");
-    return false;
+        list.removeObjectsAtArrangedObjectIndexes(list.selectionIndexes());
+    else
+        m_desktop.panels.runAlert("List Cannot be empty, Function was cancelled", "");
 }
 
 void GXAppDelegate::remove()
 {
-    if (mayRemoveFrom(m_arraycontroller))
-        m_arraycontroller.removeObjectsAtArrangedObjectIndexes(m_arraycontroller.selectionIndexes());
+    removeSelected(m_arraycontroller);
+}
+
+void GXAppDelegate::removePreset()
+{
+    removeSelected(m_presetarraycontroller);
 }
 
 void GXAppDelegate::openAbout()
 {
-    SheetLoader* sheets = views().sheets;
+    SheetLoader* sheets = m_views.outlets().sheets;
     if (!sheets)
         return;
     m_aboutWindow = sheets->loadNibNamed("About");
@@ -120,36 +104,46 @@ void GXAppDelegate::closeAbout()
 bool GXAppDelegate::tableViewWriteRowsWithIndexes(TableView& table, const std::set<std::size_t>& rows,
                                                   Pasteboard& pasteboard)
 {
-    writeDraggedRows(rows, pasteboard);
-    if (table.identifier() == kMainTable)
-        m_draggedTV = kDraggedMainTable;
-    else if (table.identifier() == kPresetTable)
-        m_draggedTV = kDraggedPresetTable;
+    m_drags.start(table, rows, pasteboard);
     return true;
 }
 
 bool GXAppDelegate::tableViewAcceptDrop(TableView& table, const Pasteboard& dragged, std::ptrdiff_t row, DropOperation)
 {
-    const auto first = firstDraggedRow(dragged);
-    if (!first || row < 0)
-        return true;
-    const auto to = static_cast<std::size_t>(row);
-    if (table.identifier() == kMainTable)
-        drop(m_arraycontroller, m_draggedTV == kDraggedMainTable ? m_arraycontroller : m_presetarraycontroller, *first,
-             to);
-    else if (table.identifier() == kPresetTable)
-        drop(m_presetarraycontroller, m_draggedTV == kDraggedPresetTable ? m_presetarraycontroller : m_arraycontroller,
-             *first, to);
+    m_drags.drop(table, dragged, row);
     return true;
 }
 
 void GXAppDelegate::tableViewSelectionDidChange()
 {
-    TableView* table = views().table;
+    TableView* table = m_views.outlets().table;
     if (!table)
         return;
     if (const auto row = table->selectedRow())
         m_arraycontroller.setSelectionIndex(*row);
+}
+
+void GXAppDelegate::savePresets()
+{
+    if (const UrlRef location = m_desktop.panels.runSavePanel())
+        m_files.writePresets(*location, m_presetarraycontroller.arrangedObjects());
+}
+
+void GXAppDelegate::openPresets()
+{
+    const UrlRef location = m_desktop.panels.runOpenPanel();
+    if (!location)
+        return;
+    if (const auto presets = m_files.readPresets(*location))
+        loadPresets(*presets);
+}
+
+void GXAppDelegate::loadPresets(const ItemArray& presets)
+{
+    const ItemArray old = m_presetarraycontroller.arrangedObjects();
+    m_presetarraycontroller.removeObjects(old);
+    m_presetarraycontroller.addObjects(presets);
+    m_presetarraycontroller.setSelectionIndex(0);
 }
 
 } // namespace wallgrid

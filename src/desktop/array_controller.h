@@ -49,6 +49,9 @@ public:
         membershipChanged();
     }
 
+    /// Empty before it is set.
+    const ContentRef& content() const { return m_content; }
+
     const Array& arrangedObjects() const
     {
         static const Array empty;

@@ -6,9 +6,9 @@ using namespace wallgrid;
 
 namespace {
 
-class DocumentFiles : public ScriptedProgram {
+class DocumentFilesTest : public ScriptedProgram {
 protected:
-    DocumentFiles() { runLoop.advance(1); }
+    DocumentFilesTest() { runLoop.advance(1); }
 
     std::vector<std::string> filesWritten() const
     {
@@ -24,7 +24,7 @@ protected:
 
 } // namespace
 
-TEST_F(DocumentFiles, ExtensionsAreAppendedUnlessTheyAreThere)
+TEST_F(DocumentFilesTest, ExtensionsAreAppendedUnlessTheyAreThere)
 {
     for (const char* name : {"wall.mpr", "wall", "wall.MPR"}) {
         choose(name);
@@ -44,7 +44,7 @@ TEST_F(DocumentFiles, ExtensionsAreAppendedUnlessTheyAreThere)
                                                 path("no/such/folder.png") + ": No such file or directory"}));
 }
 
-TEST_F(DocumentFiles, OpeningReplacesTheDocumentAndKeepsTheRest)
+TEST_F(DocumentFilesTest, OpeningReplacesTheDocumentAndKeepsTheRest)
 {
     put({screen(u"P"), screen(u"Q"), screen(u"R")});
     delegate.setOutputWidth(640);
@@ -83,7 +83,7 @@ TEST_F(DocumentFiles, OpeningReplacesTheDocumentAndKeepsTheRest)
     EXPECT_TRUE(alerts.empty() && logged.empty());
 }
 
-TEST_F(DocumentFiles, WhatIsNoProjectChangesNothing)
+TEST_F(DocumentFilesTest, WhatIsNoProjectChangesNothing)
 {
     const auto items = *delegate.allScreensArray();
     Bytes cut = writeProject(delegate.project());
@@ -102,7 +102,7 @@ TEST_F(DocumentFiles, WhatIsNoProjectChangesNothing)
     EXPECT_TRUE(recent.empty());
 }
 
-TEST_F(DocumentFiles, CancelledWorkLeavesNothingBehind)
+TEST_F(DocumentFilesTest, CancelledWorkLeavesNothingBehind)
 {
     choose("old");
     delegate.saveProject();

@@ -1,9 +1,13 @@
 // SPDX-License-Identifier: MIT
-#include "app/gx_app_delegate.h"
+#include "app/psd_export.h"
+
 #include "app/layer_names.h"
-#include "app/new_items.h"
 #include "graphics/bitmap_memory.h"
+#include "graphics/geometry.h"
 #include "psd/kp_psd_writer.h"
+
+#include <utility>
+#include <vector>
 
 namespace wallgrid {
 
@@ -33,31 +37,21 @@ Placed place(const GXItem& item, const PixelRect& output)
 
 } // namespace
 
-bool GXAppDelegate::hasEqualLayerNames() const
+UrlRef PSDExport::chooseLocation() const
 {
-    return haveEqualNames(m_arraycontroller.arrangedObjects());
+    UrlRef chosen = m_desktop.panels.runSavePanel();
+    if (!chosen || m_locationIsWhole)
+        return chosen;
+    return std::make_shared<const Url>(chosen->appendingPathExtension("psd"));
 }
 
-void GXAppDelegate::nameUnnamedItems()
-{
-    // A copy of the list, because setting a label tells observers.
-    const ItemArray items = m_arraycontroller.arrangedObjects();
-    for (auto item = items.rbegin(); item != items.rend(); ++item) {
-        ++m_screenNumber;
-        if (textOf((*item)->label()).empty())
-            (*item)->setLabel(numberedName(u"Untitled ", m_screenNumber));
-    }
-}
-
-std::shared_ptr<KPPSDWriter> GXAppDelegate::makePSDWriter(KPPSDError& error)
+std::shared_ptr<KPPSDWriter> PSDExport::makeWriter(const Source& source, KPPSDError& error) const
 {
     const std::size_t refusedBefore = BitmapMemory::refused();
-    nameUnnamedItems();
-    const PixelRect output{0, 0, m_OutputWidth, m_OutputHeight};
-    auto writer =
-        KPPSDWriter::initWithDocumentSize({static_cast<double>(m_OutputWidth), static_cast<double>(m_OutputHeight)});
-    const ItemArray& items = m_arraycontroller.arrangedObjects();
-    const auto numbered = m_numbersEqualLayerNames ? namesWithNumbers(items) : std::vector<StringRef>();
+    const auto& [items, width, height] = source;
+    const PixelRect output{0, 0, width, height};
+    auto writer = KPPSDWriter::initWithDocumentSize({static_cast<double>(width), static_cast<double>(height)});
+    const auto numbered = m_numbersEqualNames ? namesWithNumbers(items) : std::vector<StringRef>();
     // The bottom layer comes first, and the last row of the list is the bottom one.
     for (std::size_t row = items.size(); row-- > 0;) {
         const GXItem& item = *items[row];
@@ -70,10 +64,10 @@ std::shared_ptr<KPPSDWriter> GXAppDelegate::makePSDWriter(KPPSDError& error)
     return writer;
 }
 
-ByteBuffer GXAppDelegate::createPSDData(KPPSDError* error)
+ByteBuffer PSDExport::createData(const Source& source, KPPSDError* error) const
 {
     KPPSDError found;
-    const auto writer = makePSDWriter(found);
+    const auto writer = makeWriter(source, found);
     ByteBuffer file;
     if (!found)
         file = writer->createPSDDataWithError(&found);
@@ -82,24 +76,20 @@ ByteBuffer GXAppDelegate::createPSDData(KPPSDError* error)
     return file;
 }
 
-KPPSDError GXAppDelegate::writePSDOn(ByteSink& sink)
+KPPSDError PSDExport::writeOn(ByteSink& sink, const Source& source) const
 {
     KPPSDError error;
-    const auto writer = makePSDWriter(error);
+    const auto writer = makeWriter(source, error);
     if (!error)
         writer->writePSDOn(sink, &error);
     return error;
 }
 
-void GXAppDelegate::savePSD()
+void PSDExport::write(const Url& location, const Source& source) const
 {
-    const UrlRef chosen = m_desktop.panels.runSavePanel();
-    if (!chosen)
-        return nameUnnamedItems();
-    const Url location = m_PSDLocationIsWhole ? *chosen : chosen->appendingPathExtension("psd");
     m_desktop.progress.run(LongWork::ExportPSD, [&](const Report& report) {
         KPPSDError error;
-        const auto writer = makePSDWriter(error);
+        const auto writer = makeWriter(source, error);
         writer->setReport(report);
         Expected<void> written = error.result();
         if (!error) {
