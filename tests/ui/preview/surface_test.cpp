@@ -29,7 +29,7 @@ private:
     static QPoint at(PreviewSurface& surface, double x, double y)
     {
         const QRectF pixel =
-            surface.viewport().toView({std::int64_t(x), std::int64_t(y), std::int64_t(x), std::int64_t(y)});
+            surface.viewport().toView({std::int64_t(x), std::int64_t(y), 0, 0});
         return (pixel.topLeft() / surface.devicePixelRatioF()).toPoint();
     }
 
@@ -98,7 +98,7 @@ private slots:
         program.settle();
         PreviewSurface& surface = *program.window().miniPvw();
         surface.fit();
-        const QRectF item = surface.viewport().toView({100, 80, 160, 140});
+        const QRectF item = surface.viewport().toView({100, 80, 60, 60});
         const QImage selected = shown(program);
         program.delegate().arraycontroller().setSelectionIndexes({});
         const QImage bare = shown(program);
