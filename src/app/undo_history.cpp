@@ -102,6 +102,12 @@ void UndoHistory::go(std::size_t step, const SelectionRef& selection)
     m_observers.tell();
 }
 
+void UndoHistory::closeStep()
+{
+    commit();
+    m_open = false;
+}
+
 void UndoHistory::beginInteraction()
 {
     if (m_interactions == 0)

@@ -37,6 +37,8 @@ public:
 
     /// Ends the step that is under way, if any.
     void commit();
+    /// The same, and the next change is a step of its own even where it could continue that one.
+    void closeStep();
     /// Puts the document back to the last step, as when memory ran out in the middle of the next.
     void takeBackUnfinished() { go(m_current, m_selection); }
     /// Everything between the two is one step, as when the mouse drags an item. May be nested.

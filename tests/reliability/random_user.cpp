@@ -150,6 +150,9 @@ QAction& RandomUser::menuAction(const QString& text)
 void RandomUser::arrange(QAction& action)
 {
     UndoHistory& history = m_program.application.history();
+    // Sizes that drawing computes anew are no change.
+    for (const ItemRef& item : m_program.delegate().arraycontroller().arrangedObjects())
+        item->drawInRect();
     history.commit();
     const DocumentStateRef state = history.state();
     const Bytes before = writeProject(m_program.delegate().project());

@@ -2,6 +2,7 @@
 #include "ui/window/layer_actions.h"
 
 #include "app/preset_file.h"
+#include "app/undo_history.h"
 #include "ui/fields/number_field.h"
 #include "ui/window/arrange_icon.h"
 #include "ui/window/number_dialog.h"
@@ -53,9 +54,10 @@ int toInt(std::int64_t number)
 
 } // namespace
 
-LayerActions::LayerActions(GXAppDelegate& delegate, QWidget& window)
+LayerActions::LayerActions(GXAppDelegate& delegate, UndoHistory& history, QWidget& window)
     : QObject(&window)
     , m_delegate(delegate)
+    , m_history(history)
     , m_window(window)
 {
     makeEditActions();
@@ -75,13 +77,21 @@ QAction* LayerActions::makeAction(const QString& text, const QString& toolTip, c
     connect(action, &QAction::triggered, this, [this, fewest, command] {
         const std::size_t selected = m_delegate.arraycontroller().selectionIndexes().size();
         if (selected >= fewest)
-            command();
+            asOneStep(command);
         else if (fewest == 1)
             emit messageWanted(tr("No layer is selected."));
         else
             emit messageWanted(tr("Select at least %1 layers.").arg(fewest));
     });
     return action;
+}
+
+template <class Command>
+void LayerActions::asOneStep(Command command)
+{
+    m_history.closeStep();
+    command();
+    m_history.closeStep();
 }
 
 void LayerActions::makeEditActions()
@@ -198,7 +208,7 @@ void LayerActions::askForArray()
     });
     connect(dialog, &QDialog::accepted, this, [=, this] {
         m_lastArray = {std::size_t(across->value()), std::size_t(down->value()), gapAcross->value(), gapDown->value()};
-        makeArray(m_delegate, m_lastArray);
+        asOneStep([this] { makeArray(m_delegate, m_lastArray); });
     });
     dialog->open();
 }
@@ -214,7 +224,7 @@ void LayerActions::askForRows()
         dialog->addNumber(tr("&Gap between rows"), -kLargestGap, kLargestGap, toInt(m_lastRows.gapDown), tr(" px"));
     connect(dialog, &QDialog::accepted, this, [=, this] {
         m_lastRows = {std::size_t(perRow->value()), gapAcross->value(), gapDown->value()};
-        placeInRows(m_delegate, m_lastRows);
+        asOneStep([this] { placeInRows(m_delegate, m_lastRows); });
     });
     dialog->open();
 }

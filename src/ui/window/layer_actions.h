@@ -13,13 +13,15 @@ class QWidget;
 
 namespace wallgrid {
 
+class UndoHistory;
+
 /// The commands on all selected layers: copy them, make arrays, align and distribute them. A command that has too few
-/// layers says so. The window owns the commands.
+/// layers says so. Each command is a step of the history. The window owns the commands.
 class LayerActions final : public QObject {
     Q_OBJECT
 
 public:
-    LayerActions(GXAppDelegate& delegate, QWidget& window);
+    LayerActions(GXAppDelegate& delegate, UndoHistory& history, QWidget& window);
 
     /// Cut, Copy, Paste, Select All, Duplicate and Array.
     const QList<QAction*>& editActions() const { return m_edit; }
@@ -44,7 +46,11 @@ private:
     void askForRows();
     void drawIcons();
 
+    template <class Command>
+    void asOneStep(Command command);
+
     GXAppDelegate& m_delegate;
+    UndoHistory& m_history;
     QWidget& m_window;
     QList<QAction*> m_edit;
     QList<QAction*> m_align;         ///< left, centre, right, top, middle, bottom

@@ -75,7 +75,7 @@ MainWindow::MainWindow(GXAppDelegate& delegate, UndoHistory& history, QtRecentDo
 {
     connect(&m_sheets, &Sheets::panelAhead, this, &MainWindow::panelAhead);
     makeEditActions();
-    m_layerActions = new LayerActions(delegate, *this);
+    m_layerActions = new LayerActions(delegate, history, *this);
     connect(m_layerActions, &LayerActions::messageWanted, this, &MainWindow::showMessage);
     makeToolBar();
     auto* columns = new QSplitter(Qt::Horizontal);
