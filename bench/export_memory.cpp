@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 //
 // export_memory WALLGRID WIDTH HEIGHT SCREENS: has the program export the project of such a document as a PNG and a
-// PSD, and prints how many bytes of memory it had at its peak, all it is made of included, and how many its raster, the
-// pictures of its items and the bytes of the PSD are.
+// PSD. It prints the program's memory at its peak, and the sizes of the raster, of the items' pictures and of the PSD,
+// in bytes.
 #include "base/file.h"
 #include "documents.h"
 #include "items/gx_still.h"

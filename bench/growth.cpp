@@ -62,7 +62,7 @@ ScreenRef screen(const Count& panels, std::int32_t panelSide, std::int32_t x, st
                                  Color::whiteColor(), nullptr, 0, true, true, nullptr, false, x, y);
 }
 
-/// A screen of 512 × 512 pixels on top, which is the one that moves, and others that stand in a grid, each about three
+/// A screen of 512 × 512 pixels on top, which moves, and others in a grid below it. Each of these is about three
 /// quarters as wide and as high as its place.
 class Document : public bench::Document {
 public:

@@ -28,9 +28,9 @@ struct Table {
     std::vector<Group> groups;
 };
 
-/// Runs one group after the other, each with its benchmarks repeated and in mixed order so that what else the machine
-/// does hits all alike, and then drops it and all that it holds. Prints tables of ratio, target and whether it is met.
-/// The result is for main() to return: 0 when all targets that were measured are met.
+/// Runs one group after the other, and drops each with all that it holds. The benchmarks of a group are repeated in
+/// mixed order, so that what else the machine does hits all alike. Prints tables of ratio, target and whether it is
+/// met. The result is for main() to return: 0 when all targets that were measured are met.
 int runRatios(int argc, char** argv, const std::vector<Table>& tables);
 
 } // namespace wallgrid::bench

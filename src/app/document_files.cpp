@@ -11,7 +11,7 @@ namespace wallgrid {
 
 namespace {
 
-/// Of the time that an export takes; the rest is writing the file.
+/// A share of the time that an export takes. The rest is writing the file.
 constexpr double kEncodingShare = 0.8;
 
 } // namespace

@@ -61,8 +61,8 @@ struct DocumentChange {
     };
     What what = What::Nothing;
     bool presets = false; ///< the list is the presets and not the layers
-    /// Of a Property the name that observers are told, "position" for both coordinates, "panelSize" for both sides of a
-    /// panel, "outputSize" for both of the output, and "" for several at once.
+    /// The name of a Property as observers are told it. "position" stands for both coordinates, "panelSize" for both
+    /// sides of a panel, "outputSize" for both sides of the output, and "" for several properties.
     std::string_view property = {};
     bool opened = false;                   ///< a document Replaced: by that of a project file
     bool gradual = false;                  ///< a property that is typed or dragged to its value, not switched

@@ -12,7 +12,7 @@
 
 namespace wallgrid {
 
-/// Whether a name stands at more than one item. No name is not a name.
+/// Whether two items have the same name. Items without a name do not count.
 bool haveEqualNames(const ItemArray& items);
 
 /// The items' names in the same order, those that repeat an earlier one numbered: "Wall", "Wall 2", "Wall 3". A number

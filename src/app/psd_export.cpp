@@ -19,8 +19,8 @@ struct Placed {
     Point offset;
 };
 
-/// The item as it was last rendered. Of an image whose raster has another size than the image, the part that lies on
-/// the output is scaled, exactly as the composition does.
+/// The item as it was last rendered. Where an image's raster has another size than the image, the part on the output is
+/// scaled, exactly as the composition does.
 Placed place(const GXItem& item, const PixelRect& output)
 {
     const Point offset{static_cast<double>(item.xpoint()), static_cast<double>(item.ypoint())};

@@ -24,7 +24,7 @@ std::int64_t area(const PixelRect& rect)
     return rect.width * rect.height;
 }
 
-/// Adds a rectangle, as one with each that costs less together with it than beside it.
+/// Adds a rectangle. It is joined with each rectangle where the two cost less together than apart.
 void add(std::vector<PixelRect>& rects, PixelRect rect)
 {
     if (rect.empty())

@@ -14,11 +14,11 @@ namespace wallgrid {
 namespace {
 
 constexpr std::string_view kRangeCount = "NSRangeCount";
-// Of the one range of a set that has just one:
+// The keys of a set that has just one range:
 constexpr std::string_view kLocation = "NSLocation";
 constexpr std::string_view kLength = "NSLength";
-// Of two and more, lowest first: location and length of each, seven bits a byte, the low ones first; the high bit says
-// that more follow.
+// The key of two and more ranges. Its data has location and length of each, the lowest range first. A number has seven
+// bits in each byte, the low ones first; the high bit says that more follow.
 constexpr std::string_view kRangeData = "NSRangeData";
 
 void appendNumber(Bytes& data, std::uint32_t number)

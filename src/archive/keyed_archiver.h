@@ -10,9 +10,9 @@
 namespace wallgrid {
 
 /// Writes a keyed archive (NSKeyedArchiver, binary property list) in the form that every system version reads. What is
-/// one object in memory is one entry: a colour, a string or a URL shared by a thousand items, an item that stands
-/// in a list twice. A colour that came from an archive with more than its components is written with all it came with,
-/// and so is a location that was not read as it stood.
+/// one object in memory is one entry: a colour, a string or a URL shared by a thousand items, an item that stands in a
+/// list twice. A colour that came from an archive with more than its components is written with all of that. So is a
+/// location that was not read as it stood.
 class KeyedArchiver {
 public:
     /// The same values give the same bytes.

@@ -33,7 +33,7 @@ public:
     std::optional<ArchivedObject> decodeObject(std::string_view key);
     StringRef decodeString(std::string_view key);
     ColorRef decodeColor(std::string_view key);
-    /// Of a location that is not read as it stands see ArchivedUrls.
+    /// See ArchivedUrls for a location that is not read as it stands.
     UrlRef decodeUrl(std::string_view key);
     std::vector<std::uint8_t> decodeData(std::string_view key);
 

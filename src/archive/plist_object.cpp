@@ -25,7 +25,7 @@ PlistObject::PlistObject(const PropertyList& list, std::uint32_t index)
 
 std::uint64_t PlistObject::number() const
 {
-    // Of a number of 16 bytes, the low eight.
+    // A number of 16 bytes counts by its low eight.
     const std::uint32_t width = std::min(size(), 8U);
     return m_list->bigEndian(m_header.contents + size() - width, width);
 }

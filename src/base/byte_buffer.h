@@ -14,8 +14,8 @@
 namespace wallgrid {
 
 /// Memory for vectors of plain values. Large blocks are mapped, so that reserving for the worst case costs only the
-/// pages that are written, and a vector that grows by resize() leaves the new values undefined instead of zeroing what
-/// is overwritten anyway.
+/// pages that are written. A vector that grows by resize() leaves the new values undefined, because they are
+/// overwritten anyway.
 template <class T>
 class PageAllocator {
 public:

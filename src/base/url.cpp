@@ -38,7 +38,7 @@ bool isEscape(std::string_view text, std::size_t at)
     return text[at] == '%' && text.size() - at > 2 && hexValue(text[at + 1]) >= 0 && hexValue(text[at + 2]) >= 0;
 }
 
-/// Whether a URL may hold the character, of an escape its three characters.
+/// Whether a URL may hold what begins at this place: a character, or an escape of three.
 bool isLegal(std::string_view text, std::size_t at)
 {
     return isAlphanumeric(text[at]) || kMarks.find(text[at]) != kMarks.npos || isEscape(text, at);

@@ -16,7 +16,8 @@ namespace {
 
 constexpr std::size_t kCacheLine = 64;
 
-/// By which alone it is told whether a block is mapped, when it is taken and when it is given back.
+/// The size of the block that is taken for so many bytes. It alone says whether the block is mapped, so that taking and
+/// giving back agree.
 std::size_t capacityFor(std::size_t bytes)
 {
     const std::size_t lines = (bytes + kCacheLine - 1) / kCacheLine * kCacheLine;

@@ -44,8 +44,8 @@ public:
     /// The first representation, when it has exactly the pixels of extent(); else empty.
     BitmapRef unscaled() const;
     /// A part of extent() as pixels. The last part asked for is kept, so that drawing an unchanged image again need not
-    /// scale it again, and copies of the image share it while they show the same. Empty when there is nothing to show
-    /// or no memory.
+    /// scale it again. Copies of the image share it while they show the same. Empty when there is nothing to show or no
+    /// memory.
     BitmapRef scaledPart(const PixelRect& part) const;
 
 private:
@@ -65,7 +65,7 @@ private:
     Size m_size;
     std::vector<BitmapRef> m_representations;
     mutable Scaled<BitmapRef> m_scaled{};
-    /// By this image or the copies it was made from or into; the one of them that shows it keeps it.
+    /// The last part that this image or one of its copies asked for. The copy that shows the part keeps it alive.
     std::shared_ptr<Scaled<std::weak_ptr<Bitmap>>> m_lastScaled = std::make_shared<Scaled<std::weak_ptr<Bitmap>>>();
     mutable std::optional<bool> m_isOpaque;
 };

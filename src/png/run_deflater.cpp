@@ -15,7 +15,7 @@ namespace wallgrid {
 
 namespace {
 
-/// In a block. Each has its own code, whose lengths take 150 bytes.
+/// Runs in a block. Each block has its own code, whose lengths take 150 bytes.
 constexpr std::size_t kMostRuns = 16384;
 
 constexpr std::uint64_t kAdlerModulus = 65521; // RFC 1950, 8.2
@@ -48,7 +48,7 @@ LengthSymbol symbolOf(std::uint64_t matchLength)
     return {261 + 4 * extraBits + (length >> extraBits & 3), extraBits, length & ((1U << extraBits) - 1)};
 }
 
-/// Tells the sink of literals and matches that stand for so many bytes that repeat what is so far before them.
+/// Tells the sink of literals and matches for so many bytes that repeat what stands a distance before them.
 template <class Sink>
 void spellRepeats(Sink& sink, Distance distance, std::uint64_t bytes)
 {
@@ -224,7 +224,7 @@ private:
     std::array<Code, kSymbols> m_codes{};
 };
 
-/// The head of a block, for which a third of 3.2.7 is enough: the lengths of both codes as numbers of four bits.
+/// The head of a block: the lengths of both codes as numbers of four bits, which is the part of 3.2.7 that we need.
 void putHead(BitWriter& writer, const std::array<std::uint8_t, kSymbols>& lengths)
 {
     writer.put(0b100, 3); // not the last block; with codes of its own

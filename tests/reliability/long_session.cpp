@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 //
-// long_session [ACTIONS [SEED]]: works with one program for so long (20,000 actions unless said) and compares what it
-// holds after the first 1,000 of them, or the first half of fewer, with what it holds at the end, each time with the
-// same document and no history. Fails when the heap has grown by more than a twentieth, or timers, observers or objects
-// of the window by any.
+// long_session [ACTIONS [SEED]]: works with one program for so long, 20,000 actions unless said. It compares what the
+// program holds after the first 1,000 actions, or the first half of fewer, and at the end, each time with the same
+// document and no history. Fails when the heap has grown by more than a twentieth, or timers, observers or objects of
+// the window by any.
 #include "graphics/bitmap_memory.h"
 #include "random_user.h"
 #include "ui/recovery/recovery.h"

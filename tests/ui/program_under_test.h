@@ -56,7 +56,7 @@ public:
         settle();
     }
 
-    /// Lets the throttle pass and everything that is put off happen.
+    /// Lets the time of the throttle pass, and runs everything that was put off.
     void settle()
     {
         runLoop.advance(1);

@@ -10,10 +10,10 @@
 
 namespace wallgrid {
 
-// PackBits run lengths (Apple, "Technical Note TN1023: Understanding PackBits"): a header byte h of 0 to 127 and
-// h + 1 literal bytes, or a header of -126 to -2 and one byte that stands for 1 - h of itself. Runs have 3 to 127
-// bytes; two equal bytes stay literal. The writer packs with packSamples(); the functions named kp… are part of the
-// library's interface.
+// PackBits run lengths (Apple, "Technical Note TN1023: Understanding PackBits"): a header byte h of 0 to 127 and h + 1
+// literal bytes, or a header h of -126 to -2 and one byte that is repeated 1 - h times. Runs have 3 to 127 bytes; two
+// equal bytes stay literal. The writer packs with packSamples(); the functions named kp… are part of the library's
+// interface.
 
 /// Bytes of a buffer.
 struct ByteRange {

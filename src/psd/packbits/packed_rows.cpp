@@ -15,7 +15,7 @@ namespace {
 
 /// Packed or appended between two reports.
 constexpr std::size_t kRowsAReport = 64;
-/// Of the time that a picture takes; the rest is appending.
+/// Packing's share of the time that a picture takes. The rest is appending.
 constexpr double kPackingShare = 0.5;
 
 ByteBuffer packedFill(std::uint8_t fill, std::size_t samples)

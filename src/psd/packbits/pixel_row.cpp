@@ -71,8 +71,8 @@ void PixelRow::findRuns(std::size_t pixelRuns)
         std::uint64_t word = ~m_repeats[begin / kRepeatBits];
         for (; word != 0 && pixelRuns > 1; word &= word - 1, --pixelRuns) {
             const std::size_t end = begin + static_cast<std::size_t>(std::countr_zero(word)) + 1;
-            // A channel's stretch goes on where only others change. That is hard to foretell, so each end is written,
-            // and written over where it is none.
+            // A channel's stretch goes on where only others change. The processor cannot foretell that, so each end is
+            // written, and written over where it is none.
             const Pixel last = m_pixels[end - 1];
             const Pixel next = m_pixels[end];
             const std::array ending{last.r != next.r, last.g != next.g, last.b != next.b, last.a != next.a};
@@ -102,8 +102,8 @@ void PixelRow::splitChannels()
     }
 }
 
-/// Asks for a few pixels of the next row, which stands behind this one in most bitmaps, so that the processor fetches
-/// them and those that follow while this row is packed.
+/// Asks for a few pixels of the next row, which stands behind this one in most bitmaps. The processor then fetches them
+/// and those that follow while this row is packed.
 void PixelRow::fetchAhead(std::size_t quarter) const
 {
     constexpr std::size_t kCacheLine = 64;

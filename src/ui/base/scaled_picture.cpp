@@ -77,8 +77,8 @@ QImage sampledPicture(const Bitmap& bitmap, QSize target, const QRect& part)
                                       [](auto k) { return k; });
 
     std::array<const Pixel*, kSamples> sampledRows;
-    // Large parts of pixel maps have rows that are all alike, and so lines that are. Of a picture that is reduced by
-    // more than 16 there are too few samples to compare all rows for them.
+    // Large parts of pixel maps have rows that are all alike, and so lines that are. A picture that is reduced by more
+    // than 16 has too few samples to pay for comparing all rows.
     bool alike = side < 8;
     const std::size_t rowBytes = static_cast<std::size_t>(columns.back() - columns.front() + 1) * sizeof(Pixel);
     const auto rowFrom = [&](int y) { return bitmap.row(y).data() + columns.front(); };

@@ -12,7 +12,7 @@ class QPainter;
 
 namespace wallgrid {
 
-/// What becomes of the alpha of a target pixel that stands for several pixels of the bitmap.
+/// How a target pixel that stands for several pixels of the bitmap gets its alpha.
 enum class Coverage {
     Mean,      ///< as seen from afar
     Strongest, ///< a thin line on nothing stays a line, however small the picture: for icons

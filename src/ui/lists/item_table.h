@@ -36,7 +36,7 @@ public:
     };
     /// Edits the name of the row that was selected last.
     void renameSelection();
-    // What the mouse does by dragging, for the keyboard. Of several selected rows the first one goes.
+    // What the mouse does by dragging, for the keyboard. The first of several selected rows moves.
     void moveSelection(Direction direction);
     /// Into the gap above a row of a table.
     void dropSelectionOn(ItemTable& target, std::ptrdiff_t row);

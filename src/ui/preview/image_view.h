@@ -33,7 +33,7 @@ public:
     /// Where the picture is painted. What the parent cuts off of the view is of no use to anybody, so the picture is
     /// fitted into the part of it that the parent shows.
     QRect pictureRect() const;
-    /// Of the picture, in pixels of the screen: "20 %"; empty without one.
+    /// The picture's scale in pixels of the screen, such as "20 %"; empty without a picture.
     QString scaleText() const;
 
 signals:

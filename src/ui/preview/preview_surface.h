@@ -10,9 +10,9 @@
 
 namespace wallgrid {
 
-/// The preview as a place to work in: outlines the item under the pointer and the selected ones, selects by click
-/// (Shift adds and takes away, Ctrl goes to the item below), drags with the mouse and nudges with the arrow keys.
-/// Items move through their setters, step by step; the controller hears of them there.
+/// The preview as a place to work in: it outlines the item under the pointer and the selected ones. A click selects:
+/// Shift adds and takes away, Ctrl goes to the item below. The mouse drags, and the arrow keys nudge. Items move
+/// through their setters, step by step; the controller hears of them there.
 class PreviewSurface final : public ZoomView {
     Q_OBJECT
 

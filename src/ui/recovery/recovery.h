@@ -62,7 +62,7 @@ private:
     Log& m_log;
     std::vector<std::unique_ptr<RecoveryCopy>> m_abandoned;
     std::unique_ptr<RecoveryCopy> m_copy; ///< null when there can be none
-    // Of states that the history has forgotten nothing is known, and none of their items kept.
+    // The history may have forgotten these states. Their items are not kept for this.
     std::vector<std::weak_ptr<const DocumentState>> m_saved;   ///< what files of the user hold
     std::vector<std::weak_ptr<const DocumentState>> m_presets; ///< whose presets came from a file
     std::weak_ptr<const DocumentState> m_restored;             ///< what came from a copy

@@ -9,8 +9,8 @@ namespace wallgrid {
 
 class Recovery;
 
-/// The line above the window's content that offers to restore changes that the last run has left unsaved. It
-/// goes away when every copy has been restored or discarded.
+/// The line above the window's content that offers to restore changes that the last run has left unsaved. It goes when
+/// every copy has been restored or discarded.
 class RecoveryBar final : public QToolBar {
     Q_OBJECT
 

@@ -8,8 +8,8 @@ namespace wallgrid {
 class GXAppDelegate;
 
 /// Keeps what the user sees from staying behind the document. A call of the update pass soon after another draws
-/// nothing; this run loop stands between the controller and the real one, and when a timer has let the pass draw again
-/// and a call has been skipped meanwhile, it sends the pass once more.
+/// nothing. This run loop stands between the controller and the real one. When a timer lets the pass draw again after a
+/// skipped call, it sends the pass once more.
 class CatchUpRunLoop final : public RunLoop {
 public:
     explicit CatchUpRunLoop(RunLoop& inner);

@@ -12,8 +12,8 @@ namespace wallgrid {
 
 class GXAppDelegate;
 
-/// Takes files that are dropped on a window: a picture is added to the layers as the Add sheet adds one, anything else
-/// is opened as a project, which says what is wrong with a file that is none.
+/// Takes files that are dropped on a window: a picture is added to the layers as the Add sheet adds one. Anything else
+/// is opened as a project, and opening says what is wrong with it.
 class FileDrops final : public QObject {
     Q_OBJECT
 

@@ -330,7 +330,7 @@ void MainWindow::makeEditMenu()
             m_ptable->dropSelectionOn(*m_table, 0);
     });
     menu->addSeparator();
-    // Of whichever list has the keyboard focus.
+    // These work on the list that has the keyboard focus.
     menu->addAction(tr("Mo&ve Up"), Qt::CTRL | Qt::SHIFT | Qt::Key_Up, this, [this] {
         if (hasSelection(editedTable()))
             editedTable().moveSelection(ItemTable::Direction::Up);
