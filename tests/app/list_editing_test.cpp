@@ -42,21 +42,6 @@ TEST_F(ListEditing, DropsMoveInsideATableAndCopyIntoTheOther)
     }
 }
 
-TEST_F(ListEditing, AnUnreadableImageIsLoggedAndItsItemKeepsTheLocation)
-{
-    put("AB", "P");
-    write("no picture", {'t'});
-    choose("no picture");
-    delegate.AddImage();
-    EXPECT_EQ(names(*delegate.allScreensArray()), "A||B|");
-    ASSERT_EQ(logged.size(), 1u);
-    EXPECT_TRUE(logged[0].starts_with(path("no picture") + ": ")) << logged[0];
-    drag(table, {1}, ptable, 1);
-    const auto copy = std::dynamic_pointer_cast<GXStill>(delegate.presetScreensArray()->at(1));
-    ASSERT_TRUE(copy);
-    EXPECT_EQ(*copy->ImageURL(), *location("no picture"));
-}
-
 TEST_F(ListEditing, PresetsAreSavedAndComeBackAsNewObjects)
 {
     delegate.presetScreensArray()->push_back(GXStill::initWithimage(nullptr));

@@ -101,16 +101,6 @@ TEST(RasterComposer, RandomEditsGiveThePixelsOfTheWholeScene)
     EXPECT_GT(reused, 120);
 }
 
-TEST(RasterComposer, RasterThatIsHeldKeepsItsPixels)
-{
-    RasterComposer composer;
-    const BitmapRef first = composer.compose({4, 3, Color::redColor(), nullptr, {}});
-    const BitmapRef second = composer.compose({4, 3, Color::greenColor(), nullptr, {}});
-    EXPECT_TRUE(samePicture(first, test::picture({"RRRR", "RRRR", "RRRR"})));
-    EXPECT_TRUE(samePicture(second, test::picture({"GGGG", "GGGG", "GGGG"})));
-    EXPECT_EQ(composer.compose({0, 3, nullptr, nullptr, {}}), nullptr);
-}
-
 TEST(RasterComposer, PictureRefusedForMemoryComesBackWithIt)
 {
     const auto still = std::make_shared<Image>(Size{600, 40}); // scaled, so that it takes memory

@@ -105,7 +105,6 @@ protected:
                              std::string(change->property);
     }
     std::string undoName() const { return nameOf(history.undoable()); }
-    std::string redoName() const { return nameOf(history.redoable()); }
 
     UndoHistory history{delegate, runLoop};
 };
@@ -243,27 +242,6 @@ TEST_F(UndoHistoryTest, TypingAndDraggingAreOneStep)
     history.endInteraction();
     layer(0).setXpoint(5);
     EXPECT_EQ(steps(), 3);
-}
-
-TEST_F(UndoHistoryTest, ANewStepEndsWhatCouldBeDoneAgain)
-{
-    int told = 0;
-    const Registration observation = history.observe([&] { ++told; });
-    const auto start = history.state();
-    layer(0).setCol(1);
-    endTurn(2);
-    drag(table, {0}, table, 2);
-    history.undo(); // the step under way counts
-    EXPECT_EQ(undoName() + "|" + redoName(), "property col|reordered");
-    history.undo();
-    EXPECT_EQ(history.state(), start);
-    history.undo();
-    EXPECT_EQ(told, 4);
-    layer(0).setVisible(false);
-    endTurn();
-    EXPECT_EQ(undoName() + "|" + redoName(), "property visible|-");
-    history.redo();
-    EXPECT_EQ(told, 5);
 }
 
 TEST_F(UndoHistoryTest, KeepsSoManyStepsAndImages)

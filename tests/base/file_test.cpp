@@ -6,6 +6,7 @@
 #include <filesystem>
 #include <fstream>
 #include <gtest/gtest.h>
+#include <sys/fsuid.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
 #include <sys/syscall.h>
@@ -125,4 +126,27 @@ TEST_F(FileTest, DeviceThatFailsAfterAnyByteLeavesTheOldFile)
     ::setrlimit(RLIMIT_FSIZE, &limit);
     EXPECT_EQ(readFile(path("direct")).value_or(Bytes()), bytes);
     EXPECT_EQ(entries(), 3u);
+}
+
+TEST_F(FileTest, FailingRenameAndReadOnlyFolderLeaveTheOldFile)
+{
+    const auto inTheWay = [&](ByteSink& sink) {
+        fs::create_directory(path("wall"));
+        return sink.append(fresh);
+    };
+    EXPECT_FALSE(produceFileAtomically(path("wall"), inTheWay));
+    EXPECT_EQ(entries(), 1u) << "no other file is left";
+
+    ASSERT_TRUE(writeFileAtomically(path("old"), old));
+    fs::permissions(path("old"), fs::perms(0666));
+    fs::permissions(folder, fs::perms(0555));
+    ::setfsuid(65534); // the superuser may write anywhere
+    const auto refused = writeFileAtomically(path("old"), fresh);
+    const bool kept = readFile(path("old")).value() == old;
+    const auto inPlace = produceFileInPlace(path("old"), [&](ByteSink& sink) { return sink.append(fresh); });
+    ::setfsuid(::geteuid());
+    fs::permissions(folder, fs::perms(0755));
+    EXPECT_TRUE(!refused && kept);
+    EXPECT_TRUE(inPlace);
+    EXPECT_EQ(readFile(path("old")).value(), fresh);
 }

@@ -54,7 +54,8 @@ def psd_tools(path):
         found = Layer(layer.name.encode("utf-16", "surrogatepass").decode("utf-16"), layer.opacity,
                       mode=layer.blend_mode.value)
         if Tag.EFFECTS_LAYER in layer.tagged_blocks:
-            found.effects = sorted(key.value for key in layer.tagged_blocks.get_data(Tag.EFFECTS_LAYER))
+            records = layer.tagged_blocks.get_data(Tag.EFFECTS_LAYER)
+            found.effects = {key.value: records[key] for key in sorted(records, key=lambda key: key.value)}
         if layer.is_group():
             found.children = [layer_of(child) for child in reversed(layer)]
             divider = layer.tagged_blocks.get_data(Tag.SECTION_DIVIDER_SETTING)

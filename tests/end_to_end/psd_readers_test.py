@@ -48,6 +48,9 @@ class PsdReaders(ProgramTest):
         for layer, (picture, x, y, _) in zip((ground, outer.children[1], left_open.children[0]), pictures[:2] + pictures[3:]):
             self.assertSamePixels(layer.pixels, drawn((picture, x, y, 255)))
         self.assertSamePixels(flipped.pixels, drawn((gradient(20, 30)[9::-1], 30, 20, 255)))
+        bevel, glow = outer.effects[b"bevl"], flipped.effects[b"iglw"]
+        self.assertEqual((bevel.angle, bevel.blur, bevel.real_highlight_color.values[:3], glow.opacity, glow.invert),
+                         (-30 << 16, 11 << 16, [65535, 32767, 13106], 127, 2))
         resolution = found.resources[Resource.RESOLUTION_INFO]
         self.assertEqual((resolution.horizontal, resolution.horizontal_unit, resolution.width_unit), (4719182, 2, 1))
         self.assertEqual((resolution.vertical, resolution.vertical_unit, resolution.height_unit), (4719182, 2, 1))

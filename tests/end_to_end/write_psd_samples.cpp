@@ -42,12 +42,18 @@ int main(int argc, char** argv)
     const std::string folder = argv[1];
     const auto groups = KPPSDWriter::initWithDocumentSize({40, 30}, 28.35F, 2);
     groups->addLayerWithCGImage(gradient(50, 40), makeString(u"ground"), 1, {-5, -5});
-    groups->openGroupLayerWithName(makeString(u"outer"), 0.5F, false)
-        ->setBevelEffectLayerInformation(enabled<KPPSDBevelEffectLayerInformation>());
+    const auto bevel = enabled<KPPSDBevelEffectLayerInformation>();
+    bevel->setAngle(-30);
+    bevel->setSize(11);
+    bevel->setHighlightColor(Color::deviceRGB(1, 0.5, 0.2));
+    groups->openGroupLayerWithName(makeString(u"outer"), 0.5F, false)->setBevelEffectLayerInformation(bevel);
     groups->addLayerWithCGImage(gradient(9, 8), makeString(u"Wand ä 😀"), 0.3F, {3, 4});
     groups->openGroupLayerWithName(makeString(u"inner 壁"), 1, true);
     const auto flipped = groups->addLayerWithCGImage(gradient(20, 30), makeString(u"flipped"), 1, {30, 20});
-    flipped->setInnerGlowEffectLayerInformation(enabled<KPPSDInnerGlowEffectLayerInformation>());
+    const auto glow = enabled<KPPSDInnerGlowEffectLayerInformation>();
+    glow->setOpacity(50);
+    glow->setSource(2);
+    flipped->setInnerGlowEffectLayerInformation(glow);
     flipped->setShouldFlipLayerData(true);
     groups->closeCurrentGroupLayer();
     groups->closeCurrentGroupLayer();

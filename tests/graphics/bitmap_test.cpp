@@ -18,18 +18,6 @@ constexpr std::int64_t kMega = 1 << 20;
 
 } // namespace
 
-TEST(Bitmap, IsNotMadeWithoutPixelsOrBeyondFourGiB)
-{
-    constexpr std::int64_t kLong = std::numeric_limits<std::int64_t>::max();
-    for (const auto& [width, height] : {std::pair<std::int64_t, std::int64_t>{0, 5},
-                                        {-3, -3},
-                                        {kLong, kLong},
-                                        {1 << 15, (1 << 15) + 1},
-                                        {1 << 30, 2},
-                                        {1, kLong / 2 + 2}})
-        EXPECT_FALSE(Bitmap::create(width, height)) << width << " x " << height;
-}
-
 TEST(BitmapMemory, RefusesWhatWouldPassTheTotalAndHasItBackAfterwards)
 {
     const std::size_t before = BitmapMemory::alive();

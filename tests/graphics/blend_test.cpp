@@ -54,25 +54,3 @@ TEST(Blend, IsExactForEveryPairOfSamplesAtEveryWidthAndOffset)
         }
     }
 }
-
-TEST(Blend, ScalesAColourByItsCoverageFirst)
-{
-    const BitmapRef random = test::randomPicture(256, 1, 9);
-    const std::vector<Pixel> ground(random->pixels(), random->pixels() + 256);
-    for (const Pixel color : {Pixel{200, 200, 100, 3}, Pixel{255, 1, 2, 3}, Pixel{1, 1, 0, 1}, Pixel{}}) {
-        for (int i = 0; i < 256; ++i) {
-            const auto coverage = static_cast<std::uint8_t>(i);
-            const auto part = [&](int whole) { return static_cast<std::uint8_t>(product(whole, i)); };
-            Pixel pixel = ground[coverage];
-            blendCoverage(&pixel, color, &coverage, 1);
-            ASSERT_EQ(pixel, reference({part(color.a), part(color.r), part(color.g), part(color.b)}, ground[coverage]));
-        }
-        for (const std::size_t width : {0U, 1U, 3U, 4U, 5U, 33U}) {
-            std::vector<Pixel> expected = ground, blended = ground;
-            std::transform(ground.begin(), ground.begin() + static_cast<std::ptrdiff_t>(width), expected.begin(),
-                           [&](Pixel d) { return reference(color, d); });
-            blendColor(blended.data(), color, width);
-            EXPECT_EQ(blended, expected) << width << " pixels without coverage";
-        }
-    }
-}

@@ -49,13 +49,6 @@ BitmapRef scaled(const BitmapRef& bitmap, double width, double height)
 
 } // namespace
 
-TEST(DrawImage, DrawsAtop)
-{
-    const BitmapRef ground = Bitmap::create(1, 1);
-    GraphicsContext(ground).drawImage(imageOf(picture({"K"}), {1, 1}), {0, 0, 1, 1}, CompositingOperation::SourceAtop);
-    EXPECT_EQ(ground->at(0, 0), Pixel{});
-}
-
 TEST(DrawImage, ScalesTheVisiblePartOnly)
 {
     // Declared two million kilometres wide and more; one corner shows.
@@ -97,30 +90,5 @@ TEST(Resample, TakesMeansWhenShrinkingAndInterpolatesWhenEnlarging)
         const std::vector<int> levels(std::size_t(length), 200);
         EXPECT_TRUE(samePicture(scaled(gray(length, 1, levels), 1, 1), gray(1, 1, {200}))) << length << " columns";
         EXPECT_TRUE(samePicture(scaled(gray(1, length, levels), 1, 1), gray(1, 1, {200}))) << length << " rows";
-    }
-}
-
-TEST(Resample, KeepsColoursBelowTheirAlphaAndGivesTheSamePixelsForAPartAsForTheWhole)
-{
-    const BitmapRef translucent = randomPicture(61, 47, 4), opaque = randomPicture(61, 47, 3);
-    std::for_each_n(opaque->pixels(), 61 * 47, [](Pixel& pixel) { pixel.a = 255; });
-    for (const Size size : {Size{1, 1}, Size{7, 90}, Size{60.5, 46.25}, Size{61, 300}, Size{400.5, 9.25}}) {
-        for (const BitmapRef& source : {translucent, opaque}) {
-            SCOPED_TRACE(size.width);
-            const BitmapRef whole = scaled(source, size.width, size.height);
-            for (const Pixel& p : std::span(whole->pixels(), std::size_t(whole->width() * whole->height()))) {
-                ASSERT_TRUE(source == translucent || p.a == 255);
-                ASSERT_LE(std::max({p.r, p.g, p.b}), p.a);
-            }
-            const int width = std::min(whole->width(), 7), height = std::min(whole->height(), 4);
-            for (const int x : {0, whole->width() - width}) {
-                for (const int y : {0, whole->height() - height}) {
-                    const BitmapRef found = resample(*source, size, {x, y, width, height});
-                    for (int row = 0; row < height; ++row)
-                        EXPECT_TRUE(std::ranges::equal(
-                            found->row(row), whole->row(y + row).subspan(std::size_t(x), std::size_t(width))));
-                }
-            }
-        }
     }
 }

@@ -134,34 +134,6 @@ TEST(GraphicsContext, DrawsEverythingWhereverItLies)
         }));
 }
 
-TEST(GraphicsContext, DrawsTheSamePixelsInsideAClipAndNowhereWithoutABitmap)
-{
-    SquareToolkit toolkit;
-    Image image({9.5, 12});
-    image.addRepresentation(test::randomPicture(7, 9, 1));
-    const auto draw = [&](GraphicsContext context) {
-        context.setColor(Color::deviceRGB(0, 0, 1, 0.5));
-        context.frameRect({0, 0, 17, 13}, 2);
-        context.strokeCircle({1, 0, 14, 14}, 3);
-        context.drawText("1", {0, 13}, 9, red);
-        context.drawImage(image, {2, -2, 8, 12}, CompositingOperation::SourceOver);
-    };
-    const BitmapRef whole = Bitmap::create(17, 13), pieces = Bitmap::create(17, 13);
-    draw(GraphicsContext(whole));
-    for (int y = -2; y < 13; y += 5) {
-        for (int x = -1; x < 17; x += 4) {
-            GraphicsContext context(pieces);
-            context.clipToRect({x, -9, 4, 99});
-            context.clipToRect({-9, y, 99, 5});
-            draw(context);
-        }
-    }
-    EXPECT_TRUE(test::samePicture(pieces, whole));
-    Toolkit::install(nullptr);
-    draw(GraphicsContext(nullptr));
-    GraphicsContext(nullptr).tile(1, 1, 4, 4);
-}
-
 TEST(GraphicsContext, DrawsBitmapsBeyondTheCacheAlike)
 {
     // With rows and blocks that start at every alignment, and rows alike but for the last pixel.

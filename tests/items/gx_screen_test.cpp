@@ -60,37 +60,6 @@ TEST(GXScreen, DrawsPanelsAndFrames)
     expectDrawn(*screen, {"RRRRRRRR", "RRRRRRRR", "RRRRRRRR"});
 }
 
-TEST(GXScreen, CircleTouchesTheShorterSides)
-{
-    const Pixel green{255, 0, 255, 0};
-    for (const auto& [width, height] : {std::pair(960, 540), std::pair(540, 960)}) {
-        const ScreenRef screen = makeScreen(1, 1, width, height);
-        screen->setBgEnable(false);
-        screen->setBoarderEnable(false);
-        screen->setCircleEnable(true);
-        screen->drawInRect();
-        const BitmapRef bitmap = pixelsOf(*screen);
-        const int x = width / 2, y = height / 2;
-        // A stroke of 4 around a radius of 268.
-        for (const auto& [from, color] : {std::pair(271, Pixel{}), {269, green}, {267, green}, {264, Pixel{}}})
-            EXPECT_EQ(bitmap->at(width > height ? x - from : x, width > height ? y : y - from), color) << from;
-        EXPECT_EQ(bitmap->at(x, y), Pixel{});
-        EXPECT_EQ(width > height ? bitmap->at(x, 1) : bitmap->at(1, y), green);
-        screen->setCircleBWidth(541);
-        screen->drawInRect();
-        EXPECT_EQ(bitmap->at(x, y), Pixel{}) << "a picture handed out keeps its pixels";
-        EXPECT_EQ(pixelsOf(*screen)->at(x, y), Pixel{}) << "no circle of a negative size";
-    }
-    const ScreenRef odd = makeScreen(1, 1, 8, 5); // each half is truncated on its own
-    odd->setBgEnable(false);
-    odd->setBoarderEnable(false);
-    odd->setCircleEnable(true);
-    odd->setCircleBWidth(1);
-    odd->drawInRect();
-    EXPECT_EQ(pixelsOf(*odd)->at(0, 3).a, 0);
-    EXPECT_GT(pixelsOf(*odd)->at(1, 3).a, 0);
-}
-
 TEST(GXScreen, TextsSayTheSizeAndThePlaceWithinAMargin)
 {
     BoxToolkit toolkit;
@@ -106,28 +75,6 @@ TEST(GXScreen, TextsSayTheSizeAndThePlaceWithinAMargin)
     expectDrawn(*screen, {"....", "....", ".WW.", "....", ".WW.", "...."});
     EXPECT_EQ(toolkit.texts, "4 x 6|xy -7 x 0|");
     Toolkit::install(nullptr);
-}
-
-TEST(GXScreen, UnusualSizesCostNothingAndDrawWhatTheyCan)
-{
-    struct Case {
-        std::int32_t col, row, panelWidth, panelHeight;
-        Size size;
-        BitmapRef picture;
-    };
-    const Case cases[] = {
-        {0, 3, 4, 4, {0, 12}, nullptr},
-        {-2, -1, -2, -2, {4, 2}, test::picture({"....", "...."})},
-        {4, 1, (1 - kMax) / 2, 2, {4, 2}, test::picture({"....", "...."})}, // wraps, and no panel has a size
-        // The product wraps to one panel.
-        {1 << 30 | 1, 1 << 30 | 1, 4, 4, {4, 4}, test::picture({"WWWW", "WRRW", "WRRW", "WWWW"})},
-        {kMax, 1, 65536, 65536, {-65536, 65536}, nullptr},
-    };
-    for (const Case& c : cases) {
-        const ScreenRef screen = makeScreen(c.col, c.row, c.panelWidth, c.panelHeight);
-        EXPECT_EQ(screen->thumbnail()->size(), c.size);
-        EXPECT_TRUE(test::samePicture(pixelsOf(*screen), c.picture)) << c.col << " x " << c.row;
-    }
 }
 
 TEST(GXScreen, AnEditIsToldAndShowsLikeAScreenThatWasNeverDrawnBefore)

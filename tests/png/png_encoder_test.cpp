@@ -63,17 +63,3 @@ TEST(PngEncoder, WritesWhatLibpngReadsBack)
     }
     expectRoundTrip(runs);
 }
-
-TEST(PngEncoder, FindsRowsAndPiecesThatRepeat)
-{
-    // Flat rows, a change in the middle of a row, back again, and an alpha that changes alone.
-    const BitmapRef bitmap = Bitmap::create(1000, 40);
-    for (int y = 0; y < 40; ++y)
-        for (std::size_t x = 0; x < 1000; ++x)
-            bitmap->row(y)[x] = {static_cast<std::uint8_t>(y / 8 % 2 == 1 && x > 600 ? 100 : 255), 10, 20, 30};
-    EXPECT_LT(expectRoundTrip(bitmap), 1200U);
-    for (int y = 1; y < 40; ++y)
-        bitmap->row(y)[0].r = static_cast<std::uint8_t>(2 * y); // what is added is also the filter's number
-    expectRoundTrip(bitmap);
-    EXPECT_FALSE(encodePng(*bitmap, [](double) { return false; })) << "cancelled";
-}

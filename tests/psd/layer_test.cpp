@@ -34,55 +34,7 @@ BitmapRef filled(int width, int height, Pixel pixel)
     return bitmap;
 }
 
-Rect rect(double x, double y, double width, double height)
-{
-    return {{x, y}, {width, height}};
-}
-
 } // namespace
-
-TEST(Layer, IsCroppedToTheDocument)
-{
-    constexpr double kInfinite = std::numeric_limits<double>::infinity();
-    const struct {
-        Size document;
-        Point offset;
-        bool visible;
-        Rect crop, inDocument;
-    } cases[] = {
-        {{100, 50}, {-10, -5}, true, rect(10, 5, 20, 15), rect(0, 0, 20, 15)},
-        {{100, 50}, {-10.5, 2.5}, true, rect(10, 0, 19.5, 20), rect(0, 2.5, 19.5, 20)},
-        {{100, 50}, {0, 1e300}, false, rect(0, 0, 30, 50 - 1e300), rect(0, 50, 30, 50 - 1e300)},
-        {{100, 50}, {kInfinite, 0}, false, rect(0, 0, 0, 0), rect(100, 0, 0, 0)},
-    };
-    for (const auto& c : cases) {
-        const auto layer = makeLayer(c.document, filled(30, 20, {255, 1, 2, 3}), c.offset);
-        EXPECT_EQ(layer->hasValidSize(), c.visible) << layer->description();
-        EXPECT_EQ(layer->imageCropRegion(), c.crop) << layer->description();
-        EXPECT_EQ(layer->imageInDocumentRegion(), c.inDocument) << layer->description();
-        // Whatever is visible, the channels cover the document.
-        EXPECT_TRUE(layer->preparePixels());
-        EXPECT_EQ(layer->layerChannels().size(), 4U);
-    }
-    EXPECT_FALSE(makeLayer({100, 50}, nullptr, {})->hasValidSize());
-}
-
-TEST(Layer, PixelsAreTheVisibleOnes)
-{
-    const BitmapRef image = test::picture({"RGBW", "KRGB", "WKRG"});
-    const auto layer = makeLayer({100, 2}, image, {-1, -1});
-    const BitmapRef pixels = layer->visibleImageData();
-    EXPECT_TRUE(test::samePicture(pixels, test::picture({"RGB", "KRG"})));
-    layer->setImage(image);
-    EXPECT_EQ(layer->visibleImageData(), pixels);
-    layer->setImage(test::picture({"RRR", "GGG"}));
-    EXPECT_TRUE(test::samePicture(layer->visibleImageData(), test::picture({"GG"})));
-    layer->setVisibleImageData(test::picture({"K"}));
-    EXPECT_FALSE(layer->preparePixels()); // not the size of the crop region
-    EXPECT_THROW(layer->layerChannels(), std::runtime_error);
-    layer->setDocumentSize({1, 2});
-    EXPECT_TRUE(test::samePicture(layer->visibleImageData(), test::picture({"G"})));
-}
 
 TEST(Layer, BrokenSizesAreScaledToWholePixels)
 {

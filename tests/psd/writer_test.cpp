@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
 #include "base/byte_sink.h"
-#include "graphics/bitmap_memory.h"
 #include "hex.h"
 #include "picture.h"
 #include "psd/kp_psd_writer.h"
@@ -90,70 +89,6 @@ TEST(Writer, WritesASmallFileWhole)
               "00 01 00 02 00 04 00 02 00 04 00 02 00 02 00 02 00 04 "
               "FE 00 02 00 80 00 FE 00 02 00 00 80 FE 00 FE 00 FE 00 02 00 80 80");
     EXPECT_EQ(fileOf(*writer), file);
-}
-
-TEST(Writer, ComposesTheMergedImage)
-{
-    const auto writer = KPPSDWriter::initWithDocumentSize({4, 3});
-    writer->addLayerWithCGImage(test::picture({"RR", "RR"}), kName, 1, {1, 1});
-    writer->addLayerWithCGImage(test::picture({"B"}), kName, -0.5, {0, 1}); // shows nothing
-    writer->addLayerWithCGImage(test::picture({"KKK", "WGG"}), kName, 1, {2, 2});
-    writer->addLayerWithCGImage(test::picture({"BBB", "BGB"}), kName, 1, {0, -1});
-    writer->addLayerWithCGImage(test::picture({"K"}), kName, 1, {9, 9});
-    // What was taken for a file does not change when another layer is drawn.
-    EXPECT_TRUE(writer->preprocess());
-    const BitmapRef taken = writer->flattenedData();
-    writer->addLayerWithCGImage(test::picture({"KKKK"}), kName, 1, {0, 0});
-    EXPECT_TRUE(test::samePicture(taken, test::picture({"BGB.", ".RR.", ".RKK"})));
-    EXPECT_TRUE(test::samePicture(writer->flattenedContext(), test::picture({"KKKK", ".RR.", ".RKK"})));
-    writer->setDocumentSize({3, 3});
-    EXPECT_TRUE(test::samePicture(writer->flattenedContext(), test::picture({"KKK", ".RR", ".RK"})));
-
-    const auto opaque = KPPSDWriter::initWithDocumentSize({2, 2}, false, {writer->layers()[0]});
-    EXPECT_TRUE(test::samePicture(opaque->flattenedContext(), test::picture({"WW", "WR"})));
-    EXPECT_EQ(opaque->addLayerWithCGImage(test::picture({"R"}), kName, 1, {1, 0})->numberOfChannels(), 3);
-    EXPECT_EQ(fileOf(*opaque)[13], 3);
-}
-
-TEST(Writer, MergedImageTakesNoMemoryUntilItIsAskedFor)
-{
-    const BitmapRef half = test::randomPicture(20, 10, 1), other = test::randomPicture(30, 20, 2);
-    const auto writer = KPPSDWriter::initWithDocumentSize({3000, 2000});
-    const std::size_t most = BitmapMemory::maximumTotal();
-    BitmapMemory::setMaximumTotal(BitmapMemory::alive() + (1 << 20));
-    writer->addLayerWithCGImage(half, kName, 0.5, {7, 1995});
-    EXPECT_FALSE(fileOf(*writer).empty());
-    EXPECT_EQ(writer->flattenedContext(), nullptr);
-    writer->addLayerWithCGImage(other, kName, 1, {4, 1990});
-    BitmapMemory::setMaximumTotal(BitmapMemory::alive());
-    const std::string noMemory = "4 There is not enough memory to write the document";
-    EXPECT_EQ(errorOf(*writer), noMemory) << "not the first file again";
-    writer->addLayerWithCGImage(other, kName, 1, {-4.5, 0});
-    BitmapMemory::setMaximumTotal(most);
-    EXPECT_EQ(errorOf(*writer), noMemory) << "the last layer could not be drawn";
-    writer->resetFlattenedContext();
-    const auto again = KPPSDWriter::initWithDocumentSize({3000, 2000}, true, writer->layers());
-    EXPECT_NE(again->flattenedContext(), nullptr); // composed as a whole
-    EXPECT_TRUE(fileOf(*writer) == fileOf(*again));
-}
-
-TEST(Writer, PairsGroupsInnermostFirst)
-{
-    const auto writer = KPPSDWriter::initWithDocumentSize({2, 2});
-    const auto a = writer->openGroupLayerWithName(kName, 0.5, true), b = writer->openGroupLayerWithName(kName);
-    EXPECT_EQ(writer->closeCurrentGroupLayer()->groupOpeningLayer(), b);
-    // The first is left open: the file closes it, once, also when it is made again.
-    EXPECT_EQ(fileOf(*writer), fileOf(*writer));
-    ASSERT_EQ(writer->layers().size(), 4U);
-    EXPECT_EQ(std::dynamic_pointer_cast<KPPSDGroupClosingLayer>(writer->layers()[3])->groupOpeningLayer(), a);
-    KPPSDError error;
-    EXPECT_EQ(writer->closeCurrentGroupLayerWithError(&error), nullptr);
-    EXPECT_EQ(error.message, "There is no opened layer to close");
-    auto stray = writer->layers();
-    stray.push_back(KPPSDGroupClosingLayer::init());
-    writer->setLayers(stray);
-    EXPECT_TRUE(writer->preprocess());
-    EXPECT_EQ(writer->layers().size(), 5U) << "more closed than opened adds nothing";
 }
 
 TEST(Writer, RefusesWhatIsNoFile)

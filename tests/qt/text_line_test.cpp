@@ -42,21 +42,6 @@ TEST(TextLine, StandsOnItsBaselineAboveTheLineBoxCorner)
     EXPECT_EQ(ink(digits, 9), ink(digits)) << "no ink lies outside the bounds";
 }
 
-TEST(TextLine, DrawsAtEverySizeAndInPieces)
-{
-    const double reference = ink(QtTextLine("8", 100)) / 1e4;
-    for (const double size : {1.0, 13.0, 200.0, 1500.0})
-        EXPECT_NEAR(ink(QtTextLine("8", size)) / (size * size), reference, 0.15 * reference) << size;
-    const QtTextLine line("xy -10 x 20", 40);
-    const PixelRect box = line.inkBounds();
-    const auto whole = rasterized(line, box);
-    for (std::int64_t y = box.y; y < box.bottom(); y += 7) {
-        const PixelRect band{box.x, y, box.width, std::min<std::int64_t>(7, box.bottom() - y)};
-        const auto piece = rasterized(line, band);
-        EXPECT_TRUE(std::equal(piece.begin(), piece.end(), whole.begin() + (y - box.y) * box.width)) << y;
-    }
-}
-
 TEST(TextLine, LooksAlikeInLettersBeyondAnyRaster)
 {
     const QtTextLine line("6 x 8", 128);

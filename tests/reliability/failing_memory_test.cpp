@@ -175,36 +175,6 @@ protected:
     UndoHistory history{delegate, runLoop};
 };
 
-TEST_F(FailingMemory, OpensAllOfAProjectOrNothing)
-{
-    const auto before = document();
-    const std::string expected = read("expected.png");
-    choose("small.mpr");
-    refuseEach(
-        "open and render",
-        [&] {
-            delegate.openProject();
-            runLoop.advance(1);
-        },
-        [&](bool done, bool met) {
-            if (!done)
-                history.takeBackUnfinished();
-            runLoop.advance(2);
-            const bool opened = document() != before;
-            EXPECT_TRUE(opened || met);
-            if (opened) {
-                delegate.update();
-                const auto png = encodePng(*delegate.offscreenRep());
-                EXPECT_EQ(std::string(png->begin(), png->end()), expected);
-                ASSERT_TRUE(history.undoable());
-                history.undo();
-            }
-            EXPECT_EQ(document(), before);
-            EXPECT_FALSE(history.undoable());
-            runLoop.advance(2);
-        });
-}
-
 TEST_F(FailingMemory, WritesWholeFilesOrNone)
 {
     choose("small.mpr");
@@ -237,29 +207,6 @@ TEST_F(FailingMemory, WritesWholeFilesOrNone)
                 write(file, kOld);
             });
     }
-}
-
-TEST_F(FailingMemory, CommandsWriteWholeFilesOrNone)
-{
-    for (const char* file : {"new.png", "new.psd"})
-        write(file, kOld);
-    ExitCode code = kExitDone;
-    std::ostringstream out;
-    std::ostringstream err;
-    refuseEach(
-        "export",
-        [&] {
-            code = runExport({path("small.mpr"), path("new.png"), path("new.psd")}, out, err);
-        },
-        [&](bool done, bool met) {
-            EXPECT_TRUE(met || (done && code == kExitDone));
-            for (const std::string kind : {"png", "psd"}) {
-                const std::string now = read("new." + kind);
-                const bool whole = now == read("expected." + kind);
-                EXPECT_TRUE(whole || (now == kOld && !(done && code == kExitDone))) << kind << now.size();
-                write("new." + kind, kOld);
-            }
-        });
 }
 
 } // namespace

@@ -1,8 +1,11 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "ui/fields/number_field.h"
 #include "ui/program_under_test.h"
 
+#include <QDir>
+#include <QImage>
 #include <QString>
 #include <functional>
 #include <random>
@@ -15,34 +18,171 @@ namespace wallgrid {
 class RandomUser {
 public:
     /// Writes and opens stage.mpr, presets, stage.png and stage.psd in the folder.
-    RandomUser(ProgramUnderTest& program, const QString& folder, unsigned seed);
+    RandomUser(ProgramUnderTest& underTest, const QString& files, unsigned seed)
+        : m_program(underTest)
+        , m_folder(files)
+        , m_random(seed)
+    {
+        QImage logo(40, 30, QImage::Format_ARGB32);
+        logo.fill(QColor(10, 200, 100, 120));
+        logo.save(m_folder + "/logo.png");
+        using Action = void (GXAppDelegate::*)();
+        for (const auto& [file, action] :
+             std::initializer_list<std::pair<const char*, Action>>{{"logo.png", &GXAppDelegate::AddImage},
+                                                                   {"", &GXAppDelegate::AddScreen},
+                                                                   {"", &GXAppDelegate::remove},
+                                                                   {"", &GXAppDelegate::removePreset},
+                                                                   {"stage", &GXAppDelegate::saveProject},
+                                                                   {"stage.mpr", &GXAppDelegate::openProject},
+                                                                   {"stage", &GXAppDelegate::saveAction},
+                                                                   {"stage", &GXAppDelegate::savePSD},
+                                                                   {"presets", &GXAppDelegate::savePresets},
+                                                                   {"presets", &GXAppDelegate::openPresets}})
+            m_actions.push_back([this, file = file, action = action] { run(file, action); });
+        UndoHistory& history = m_program.application.history();
+        auto& delegate = m_program.delegate();
+        for (int i = 0; i < 4; ++i)
+            m_actions.push_back([this] { editField(); });
+        for (const char* command : {"&Duplicate", "Add Pr&eset to Layers"}) {
+            m_actions.push_back([this, command] {
+                anyLayer();
+                m_program.delegate().presetarraycontroller().setSelectionIndex(below(4));
+                m_program.trigger(command);
+            });
+        }
+        m_actions.push_back([&] { history.undo(); });
+        m_actions.push_back([&] { history.redo(); });
+        m_actions.push_back([this] { compareWithReopened(); });
+        for (const char* command : {"&Left", "&Centre", "&Middle", "&Bottom", "Distribute &Across", "Distribute &Down",
+                                    "Place in Ro&ws…", "&Select All", "&Copy", "Cu&t", "&Paste", "Arra&y…"})
+            m_actions.push_back([this, command] { arrange(*m_program.action(command)); });
+        m_actions.push_back([&] {
+            delegate.arraycontroller().setSelectionIndexes({below(kMostItems), below(kMostItems)});
+        });
+        m_actions.push_back([&] {
+            delegate.setOutputWidth(number(1, 400));
+            delegate.setOutputHeight(number(1, 300));
+            delegate.setBgColor(below(2) == 0 ? nullptr : Color::calibratedRGB(0.2, 0.4, 0.6, 0.5));
+        });
+    }
 
-    /// One of all the things, and what follows of it in the run loop.
-    void act();
+    /// Does one of all the things, and what follows of it in the run loop.
+    void act()
+    {
+        m_actions[below(m_actions.size())]();
+        while (m_program.layers().size() > kMostItems)
+            m_program.delegate().arraycontroller().removeObjectAtArrangedObjectIndex(0);
+        m_program.runLoop.advance(0.3);
+        QCoreApplication::processEvents();
+    }
+
     /// The same document, presets and empty history each time.
-    void startAnew();
+    void startAnew()
+    {
+        GXAppDelegate& delegate = m_program.delegate();
+        delegate.setPresetScreensArray(std::make_shared<ItemArray>(ItemArray{makeScreen(u"preset")}));
+        delegate.setBgColor(nullptr);
+        delegate.loadProject({300, 400, {makeScreen(u"one"), makeScreen(u"two")}});
+        m_program.settle();
+        m_program.application.history().start();
+        m_program.settle();
+    }
 
 private:
+    static constexpr int kMostItems = 12;
+
     std::size_t below(std::size_t count) { return m_random() % count; }
-    std::int32_t number(int from, int to)
+    std::int32_t number(int from, int to) { return from + std::int32_t(below(std::size_t(to - from) + 1)); }
+
+    void run(const char* file, void (GXAppDelegate::*action)())
     {
-        return from + static_cast<std::int32_t>(below(std::size_t(to - from) + 1));
+        m_program.panels.answer = std::make_shared<const Url>(Url::fromFilePath((m_folder + '/' + file).toStdString()));
+        (m_program.delegate().*action)();
     }
+
     /// Selects it; null when there is none.
-    GXItem* anyLayer();
-    QAction& menuAction(const QString& text);
+    GXItem* anyLayer()
+    {
+        auto& layers = m_program.delegate().arraycontroller();
+        if (!layers.arrangedObjects().empty())
+            layers.setSelectionIndex(below(layers.arrangedObjects().size()));
+        return layers.selectedObject().get();
+    }
+
     /// Runs a command on several layers, takes it back and does it again.
-    void arrange(QAction& action);
+    void arrange(QAction& action)
+    {
+        UndoHistory& history = m_program.application.history();
+        const auto project = [&] { return writeProject(m_program.delegate().project()); };
+        m_program.delegate().arraycontroller().setSelectionIndexes({below(4), below(kMostItems), below(kMostItems)});
+        // Sizes that drawing computes anew are no change.
+        for (const ItemRef& item : m_program.delegate().arraycontroller().arrangedObjects())
+            item->drawInRect();
+        history.commit();
+        const DocumentStateRef state = history.state();
+        const Bytes before = project();
+        action.trigger();
+        if (auto* dialog = m_program.window().findChild<QDialog*>(); dialog && dialog->isVisible()) {
+            for (NumberField* number : dialog->findChildren<NumberField*>())
+                number->enter(below(2) == 0 ? 1 : 3);
+            dialog->accept();
+        }
+        history.commit();
+        if (history.state() == state)
+            return;
+        const Bytes after = project();
+        history.undo();
+        if (project() != before)
+            qFatal("undo does not bring back what stood before \"%s\"", qPrintable(action.text()));
+        history.redo();
+        if (project() != after)
+            qFatal("redo does not bring back what \"%s\" made", qPrintable(action.text()));
+    }
+
     /// What is exported of the document now, and once it has been saved and opened again, is the same.
-    void compareWithReopened();
-    void editField();
-    void chooseFile(const char* name);
+    void compareWithReopened()
+    {
+        const auto exported = [&] {
+            m_program.delegate().setShouldUpdate(true);
+            m_program.delegate().update();
+            QByteArray bytes;
+            run("live", &GXAppDelegate::saveAction);
+            run("live", &GXAppDelegate::savePSD);
+            for (const char* name : {"/live.png", "/live.psd"}) {
+                QFile file(m_folder + name);
+                file.open(QIODevice::ReadOnly);
+                bytes += file.readAll();
+            }
+            return bytes;
+        };
+        const QByteArray before = exported();
+        run("live.mpr", &GXAppDelegate::saveProject);
+        run("live.mpr", &GXAppDelegate::openProject);
+        if (exported() != before)
+            qFatal("the reopened project is exported with other bytes");
+    }
+
+    void editField()
+    {
+        GXItem* const layer = anyLayer();
+        const auto& field = GXItem::fields()[below(GXItem::fields().size())];
+        if (!layer || field.property.starts_with("screenSize")) // nobody types that
+            return;
+        const GXItem::FieldValue old = layer->value(field);
+        if (std::holds_alternative<std::int32_t>(old))
+            layer->setValue(field, number(-3, 20));
+        else if (std::holds_alternative<bool>(old))
+            layer->setValue(field, !std::get<bool>(old));
+        else if (std::holds_alternative<ColorRef>(old))
+            layer->setValue(field, Color::calibratedRGB(0, 0.125 * number(0, 8), 1, 0.25 * number(0, 4)));
+        else
+            layer->setValue(field, makeString(std::u16string(below(4), u'n')));
+    }
 
     ProgramUnderTest& m_program;
     QString m_folder;
     std::mt19937 m_random;
     std::vector<std::function<void()>> m_actions;
-    std::vector<QAction*> m_arrange; ///< the commands on several layers
 };
 
 } // namespace wallgrid

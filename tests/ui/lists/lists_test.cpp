@@ -84,22 +84,15 @@ struct Lists : ProgramUnderTest {
         return *from.findChildren<QDrag*>().constLast()->mimeData();
     }
 
-    /// Drags with events of its own, and looks at the target before letting go; nothing when it is not taken.
-    std::optional<QImage> drop(const QMimeData& data, ItemTable& to, QPoint end)
+    /// Drags with events of its own; whether it is taken.
+    bool drop(const QMimeData& data, QPoint end)
     {
         QDragEnterEvent enter(end, Qt::MoveAction, &data, Qt::LeftButton, {});
-        QCoreApplication::sendEvent(to.viewport(), &enter);
-        QDragMoveEvent move(end, Qt::MoveAction, &data, Qt::LeftButton, {});
-        QCoreApplication::sendEvent(to.viewport(), &move);
-        const QImage before = to.viewport()->grab().toImage();
+        QCoreApplication::sendEvent(table.viewport(), &enter);
         QDropEvent event(end, Qt::MoveAction, &data, Qt::LeftButton, {});
-        QCoreApplication::sendEvent(to.viewport(), &event);
+        QCoreApplication::sendEvent(table.viewport(), &event);
         settle();
-        return enter.isAccepted() && event.isAccepted() ? std::optional(before) : std::nullopt;
-    }
-    QImage drag(ItemTable& from, int row, ItemTable& to, int toRow, int fromMiddle)
-    {
-        return *drop(pick(from, row), to, place(to, toRow, 1) + QPoint(0, fromMiddle));
+        return enter.isAccepted() && event.isAccepted();
     }
 };
 
@@ -140,22 +133,6 @@ private slots:
         QCOMPARE(resets.size(), 1);
     }
 
-    void visibilityAndNamesAreSetThroughTheModel()
-    {
-        Lists program;
-        QAbstractItemModel& model = *program.table.model();
-        QVERIFY(model.setData(model.index(1, nameColumn), "x", Qt::EditRole));
-        QVERIFY(!model.setData(model.index(1, thumbnailColumn), "y", Qt::EditRole));
-        QVERIFY(!model.setData(model.index(1, nameColumn), "y", Qt::DisplayRole));
-        QCOMPARE(program.order(), QString("C x A"));
-        program.click(0, visibleColumn);
-        program.settle();
-        QVERIFY(!program.item().visible());
-        QCOMPARE(program.cell(0, visibleColumn, Qt::CheckStateRole).toInt(), int{Qt::Unchecked});
-        QTest::keyClick(&program.table, Qt::Key_Space);
-        QVERIFY(program.item().visible());
-    }
-
     void theSelectionIsSharedBothWays()
     {
         Lists program;
@@ -163,16 +140,11 @@ private slots:
         program.insert(makeScreen(u"D"));
         program.settle();
         program.click(2, nameColumn);
-        QCOMPARE(program.selection(), Indexes{2});
-        program.click(3, nameColumn, Qt::ShiftModifier);
-        QCOMPARE(program.selection(), (Indexes{2, 3}));
         program.click(0, nameColumn, Qt::ControlModifier);
-        QCOMPARE(program.selection(), (Indexes{0, 2, 3}));
-        for (const Indexes& rows : {Indexes{1, 3}, Indexes{}}) {
-            controller.setSelectionIndexes(rows);
-            program.settle();
-            QCOMPARE(program.shownSelection(), rows);
-        }
+        QCOMPARE(program.selection(), (Indexes{0, 2}));
+        controller.setSelectionIndexes({1, 3});
+        program.settle();
+        QCOMPARE(program.shownSelection(), (Indexes{1, 3}));
         // A click meets the list as it is, also before the table has taken it over.
         program.insert(makeScreen(u"new"), 0);
         program.click(3, nameColumn);
@@ -183,39 +155,26 @@ private slots:
 
     void namesAreEditedInTheTable()
     {
-        for (const auto key : {Qt::Key(), Qt::Key_F2, Qt::Key_Return}) { // none: a double click
-            Lists program;
+        Lists program;
+        int changes = 0;
+        const auto observation = program.item(1).observe([&](std::string_view) { ++changes; });
+        const auto edit = [&](const QStringList& typed, Qt::Key last) {
             program.click(1, nameColumn);
-            const auto begin = [&] {
-                if (key == Qt::Key())
-                    QTest::mouseDClick(program.table.viewport(), Qt::LeftButton, {},
-                                       program.place(program.table, 1, 2));
-                else
-                    QTest::keyClick(&program.table, key);
-                return program.table.viewport()->findChild<QLineEdit*>();
-            };
-            int changes = 0;
-            const auto observation = program.item(1).observe([&](std::string_view) { ++changes; });
-            const auto end = [&](QLineEdit* editor, Qt::Key last) {
-                QTest::keyClick(editor, last);
-                program.settle();
-                return QTest::qWaitFor([&] { return !program.table.viewport()->findChild<QLineEdit*>(); }) ? changes
-                                                                                                           : -1;
-            };
-            QLineEdit* editor = begin();
-            QCOMPARE(editor->text(), QString("B"));
-            QCOMPARE(end(editor, Qt::Key_Return), 0); // as it was
-            editor = begin();
-            for (const char* typed : {"Wall ", "& stage"}) {
+            QTest::keyClick(&program.table, typed.size() > 1 ? Qt::Key_F2 : Qt::Key_Return);
+            auto* editor = program.table.viewport()->findChild<QLineEdit*>();
+            for (const QString& letters : typed) {
                 program.table.reloadData(); // as a composition does at any time
                 program.settle();
-                QTest::keyClicks(editor, typed);
+                QTest::keyClicks(editor, letters);
             }
-            QCOMPARE(end(editor, Qt::Key_Return), 1);
-            QTest::keyClicks(editor = begin(), "not this");
-            QCOMPARE(end(editor, Qt::Key_Escape), 1);
-            QCOMPARE(program.shownNames(), (QStringList{"C", "Wall & stage", "A"}));
-        }
+            QTest::keyClick(editor, last);
+            program.settle();
+            return QTest::qWaitFor([&] { return !program.table.viewport()->findChild<QLineEdit*>(); }) ? changes : -1;
+        };
+        QCOMPARE(edit({}, Qt::Key_Return), 0); // as it was
+        QCOMPARE(edit({"Wall ", "& stage"}, Qt::Key_Return), 1);
+        QCOMPARE(edit({"not this"}, Qt::Key_Escape), 1);
+        QCOMPARE(program.shownNames(), (QStringList{"C", "Wall & stage", "A"}));
     }
 
     void aMissingImageFileIsNamed()
@@ -251,60 +210,24 @@ private slots:
         QVERIFY(before.cacheKey() != icon().cacheKey());
     }
 
-    void rowsAreDraggedWithTheMouse()
+    void ownRowsAreDroppedAndStrangeOnesChangeNothing()
     {
         Lists program;
-        ItemTable& table = program.table;
-        ItemTable& ptable = program.ptable;
-        program.window().resize(900, 900);                     // with room below the rows
-        const auto marks = [&](const QImage& image, int gap) { // a line from side to side
-            const QImage row =
-                image.copy(0, qFloor(gap * table.rowHeight(0) * image.devicePixelRatio()), image.width(), 1);
-            QImage line = row;
-            line.fill(table.palette().text().color());
-            return row == line;
-        };
-        const QImage below = program.drag(table, 0, table, 1, 4); // the lower half: below B
-        QCOMPARE(program.order(), QString("B C A"));
-        QVERIFY(marks(below, 2) && !marks(below, 1) && !marks(table.viewport()->grab().toImage(), 2));
-        QVERIFY(marks(program.drag(table, 2, table, 0, -4), 0));
-        QCOMPARE(program.order(), QString("A B C"));
-        program.drop(program.pick(table, 0), table, {5, table.viewport()->height() - 4}); // the room below all rows
-        QCOMPARE(program.order(), QString("B C A"));
-        QCOMPARE(program.window().focusWidget(), &table);
-
-        program.drag(ptable, 1, table, 1, -4);
-        QCOMPARE(program.order(), QString("B LINES C A"));
-        QCOMPARE(program.selection(), Indexes{1});
-        program.drag(ptable, 3, ptable, 0, -4);
-        program.drag(table, 3, ptable, 0, 4);
-        QCOMPARE(program.presets(), QString("CIRCLE A GRID LINES CROSS"));
-        QCOMPARE(program.order(), QString("B LINES C A"));
-    }
-
-    void strangeDragsChangeNothing()
-    {
-        Lists program;
-        const auto taken = [&](const QMimeData& data) { return program.drop(data, program.table, {5, 5}).has_value(); };
-        QMimeData text;
-        text.setText("wall");
-        QVERIFY(!taken(text));
         const QString rowType = QString::fromUtf8(kRowDragType.data(), qsizetype(kRowDragType.size()));
         const QMimeData& rows = program.pick(program.table, 2);
         QMimeData foreign; // of another program, or another run of this one
         foreign.setData(rowType, rows.data(rowType));
-        QVERIFY(!taken(foreign));
+        QVERIFY(!program.drop(foreign, {5, 5}));
         QMimeData strange;
         for (const QString& format : rows.formats())
             strange.setData(format, rows.data(format));
-        Pasteboard pasteboard;
-        writeDraggedRows({40}, pasteboard);
-        const Bytes& past = *pasteboard.dataForType(kRowDragType);
-        for (const QByteArray& bytes :
-             {QByteArray("bplist00"), QByteArray(reinterpret_cast<const char*>(past.data()), qsizetype(past.size()))}) {
-            strange.setData(rowType, bytes);
-            QVERIFY(taken(strange));
-        }
+        strange.setData(rowType, "bplist00");
+        QVERIFY(program.drop(strange, {5, 5}));
+        QCOMPARE(program.order(), QString("C B A"));
+        QVERIFY(program.drop(rows, {5, 5}));
+        QCOMPARE(program.order(), QString("A C B"));
+        const int below = program.table.rowViewportPosition(2) + program.table.rowHeight(2);
+        program.drop(program.pick(program.table, 0), {5, below});
         QCOMPARE(program.order(), QString("C B A"));
     }
 
@@ -348,15 +271,11 @@ private slots:
     void theAddSheetOffersAScreenOrAnImage()
     {
         Lists program;
-        program.select(program.ptable, 0);
         program.trigger("&Add…");
         QCOMPARE(program.sheet()->windowModality(), Qt::WindowModal);
-        const auto* mask = program.find<QPushButton>("&Mask");
-        QVERIFY(!mask->isEnabled() && !mask->toolTip().isEmpty());
+        QVERIFY(!program.find<QPushButton>("&Mask")->isEnabled());
         program.press(*program.sheet(), Qt::Key_Escape);
         QVERIFY(!program.sheet());
-        QCOMPARE(program.order(), QString("C B A"));
-
         program.trigger("&Add…");
         program.press(*program.sheet(), Qt::Key_Return);
         QVERIFY(!program.sheet());
@@ -367,14 +286,10 @@ private slots:
         program.trigger("&Add…");
         program.find<QPushButton>("&Image…")->click();
         QVERIFY(program.sheet()); // no file was chosen
-        QImage(30, 20, QImage::Format_RGB32).save(program.path("logo.png"));
-        program.panels.answer = program.location("logo.png");
+        program.panels.answer = program.location("no logo.png");
         program.find<QPushButton>("&Image…")->click();
         QVERIFY(!program.sheet());
-        QCOMPARE(*dynamic_cast<GXStill&>(program.item(1)).ImageURL(), *program.location("logo.png"));
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-        QCOMPARE(program.window().findChildren<QDialog*>().size(), 1); // the last one
-
+        QCOMPARE(*dynamic_cast<GXStill&>(program.item(1)).ImageURL(), *program.location("no logo.png"));
         program.trigger("&About Wallgrid");
         program.press(*program.sheet(), Qt::Key_Return);
         QVERIFY(!program.sheet());

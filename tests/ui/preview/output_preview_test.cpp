@@ -4,27 +4,7 @@
 #include "ui/preview/preview_surface.h"
 #include "ui/program_under_test.h"
 
-#include <QtDBus>
-
 using namespace wallgrid;
-
-/// What a desktop offers, on a bus of the test's own.
-class ScreenSaver : public QObject, public QDBusContext {
-    Q_OBJECT
-    Q_CLASSINFO("D-Bus Interface", "org.freedesktop.ScreenSaver")
-
-public:
-    QStringList asked;
-    QString asker;
-
-public slots:
-    uint Inhibit(const QString& program, const QString& reason) // NOLINT: the name is the interface's
-    {
-        asked.append(program + ": " + reason);
-        asker = message().service();
-        return 1;
-    }
-};
 
 // On a desktop of three displays.
 class OutputPreviewTest : public QObject {
@@ -127,47 +107,6 @@ private slots:
         preview.leave();
         emit qGuiApp->screenAdded(display("wall"));
         QVERIFY(!rasterWindow());
-    }
-
-    void theMenuListsTheDisplays()
-    {
-        ProgramUnderTest program;
-        program.window().outputPreview().chooseDisplay("wall");
-        program.window().outputPreview().show();
-        QStringList listed;
-        for (const QAction* each : program.action("Output Preview o&n")->menu()->actions())
-            listed.append(each->text() + (each->isChecked() ? " *" : ""));
-        listed.sort();
-        QCOMPARE(listed, (QStringList{"desk, 1000 × 800", "scaled, 600 × 450", "wall, 400 × 300 *"}));
-        program.trigger("desk, 1000 × 800");
-        QVERIFY(rasterWindow());
-        QCOMPARE(rasterWindow()->screen(), display("desk"));
-        program.window().close(); // ends all of the program
-        QVERIFY(!rasterWindow());
-    }
-
-    void theDesktopIsAskedAndLetGo()
-    {
-        QProcess daemon;
-        daemon.start("dbus-daemon", {"--session", "--nofork", "--print-address"});
-        QVERIFY(daemon.waitForReadyRead());
-        const QByteArray address = daemon.readLine().trimmed();
-        qputenv("DBUS_SESSION_BUS_ADDRESS", address);
-        auto desktop = QDBusConnection::connectToBus(QString::fromLatin1(address), "desktop");
-        ScreenSaver saver;
-        QVERIFY(desktop.registerObject("/org/freedesktop/ScreenSaver", &saver, QDBusConnection::ExportAllSlots));
-        QVERIFY(desktop.registerService("org.freedesktop.ScreenSaver"));
-
-        ProgramUnderTest program;
-        program.delegate().openPvw();
-        QTRY_COMPARE(saver.asked, QStringList{QCoreApplication::applicationName() + ": Output Preview"});
-        QDBusServiceWatcher watcher(saver.asker, desktop);
-        QSignalSpy gone(&watcher, &QDBusServiceWatcher::serviceUnregistered);
-        program.window().outputPreview().leave();
-        QTRY_COMPARE(gone.count(), 1); // which ends the request
-        QDBusConnection::disconnectFromBus("desktop");
-        daemon.terminate();
-        QVERIFY(daemon.waitForFinished());
     }
 };
 

@@ -28,8 +28,7 @@ private:
     /// A place of the surface where a pixel of the raster is.
     static QPoint at(PreviewSurface& surface, double x, double y)
     {
-        const QRectF pixel =
-            surface.viewport().toView({std::int64_t(x), std::int64_t(y), 0, 0});
+        const QRectF pixel = surface.viewport().toView({std::int64_t(x), std::int64_t(y), 0, 0});
         return (pixel.topLeft() / surface.devicePixelRatioF()).toPoint();
     }
 
@@ -75,45 +74,6 @@ private slots:
         }
     }
 
-    void transparentPartsShowACheckerboard()
-    {
-        ProgramUnderTest program;
-        program.delegate().setBgColor(Color::deviceRGB(0, 0, 0, 0));
-        program.delegate().update();
-        program.delegate().arraycontroller().setSelectionIndexes({});
-        PreviewSurface& surface = *program.window().miniPvw();
-        const QImage seen = shown(program);
-        const QRect picture = surface.viewport().picture() & seen.rect();
-        std::set<QRgb> inside;
-        for (int x = picture.left(); x <= picture.right(); ++x)
-            inside.insert(seen.pixel(x, picture.bottom() - 20));
-        QCOMPARE(inside, (std::set<QRgb>{0xff555555, 0xff666666}));
-        QVERIFY(!inside.contains(seen.pixel(2, seen.height() - 2)));
-    }
-
-    void outlinesSurroundTheItem()
-    {
-        ProgramUnderTest program;
-        program.insert(makeScreen(u"wall", 60, 100, 80));
-        program.settle();
-        PreviewSurface& surface = *program.window().miniPvw();
-        surface.fit();
-        const QRectF item = surface.viewport().toView({100, 80, 60, 60});
-        const QImage selected = shown(program);
-        program.delegate().arraycontroller().setSelectionIndexes({});
-        const QImage bare = shown(program);
-        for (int y = 0; y < bare.height(); ++y) {
-            for (int x = 0; x < bare.width(); ++x) {
-                const bool inside = item.toRect().contains(x, y);
-                const bool near = item.adjusted(-8, -8, 8, 8).contains(x, y);
-                if (inside || !near)
-                    QCOMPARE(selected.pixel(x, y), bare.pixel(x, y));
-            }
-        }
-        const QPoint edge = item.toRect().topLeft() - QPoint(1, 1);
-        QVERIFY(selected.pixel(edge) != bare.pixel(edge));
-    }
-
     void aDragMovesAndSnaps()
     {
         ProgramUnderTest program;
@@ -154,22 +114,6 @@ private slots:
         history.undo(); // all of the first drag is one step
         QCOMPARE(wall.xpoint(), 600);
         QVERIFY(!history.undoable());
-
-        // Another window gets the release: the pointer comes back without a button, or the focus is gone.
-        const auto ends = [&](const std::function<void()>& lose) {
-            history.start();
-            drag(surface, at(surface, wall.xpoint() + 50, 500), at(surface, wall.xpoint() + 250, 500));
-            const std::int32_t left = wall.xpoint();
-            lose();
-            program.settle();
-            return wall.xpoint() == left && history.undoable();
-        };
-        QVERIFY(ends([&] {
-            QMouseEvent back(QEvent::MouseMove, from, surface.mapToGlobal(from), Qt::NoButton, Qt::NoButton, {});
-            QCoreApplication::sendEvent(&surface, &back);
-        }));
-        surface.setFocus();
-        QVERIFY(ends([&] { program.window().table()->setFocus(); }));
 
         program.item(1).setXYFontEnable(true);
         program.delegate().arraycontroller().setSelectionIndexes({0, 1});
@@ -213,17 +157,6 @@ private slots:
         QCOMPARE(place(), QPoint(1 - 78, 10));
         program.settle();
         program.settle();
-
-        // A run of them is one step.
-        for (const Qt::Key key : {Qt::Key_Up, Qt::Key_Up, Qt::Key_Right})
-            press(key);
-        program.settle();
-        press(Qt::Key_Up);
-        QCOMPARE(place(), QPoint(2 - 78, 7));
-        program.application.history().undo();
-        QCOMPARE(place(), QPoint(2 - 78, 8));
-        program.application.history().undo();
-        QCOMPARE(place(), QPoint(1 - 78, 10));
     }
 
     void theWheelZoomsAndPans()
@@ -244,24 +177,12 @@ private slots:
         QCOMPARE(surface.viewport().scale(), 2.);
         const QPointF still = surface.viewport().toRaster(place * surface.devicePixelRatioF());
         QVERIFY((still - kept).manhattanLength() <= 1);
-        QPoint before = surface.viewport().picture().topLeft();
+        const QPoint before = surface.viewport().picture().topLeft();
         const int step = qRound(60 * surface.devicePixelRatioF());
         turn(-120, {});
         QCOMPARE(surface.viewport().picture().topLeft(), before - QPoint(0, step));
         turn(-120, Qt::ShiftModifier);
         QCOMPARE(surface.viewport().picture().topLeft(), before - QPoint(step, step));
-
-        before = surface.viewport().picture().topLeft();
-        QTest::keyPress(&surface, Qt::Key_Space);
-        drag(surface, place.toPoint(), place.toPoint() + QPoint(20, 10));
-        release(surface, place.toPoint());
-        QTest::keyRelease(&surface, Qt::Key_Space);
-        QMouseEvent back(QEvent::MouseMove, place, surface.mapToGlobal(place), Qt::NoButton, Qt::NoButton, {});
-        QTest::mousePress(&surface, Qt::MiddleButton, {}, QPoint());
-        QCoreApplication::sendEvent(&surface, &back); // another window got the release
-        const QPoint moved = surface.viewport().picture().topLeft() - before;
-        QVERIFY((moved - QPointF(20, 10) * surface.devicePixelRatioF()).manhattanLength() <= 2);
-        QCOMPARE(program.item().xpoint(), 0);
     }
 };
 

@@ -65,35 +65,3 @@ TEST(Viewport, keepsThePointThatItZoomsAbout)
     viewport.zoomTo(0, {0, 0});
     EXPECT_EQ(viewport.scale(), 0.01);
 }
-
-TEST(Viewport, keepsSomeOfTheRasterInTheView)
-{
-    Viewport viewport = viewportOf({1920, 1080}, {800, 600});
-    viewport.zoomTo(1, {0, 0});
-    viewport.pan({-100'000, 100'000});
-    EXPECT_EQ(viewport.picture(), QRect(64 - 1920, 600 - 64, 1920, 1080));
-    EXPECT_EQ(viewport.visiblePicture(), QRect(0, 536, 64, 64));
-    viewport.setRaster({10, 10});
-    EXPECT_EQ(viewport.visiblePicture().size(), QSize(10, 10));
-}
-
-TEST(Viewport, staysFittedUntilTheUserZooms)
-{
-    Viewport viewport = viewportOf({1000, 1000}, {500, 500});
-    viewport.setRaster({2000, 1000});
-    EXPECT_EQ(viewport.picture(), QRect(0, 125, 500, 250));
-    viewport.zoomTo(1, viewport.center());
-    const QPointF middle = viewport.toRaster(viewport.center());
-    viewport.setView({700, 300}, 12);
-    EXPECT_EQ(viewport.scale(), 1);
-    EXPECT_EQ(viewport.toRaster(viewport.center()), middle);
-}
-
-TEST(Viewport, surroundsThePixelsOfABox)
-{
-    Viewport viewport = viewportOf({100, 100}, {400, 400});
-    viewport.zoomTo(3, {0, 0});
-    const QPointF origin = viewport.picture().topLeft();
-    EXPECT_EQ(viewport.toView({1, 2, 3, 4}), QRectF(origin + QPointF(3, 6), QSizeF(9, 12)));
-    EXPECT_EQ(viewport.toView({-4'294'967'296, 0, 4'294'967'296, 1}).left(), origin.x() - 3 * 4'294'967'296.0);
-}

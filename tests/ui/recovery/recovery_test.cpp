@@ -107,6 +107,8 @@ private slots:
     {
         const QTemporaryDir state;
         qputenv("XDG_STATE_HOME", state.path().toLocal8Bit());
+        const std::string named = state.filePath("named.mpr").toStdString();
+        QVERIFY(writeFileAtomically(named, writeProject({300, 400, {makeScreen(u"named")}})));
         QTimer::singleShot(0, qApp, [] {
             for (QWidget* widget : QApplication::topLevelWidgets()) {
                 if (!qobject_cast<MainWindow*>(widget))
@@ -119,7 +121,7 @@ private slots:
                 widget->close();
             }
         });
-        QCOMPARE(runApplication(*qobject_cast<GuardedApplication*>(qApp), std::nullopt), 0);
+        QCOMPARE(runApplication(*qobject_cast<GuardedApplication*>(qApp), named), 0);
         const QSettings memory(state.filePath("wallgrid/window.ini"), QSettings::IniFormat);
         QWidget window;
         QVERIFY(window.restoreGeometry(memory.value("geometry").toByteArray()));
@@ -129,7 +131,7 @@ private slots:
         {
             Program next(folder);
             next.click("Restore");
-            QCOMPARE(next.layers().size(), 2);
+            QCOMPARE(next.layers(), (QStringList{"named 2", "named"}));
             next.item().setCol(8); // so late that no copy holds it
         }
         {
