@@ -57,7 +57,6 @@ constexpr std::array<NumberProperty, GXItem::kCaptionCount> kNumbers{{
 /// From here on the numbers are the sizes of texts, which stand with the texts' switches.
 constexpr std::size_t kFirstTextSize = 6;
 
-
 constexpr int kRoomAboveCaption = 3;
 
 bool isScreen(const GXItem& item)
