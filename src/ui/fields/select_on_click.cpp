@@ -18,12 +18,12 @@ public:
         focused.installEventFilter(this);
     }
 
-    bool eventFilter(QObject* watched, QEvent* event) override
+    bool eventFilter(QObject*, QEvent* event) override
     {
         if (event->type() == QEvent::FocusIn)
             m_first = static_cast<QFocusEvent*>(event)->reason() == Qt::MouseFocusReason;
-        // At the release, because the press places the cursor.
-        if (watched == &m_line && event->type() == QEvent::MouseButtonRelease && m_first) {
+        // At the release, because the press places the cursor. The frame around the line counts, too.
+        if (event->type() == QEvent::MouseButtonRelease && m_first) {
             m_first = false;
             if (!m_line.hasSelectedText())
                 m_line.selectAll();

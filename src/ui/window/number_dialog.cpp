@@ -41,6 +41,10 @@ NumberField* NumberDialog::addNumber(const QString& caption, int minimum, int ma
     m_numbers->addRow(caption, field);
     m_numbers->addRow(field->fault());
     m_fields.push_back(field);
+    if (m_fields.size() == 1) { // typing replaces what it holds
+        field->setFocus();
+        field->selectAll();
+    }
     return field;
 }
 
