@@ -134,7 +134,7 @@ void placeInRows(GXAppDelegate& delegate, const Rows& rows)
             tallest = 0;
         }
         const PixelRect place = items[i]->frame();
-        moves.push_back({items[i], x, y});
+        moves.push_back({items[i], {x, y}});
         x += place.width + rows.gapAcross;
         tallest = std::max(tallest, place.height);
     }

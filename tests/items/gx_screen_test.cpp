@@ -4,13 +4,10 @@
 #include "picture.h"
 
 #include <gtest/gtest.h>
-#include <limits>
 
 using namespace wallgrid;
 
 namespace {
-
-constexpr std::int32_t kMax = std::numeric_limits<std::int32_t>::max();
 
 ScreenRef makeScreen(std::int32_t col, std::int32_t row, std::int32_t panelWidth, std::int32_t panelHeight)
 {

@@ -9,7 +9,6 @@ namespace {
 
 using Indexes = GXAppDelegate::ItemController::Indexes;
 
-constexpr int visibleColumn = 0;
 constexpr int thumbnailColumn = 1;
 constexpr int nameColumn = 2;
 
