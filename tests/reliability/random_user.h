@@ -52,6 +52,14 @@ public:
         }
         m_actions.push_back([&] { history.undo(); });
         m_actions.push_back([&] { history.redo(); });
+        m_actions.push_back([this] {
+            if (GXItem* layer = anyLayer())
+                layer->setPanelWidth(number(1, 80));
+        });
+        m_actions.push_back([this, &history] {
+            m_program.application.openFile((m_folder + "/stage.mpr").toStdString());
+            history.undo();
+        });
         m_actions.push_back([this] { compareWithReopened(); });
         for (const char* command : {"&Left", "&Centre", "&Middle", "&Bottom", "Distribute &Across", "Distribute &Down",
                                     "Place in Ro&ws…", "&Select All", "&Copy", "Cu&t", "&Paste", "Arra&y…"})
