@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ui/preview/preview_surface.h"
 
+#include "app/arrangement.h"
 #include "ui/preview/device_pixels.h"
 #include "ui/preview/overlay.h"
 #include "ui/preview/picking.h"
@@ -35,12 +36,16 @@ PreviewSurface::PreviewSurface(GXAppDelegate& delegate, QWidget* parent)
                       })};
 }
 
-ItemArray PreviewSurface::selectedItems() const
+PixelRect PreviewSurface::everything() const
 {
-    ItemArray selected;
-    for (const std::size_t row : m_delegate.arraycontroller().selectionIndexes())
-        selected.push_back(items()[row]);
-    return selected;
+    ItemArray visible = items();
+    std::erase_if(visible, [](const ItemRef& item) { return !item->visible() || item->frame().empty(); });
+    return placeAround(visible);
+}
+
+PixelRect PreviewSurface::selection() const
+{
+    return placeAround(selectedLayers(m_delegate));
 }
 
 void PreviewSurface::paintOver(QPainter& painter)
@@ -48,7 +53,7 @@ void PreviewSurface::paintOver(QPainter& painter)
     Overlay overlay(painter, viewport(), QRect({}, sizeInDevicePixels(*this)), devicePixelRatioF());
     if (m_hovered && !m_drag)
         overlay.paintOutline(m_hovered->frame(), Overlay::Outline::Hovered);
-    const ItemArray selected = selectedItems();
+    const ItemArray selected = selectedLayers(m_delegate);
     for (const ItemRef& item : selected) {
         overlay.paintOutline(item->frame(),
                              item->visible() ? Overlay::Outline::Selected : Overlay::Outline::SelectedInvisible);
@@ -136,7 +141,7 @@ void PreviewSurface::mouseMoveEvent(QMouseEvent* event)
 
 void PreviewSurface::startDrag()
 {
-    const ItemArray dragged = selectedItems();
+    const ItemArray dragged = selectedLayers(m_delegate);
     std::vector<PixelRect> targets{{0, 0, viewport().raster().width(), viewport().raster().height()}};
     for (const ItemRef& item : items()) {
         if (item->visible() && std::find(dragged.begin(), dragged.end(), item) == dragged.end())
@@ -205,7 +210,7 @@ bool PreviewSurface::nudge(int key, Qt::KeyboardModifiers modifiers)
 {
     const int x = (key == Qt::Key_Right) - (key == Qt::Key_Left);
     const int y = (key == Qt::Key_Down) - (key == Qt::Key_Up);
-    const ItemArray moved = selectedItems();
+    const ItemArray moved = selectedLayers(m_delegate);
     if ((x == 0 && y == 0) || moved.empty())
         return false;
     QSize step(1, 1);

@@ -26,6 +26,8 @@ signals:
     void endInteraction();
 
 protected:
+    PixelRect everything() const override;
+    PixelRect selection() const override;
     void paintOver(QPainter& painter) override;
     bool event(QEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
@@ -45,7 +47,6 @@ private:
     };
 
     const ItemArray& items() const { return m_delegate.arraycontroller().arrangedObjects(); }
-    ItemArray selectedItems() const;
     void hover(ItemRef item);
     void press(QPointF point, Qt::KeyboardModifiers modifiers);
     void startDrag();

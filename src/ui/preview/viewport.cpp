@@ -16,12 +16,23 @@ constexpr double kTolerance = 1.001;
 /// Lengths of pictures stay far from the limits of their type.
 constexpr double kLongestPicture = 1 << 29;
 /// Of a picture that is panned out of the view, in pixels.
-constexpr int kLeastVisible = 64;
+constexpr double kLeastVisible = 64;
+/// Farther from the output nothing is shown, in pixels of the raster.
+constexpr std::int64_t kFarthest = 200'000;
 
-double limited(double origin, int picture, int view)
+/// The origin of a picture that reaches from near to far of it.
+double limited(double origin, double near, double far, double view)
 {
-    const int least = std::min({kLeastVisible, picture, view});
-    return std::clamp<double>(origin, least - picture, view - least);
+    const double least = std::min({kLeastVisible, far - near, view});
+    return std::clamp(origin, least - far, view - least - near);
+}
+
+/// The raster and a part beside it.
+PixelRect reachWith(QSize raster, const PixelRect& part)
+{
+    const PixelRect inReach = intersection(part, {-kFarthest, -kFarthest, 2 * kFarthest, 2 * kFarthest});
+    const PixelRect all{0, 0, raster.width(), raster.height()};
+    return inReach.empty() ? all : united(all, inReach);
 }
 
 int scaledLength(int length, double scale)
@@ -36,6 +47,7 @@ void Viewport::setRaster(QSize size)
     if (size == m_raster)
         return;
     m_raster = size.isEmpty() ? QSize(0, 0) : size;
+    m_reach = {0, 0, m_raster.width(), m_raster.height()};
     if (m_fitted)
         fit();
     else
@@ -50,33 +62,72 @@ void Viewport::setView(QSize size, int margin)
     m_view = size;
     m_margin = margin;
     if (m_fitted)
-        fit();
+        fit(m_reach);
     else
         pan(change); // what was in the middle stays there
 }
 
-double Viewport::fittedScale() const
+double Viewport::scaleFor(const PixelRect& part) const
 {
-    if (m_raster.isEmpty())
+    if (part.empty())
         return 1;
-    const auto share = [this](int room, int length) { return std::max(1., double(room) - 2 * m_margin) / length; };
-    return std::min({1., share(m_view.width(), m_raster.width()), share(m_view.height(), m_raster.height())});
+    const auto share = [this](int room, std::int64_t length) {
+        return std::max(1., double(room) - 2 * m_margin) / double(length);
+    };
+    return std::min(share(m_view.width(), part.width), share(m_view.height(), part.height));
 }
 
 void Viewport::setScale(double scale)
 {
     const double largest =
         std::min(kSteps.back(), kLongestPicture / std::max({1, m_raster.width(), m_raster.height()}));
-    m_scale = std::clamp(scale, std::min({kSteps.front(), fittedScale(), largest}), largest);
+    m_scale = std::clamp(scale, std::min({kSteps.front(), scaleFor(m_reach), largest}), largest);
     m_picture = {scaledLength(m_raster.width(), m_scale), scaledLength(m_raster.height(), m_scale)};
 }
 
-void Viewport::fit()
+QRectF Viewport::scaled(const PixelRect& part) const
+{
+    if (m_raster.isEmpty())
+        return {};
+    const auto x = [this](std::int64_t column) {
+        return std::round(double(column) * m_picture.width() / m_raster.width());
+    };
+    const auto y = [this](std::int64_t row) {
+        return std::round(double(row) * m_picture.height() / m_raster.height());
+    };
+    return {QPointF(x(part.x), y(part.y)), QPointF(x(part.right()), y(part.bottom()))};
+}
+
+QPointF Viewport::originToCenter(const PixelRect& part) const
+{
+    const QRectF shown = scaled(part);
+    // Whole, so that the two sides differ by no more than a pixel.
+    return {std::trunc((m_view.width() - shown.width()) / 2) - shown.x(),
+            std::trunc((m_view.height() - shown.height()) / 2) - shown.y()};
+}
+
+void Viewport::fit(const PixelRect& beside)
 {
     m_fitted = true;
-    setScale(fittedScale());
-    // Whole, so that the two sides differ by no more than a pixel.
-    m_origin = QPoint((m_view.width() - m_picture.width()) / 2, (m_view.height() - m_picture.height()) / 2);
+    m_reach = reachWith(m_raster, beside);
+    setScale(std::min(1., scaleFor(m_reach)));
+    m_origin = originToCenter(m_reach);
+}
+
+void Viewport::show(const PixelRect& part)
+{
+    m_reach = reachWith(m_raster, part);
+    const double scale = scaleFor(part);
+    m_fitted = false;
+    setScale(scale > 1 ? std::floor(scale) : scale);
+    moveTo(originToCenter(part));
+}
+
+void Viewport::centerOn(const PixelRect& part)
+{
+    m_reach = reachWith(m_raster, part);
+    m_fitted = false;
+    moveTo(originToCenter(part));
 }
 
 void Viewport::zoomTo(double scale, QPointF about)
@@ -108,8 +159,9 @@ void Viewport::pan(QPoint distance)
 
 void Viewport::moveTo(QPointF origin)
 {
-    m_origin = {limited(origin.x(), m_picture.width(), m_view.width()),
-                limited(origin.y(), m_picture.height(), m_view.height())};
+    const QRectF reach = scaled(m_reach);
+    m_origin = {limited(origin.x(), reach.left(), reach.right(), m_view.width()),
+                limited(origin.y(), reach.top(), reach.bottom(), m_view.height())};
 }
 
 QPointF Viewport::toRaster(QPointF point) const
@@ -123,15 +175,7 @@ QPointF Viewport::toRaster(QPointF point) const
 
 QRectF Viewport::toView(const PixelRect& rect) const
 {
-    if (m_raster.isEmpty())
-        return {};
-    const auto x = [this](std::int64_t column) {
-        return picture().x() + std::round(double(column) * m_picture.width() / m_raster.width());
-    };
-    const auto y = [this](std::int64_t row) {
-        return picture().y() + std::round(double(row) * m_picture.height() / m_raster.height());
-    };
-    return {QPointF(x(rect.x), y(rect.y)), QPointF(x(rect.right()), y(rect.bottom()))};
+    return m_raster.isEmpty() ? QRectF() : scaled(rect).translated(picture().topLeft());
 }
 
 } // namespace wallgrid

@@ -14,6 +14,8 @@ namespace wallgrid {
 ///
 /// At first the raster is fitted: all of it is shown in the middle, reduced where it has to be, and it stays so when
 /// the view or the raster changes its size. Zooming and panning end that.
+///
+/// Places beside the raster can be shown, too. Some of the raster, or of what was shown last, always stays in the view.
 class Viewport {
 public:
     void setRaster(QSize size);
@@ -21,7 +23,12 @@ public:
     void setView(QSize size, int margin);
     QSize raster() const { return m_raster; }
 
-    void fit();
+    void fit() { fit({}); }
+    /// Fits the raster together with what lies beside it.
+    void fit(const PixelRect& beside);
+    /// Shows a part of the raster, or of what lies beside it, in the middle and as large as it fits.
+    void show(const PixelRect& part);
+    void centerOn(const PixelRect& part);
     /// Device pixels for each pixel of the raster.
     double scale() const { return m_scale; }
     /// The point of the raster that is at a point of the view stays there. The scale is kept within what makes sense.
@@ -29,7 +36,6 @@ public:
     /// To the next of the usual scales; all from 100 % up are whole, so that every pixel is equally large.
     void zoomIn(QPointF about);
     void zoomOut(QPointF about);
-    /// Some of the raster always stays in the view.
     void pan(QPoint distance);
 
     /// All of the raster, in the view.
@@ -43,11 +49,15 @@ public:
     QRectF toView(const PixelRect& rect) const;
 
 private:
-    double fittedScale() const;
+    double scaleFor(const PixelRect& part) const;
     void setScale(double scale);
+    /// A part of the raster, as a part of the picture.
+    QRectF scaled(const PixelRect& part) const;
+    QPointF originToCenter(const PixelRect& part) const;
     void moveTo(QPointF origin);
 
     QSize m_raster;
+    PixelRect m_reach; // what can be panned to: the raster, and what is shown beside it
     QSize m_view;
     int m_margin = 0;
     bool m_fitted = true;

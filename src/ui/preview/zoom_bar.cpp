@@ -29,7 +29,7 @@ ZoomBar::ZoomBar(ZoomView& view, QWidget* parent)
     layout->addWidget(m_scale);
     addButton(tr("Zoom &In"), tr("+"), {QKeySequence(Qt::CTRL | Qt::Key_Plus), QKeySequence(Qt::CTRL | Qt::Key_Equal)},
               [](ZoomView& v) { v.zoomIn(); });
-    addButton(tr("&Fit"), tr("Fit"), {QKeySequence(Qt::CTRL | Qt::Key_0)}, [](ZoomView& v) { v.fit(); });
+    addButton(tr("Show A&ll"), tr("All"), {QKeySequence(Qt::CTRL | Qt::Key_0)}, [](ZoomView& v) { v.fit(); });
     addButton(tr("&Actual Pixels"), tr("1:1"), {QKeySequence(Qt::CTRL | Qt::Key_1)}, [](ZoomView& v) { v.zoomTo(1); });
 
     connect(&view, &ZoomView::pictureChanged, this, &ZoomBar::showScale);

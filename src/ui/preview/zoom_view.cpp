@@ -62,14 +62,26 @@ void ZoomView::showView()
 
 void ZoomView::fit()
 {
-    m_viewport.fit();
+    m_viewport.fit(everything());
     showView();
 }
 
 void ZoomView::zoomTo(double scale)
 {
     m_viewport.zoomTo(scale, m_viewport.center());
+    if (const PixelRect selected = selection(); !selected.empty())
+        m_viewport.centerOn(selected);
     showView();
+}
+
+bool ZoomView::zoomToSelection()
+{
+    const PixelRect selected = selection();
+    if (selected.empty())
+        return false;
+    m_viewport.show(selected);
+    showView();
+    return true;
 }
 
 void ZoomView::zoomIn()

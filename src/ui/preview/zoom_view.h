@@ -28,9 +28,13 @@ public:
     /// "33 %", in pixels of the display; empty without a picture.
     QString scaleText() const;
 
-    // About the middle of the view.
+    /// Shows all there is to see.
     void fit();
+    /// Keeps what is selected in the middle, or what is there already.
     void zoomTo(double scale);
+    /// False when nothing is selected.
+    bool zoomToSelection();
+    // About the middle of the view.
     void zoomIn();
     void zoomOut();
 
@@ -43,6 +47,10 @@ signals:
     void pointerMoved(std::optional<QPoint> pixel);
 
 protected:
+    /// Around what lies beside the raster as well.
+    virtual PixelRect everything() const { return {}; }
+    /// Around what is selected; empty when nothing is.
+    virtual PixelRect selection() const { return {}; }
     /// Paints over the picture, in device pixels of the view.
     virtual void paintOver(QPainter&) {}
 

@@ -56,4 +56,14 @@ QIcon rowsIcon(const QPalette& palette, qreal ratio)
                   ratio);
 }
 
+QIcon windowIcon(const QPalette& palette, qreal ratio)
+{
+    return iconOf({{1, 2, 14, 3}, {1, 5, 1, 8}, {14, 5, 1, 8}, {1, 13, 14, 1}}, Direction::Across, palette, ratio);
+}
+
+QIcon displayIcon(const QPalette& palette, qreal ratio)
+{
+    return iconOf({{0, 1, 16, 10}, {7, 11, 2, 2}, {4, 13, 8, 1}}, Direction::Across, palette, ratio);
+}
+
 } // namespace wallgrid

@@ -8,7 +8,6 @@
 #include "ui/inspector/inspector.h"
 #include "ui/lists/item_table.h"
 #include "ui/lists/list_bar.h"
-#include "ui/preview/display_menu.h"
 #include "ui/preview/preview_surface.h"
 #include "ui/preview/zoom_bar.h"
 #include "ui/window/file_drops.h"
@@ -19,6 +18,7 @@
 #include "ui/window/output_controls.h"
 #include "ui/window/output_window.h"
 #include "ui/window/undo_actions.h"
+#include "ui/window/view_menu.h"
 
 #include <QApplication>
 #include <QCloseEvent>
@@ -372,39 +372,12 @@ void MainWindow::makeToolBar()
 
 void MainWindow::makeViewMenu()
 {
-    QMenu* menu = m_viewMenu = menuBar()->addMenu(tr("&View"));
-    menu->addActions(m_zoom->actions());
-    menu->addSeparator();
-    QAction* output = menu->addAction(tr("&Output Window"));
-    output->setCheckable(true);
-    output->setShortcut(Qt::CTRL | Qt::Key_2);
-    connect(output, &QAction::triggered, this, [this](bool shown) {
-        if (shown)
-            m_outputWindow.show();
-        else
-            m_outputWindow.hide();
-    });
-    connect(&m_outputWindow, &OutputWindow::shownChanged, output, &QAction::setChecked);
-    addOutputPreviewTo(*menu);
-}
-
-void MainWindow::addOutputPreviewTo(QMenu& menu)
-{
-    QAction* preview = menu.addAction(tr("Output &Preview"));
-    preview->setCheckable(true);
-    preview->setShortcut(Qt::Key_F11);
-    preview->setToolTip(tr("Show the output full screen, pixel for pixel"));
-    connect(preview, &QAction::triggered, this, [this](bool shown) {
-        if (shown)
-            m_delegate.openPvw();
-        else
-            m_outputPreview.leave();
-    });
-    connect(&m_outputPreview, &OutputPreview::changed, preview,
-            [this, preview] { preview->setChecked(m_outputPreview.isActive()); });
-    auto* displays = new DisplayMenu(m_outputPreview, &menu);
-    connect(displays, &DisplayMenu::chosen, this, [this] { m_delegate.openPvw(); });
-    menu.addMenu(displays);
+    auto* menu = new ViewMenu(*m_zoom, *m_miniPvw, this);
+    connect(menu, &ViewMenu::messageWanted, this, &MainWindow::showMessage);
+    menu->addOutputWindow(m_outputWindow);
+    menu->addOutputPreview(m_delegate, m_outputPreview);
+    menuBar()->addMenu(menu);
+    m_viewMenu = menu;
 }
 
 void MainWindow::makeHelpMenu()

@@ -79,7 +79,6 @@ private:
     void nameProject();
     /// Says so when the list has no selected row.
     bool hasSelection(const ItemTable& table);
-    void addOutputPreviewTo(QMenu& menu);
     void refreshStatus();
     /// The one with the keyboard focus, otherwise the layers.
     ItemTable& editedTable() const;

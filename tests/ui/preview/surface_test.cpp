@@ -122,6 +122,30 @@ private slots:
         QVERIFY(program.item(1).thumbnail() != before); // which says where it is
     }
 
+    void theSelectionIsZoomedTo()
+    {
+        ProgramUnderTest program;
+        program.insert(makeScreen(u"outside", 100, 5000, 2000));
+        PreviewSurface& surface = *program.window().miniPvw();
+        const QRectF view({}, QSizeF(surface.size()) * surface.devicePixelRatioF());
+        const auto middle = [&](Qt::Key key) {
+            QTest::keyClick(&surface, key, Qt::ControlModifier);
+            return (surface.viewport().toView(program.item().frame()).center() - view.center()).manhattanLength() < 2;
+        };
+        const auto outside = [&] { return surface.viewport().toView(program.item().frame()); };
+        program.activate();
+        QVERIFY(!view.contains(outside()));
+        QVERIFY(!middle(Qt::Key_0) && view.contains(outside()));
+        program.delegate().arraycontroller().setSelectionIndex(0);
+        QVERIFY(middle(Qt::Key_1) && surface.viewport().scale() == 1);
+        QVERIFY(middle(Qt::Key_3) && surface.viewport().scale() > 1);
+        QVERIFY(view.contains(outside()));
+        QVERIFY(surface.actions().contains(program.action("Zoom to &Selection"))); // of the context menu
+        program.delegate().arraycontroller().setSelectionIndexes({});
+        middle(Qt::Key_3);
+        QCOMPARE(program.window().statusBar()->currentMessage(), "No layer is selected.");
+    }
+
     void clicksSelect()
     {
         ProgramUnderTest program;
