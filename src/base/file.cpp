@@ -81,28 +81,6 @@ Expected<void> appendInSteps(ByteSink& sink, std::span<const std::uint8_t> bytes
     return {};
 }
 
-/// A file that goes when this object does, also when an exception passes, unless it is kept.
-class UnfinishedFile {
-public:
-    explicit UnfinishedFile(const std::string& path)
-        : m_path(path)
-    {
-    }
-    UnfinishedFile(const UnfinishedFile&) = delete;
-    UnfinishedFile& operator=(const UnfinishedFile&) = delete;
-    ~UnfinishedFile()
-    {
-        if (!m_kept)
-            ::unlink(m_path.c_str());
-    }
-
-    void keep() { m_kept = true; }
-
-private:
-    const std::string& m_path;
-    bool m_kept = false;
-};
-
 /// Makes a file of a name that nobody has yet, and puts its path in `path`. Unlike mkostemp(3) it lets the system take
 /// the umask off the mode: a process can read its umask only by setting it, for all its threads.
 int makeTemporaryFile(const std::filesystem::path& folder, mode_t mode, std::string& path)
@@ -123,6 +101,57 @@ int makeTemporaryFile(const std::filesystem::path& folder, mode_t mode, std::str
     }
     return fd;
 }
+
+/// A new file in the first of the folders that takes one. It goes when this object does, also when an exception passes,
+/// unless it was given another name.
+class TemporaryFile {
+public:
+    TemporaryFile(std::initializer_list<std::filesystem::path> folders, mode_t mode)
+        : m_file(make(folders, mode))
+    {
+    }
+    TemporaryFile(const TemporaryFile&) = delete;
+    TemporaryFile& operator=(const TemporaryFile&) = delete;
+    ~TemporaryFile()
+    {
+        if (m_isThere)
+            ::unlink(m_path.c_str());
+    }
+
+    int descriptor() const { return m_file.get(); }
+
+    /// Fails also when no folder took a file.
+    Expected<void> fill(const std::function<Expected<void>(ByteSink&)>& produce)
+    {
+        if (!m_isThere)
+            return failure(systemMessage(errno));
+        DescriptorSink sink(descriptor());
+        return produce(sink);
+    }
+
+    bool rename(const std::filesystem::path& path)
+    {
+        const bool renamed = m_file.close() && ::rename(m_path.c_str(), path.c_str()) == 0;
+        m_isThere = !renamed;
+        return renamed;
+    }
+
+private:
+    int make(std::initializer_list<std::filesystem::path> folders, mode_t mode)
+    {
+        int fd = -1;
+        for (const auto& folder : folders) {
+            if (fd < 0)
+                fd = makeTemporaryFile(folder, mode, m_path);
+        }
+        m_isThere = fd >= 0;
+        return fd;
+    }
+
+    std::string m_path;
+    bool m_isThere = false;
+    FileDescriptor m_file; // the last, because making it fills the others
+};
 
 /// Copies a whole file over an older one.
 Expected<void> copyOver(int from, int to)
@@ -209,18 +238,12 @@ Expected<void> produceFileAtomically(const std::string& path, const std::functio
     if (replaces && !S_ISREG(info.st_mode))
         return failure(kNotRegular);
 
-    std::string temporary;
-    FileDescriptor file(makeTemporaryFile(resolved.parent_path(), replaces ? 0600 : 0666, temporary));
-    if (file.get() < 0)
-        return failure(systemMessage(errno));
-    UnfinishedFile unfinished(temporary);
-    DescriptorSink sink(file.get());
-    if (auto written = produce(sink); !written)
+    TemporaryFile file({resolved.parent_path()}, replaces ? 0600 : 0666);
+    if (auto written = file.fill(produce); !written)
         return written;
-    if ((replaces && ::fchmod(file.get(), info.st_mode & 07777) != 0) || ::fsync(file.get()) != 0 || !file.close() ||
-        ::rename(temporary.c_str(), resolved.c_str()) != 0)
+    if ((replaces && ::fchmod(file.descriptor(), info.st_mode & 07777) != 0) || ::fsync(file.descriptor()) != 0 ||
+        !file.rename(resolved))
         return failure(systemMessage(errno));
-    unfinished.keep();
     // The new name is on the disk only when the folder is; a file system that cannot flush folders still has the file.
     const FileDescriptor folder(::open(resolved.parent_path().c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
     if (folder.get() >= 0)
@@ -241,25 +264,15 @@ Expected<void> produceFileInPlace(const std::string& path, const std::function<E
     if (target.get() < 0)
         return failure(systemMessage(errno));
 
-    std::string temporary;
-    int fd = makeTemporaryFile(resolved.parent_path(), 0600, temporary);
-    if (fd < 0 && (errno == EACCES || errno == EROFS)) // the old file may be written all the same
-        fd = makeTemporaryFile(std::filesystem::temp_directory_path(error), 0600, temporary);
-    FileDescriptor file(fd);
-    if (file.get() < 0)
-        return failure(systemMessage(errno));
-    UnfinishedFile unfinished(temporary);
-    DescriptorSink sink(file.get());
-    if (auto written = produce(sink); !written)
+    // The old file may be written even where its folder takes no new one.
+    TemporaryFile file({resolved.parent_path(), std::filesystem::temp_directory_path(error)}, 0600);
+    if (auto written = file.fill(produce); !written)
         return written;
-    auto copied = copyOver(file.get(), target.get());
+    auto copied = copyOver(file.descriptor(), target.get());
     if (copied && !target.close())
         copied = failure(systemMessage(errno));
-    if (!copied && ::fchmod(file.get(), info.st_mode & 07777) == 0 &&
-        ::rename(temporary.c_str(), resolved.c_str()) == 0) {
-        unfinished.keep();
+    if (!copied && ::fchmod(file.descriptor(), info.st_mode & 07777) == 0 && file.rename(resolved))
         copied = {};
-    }
     return copied;
 }
 
