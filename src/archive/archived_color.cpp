@@ -61,69 +61,84 @@ std::optional<Space> paintableSpace(std::int32_t id, std::int32_t spaceId)
     }
 }
 
-// What cannot be read is taken for left out, as it is in a copy of the record: each read has a decoder of its own.
+/// Reads a record in which what cannot be read is taken for left out, as it is in a copy of the record.
+class LenientDecoder {
+public:
+    explicit LenientDecoder(const ArchivedObject& record)
+        : m_record(record)
+        , m_coder(record)
+    {
+    }
 
-std::int32_t integer(const ArchivedObject& record, std::string_view key)
-{
-    return KeyedDecoder(record).decodeInt(key);
-}
+    const ArchivedObject& record() const { return m_record; }
 
-std::span<const std::uint8_t> bytes(const ArchivedObject& record, std::string_view key)
-{
-    return KeyedDecoder(record).decodeBytes(key);
-}
+    std::int32_t integer(std::string_view key) { return withoutError(m_coder.decodeInt(key)); }
+    std::span<const std::uint8_t> bytes(std::string_view key) { return withoutError(m_coder.decodeBytes(key)); }
+    std::optional<LenientDecoder> object(std::string_view key, std::string_view className)
+    {
+        const auto object = withoutError(m_coder.decodeObject(key));
+        return object && !object->classAmong({className}).empty() ? std::optional<LenientDecoder>(*object)
+                                                                  : std::nullopt;
+    }
 
-std::optional<ArchivedObject> object(const ArchivedObject& record, std::string_view key, std::string_view className)
-{
-    auto object = KeyedDecoder(record).decodeObject(key);
-    return object && !object->classAmong({className}).empty() ? object : std::nullopt;
-}
+private:
+    template <class Value>
+    Value withoutError(Value value)
+    {
+        m_coder.clearError();
+        return value;
+    }
+
+    ArchivedObject m_record;
+    KeyedDecoder m_coder;
+};
 
 /// The record whose components are painted: the colour itself, or what a chain of named colours stands for; nothing
 /// when that is no colour or never ends.
-std::optional<ArchivedObject> paintedRecord(const ArchivedObject& color)
+std::optional<LenientDecoder> paintedRecord(const ArchivedObject& color)
 {
-    std::optional<ArchivedObject> record = color;
+    std::optional<LenientDecoder> record(color);
     for (int i = 0; i < kLongestNameChain && record; ++i) {
-        if (integer(*record, "NSColorSpace") != kNamed)
+        if (record->integer("NSColorSpace") != kNamed)
             return record;
-        record = object(*record, "NSColor", "NSColor");
+        record = record->object("NSColor", "NSColor");
     }
     return std::nullopt;
 }
 
 /// The components in the colour's own space, where those can be painted; nothing where the converted ones are wanted.
-std::optional<Painted> ownComponents(const ArchivedObject& record)
+std::optional<Painted> ownComponents(LenientDecoder& record)
 {
-    const auto text = bytes(record, "NSComponents");
-    const auto colorSpace = text.empty() ? std::nullopt : object(record, "NSCustomColorSpace", "NSColorSpace");
+    const auto text = record.bytes("NSComponents");
+    auto colorSpace = text.empty() ? std::nullopt : record.object("NSCustomColorSpace", "NSColorSpace");
     if (!colorSpace)
         return std::nullopt;
-    const auto space = paintableSpace(integer(*colorSpace, "NSID"), integer(*colorSpace, "NSSpaceID"));
+    const auto space = paintableSpace(colorSpace->integer("NSID"), colorSpace->integer("NSSpaceID"));
     if (!space)
         return std::nullopt;
     return Painted{*space, ComponentText::parse(text, componentCount(*space))};
 }
 
-Painted paintedComponents(const ArchivedObject& record)
+Painted paintedComponents(LenientDecoder& record)
 {
-    const auto space = spaceOf(integer(record, "NSColorSpace"));
+    const auto space = spaceOf(record.integer("NSColorSpace"));
     if (!space)
         return {};
     if (const auto own = ownComponents(record))
         return *own;
-    const auto text = bytes(record, plainColorForm(*space).componentKey);
+    const auto text = record.bytes(plainColorForm(*space).componentKey);
     return {*space, ComponentText::parse(text, componentCount(*space))};
 }
 
 /// Whether the archiver would write just this record for these components: three keys (with $class), the same text.
-bool isPlain(const ArchivedObject& record, const Painted& painted)
+bool isPlain(LenientDecoder& coder, const Painted& painted)
 {
     const PlainColorForm plain = plainColorForm(painted.space);
+    const ArchivedObject& record = coder.record();
     if (record.entry().size() != 3 || record.className() != "NSColor" ||
-        integer(record, "NSColorSpace") != plain.colorSpace)
+        coder.integer("NSColorSpace") != plain.colorSpace)
         return false;
-    const auto archived = bytes(record, plain.componentKey);
+    const auto archived = coder.bytes(plain.componentKey);
     const std::string text = painted.numbers.format(componentCount(painted.space));
     return std::equal(archived.begin(), archived.end(), text.begin(), text.end());
 }
@@ -149,11 +164,11 @@ PlainColorForm plainColorForm(Color::Space space)
 
 ColorRef readColor(const ArchivedObject& record)
 {
-    const auto source = paintedRecord(record);
+    auto source = paintedRecord(record);
     const Painted painted = source ? paintedComponents(*source) : Painted();
-    const bool isItself = source && source->id() == record.id();
+    const bool isItself = source && source->record().id() == record.id();
     return std::make_shared<const Color>(painted.space, painted.numbers.components, painted.numbers.alpha,
-                                         isItself && isPlain(record, painted) ? nullptr : record.archivedForm());
+                                         isItself && isPlain(*source, painted) ? nullptr : record.archivedForm());
 }
 
 } // namespace wallgrid

@@ -35,9 +35,11 @@ public:
     ColorRef decodeColor(std::string_view key);
     /// See ArchivedUrls for a location that is not read as it stands.
     UrlRef decodeUrl(std::string_view key);
-    std::vector<std::uint8_t> decodeData(std::string_view key);
+    Bytes decodeData(std::string_view key);
 
     const std::optional<Error>& error() const { return m_error; }
+    /// Goes on reading, for a record of which as much as possible is wanted.
+    void clearError() { m_error.reset(); }
 
 private:
     /// Nothing also after a failure.
