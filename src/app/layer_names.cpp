@@ -28,10 +28,7 @@ private:
 
 std::u16string startOf(const std::u16string& name)
 {
-    std::u16string start = name.substr(0, kLongestStart);
-    if (start.size() < name.size() && isHighSurrogate(start.back()))
-        start.pop_back();
-    return start + u' ';
+    return std::u16string(startOfText(name, kLongestStart)) + u' ';
 }
 
 /// A name in front of the number that it ends with, and that number.

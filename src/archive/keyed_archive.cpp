@@ -17,7 +17,7 @@ KeyedArchive::KeyedArchive(std::shared_ptr<const PropertyList> list, const Plist
 {
 }
 
-Expected<std::shared_ptr<const KeyedArchive>> KeyedArchive::open(std::vector<std::uint8_t> bytes)
+Expected<std::shared_ptr<const KeyedArchive>> KeyedArchive::open(Bytes bytes)
 {
     auto list = PropertyList::open(std::move(bytes));
     if (!list)

@@ -14,7 +14,7 @@ class KeyedArchive {
 public:
     /// Fails when the bytes are no sound property list, or not one of a keyed archive with one root object. Entries are
     /// not looked at yet.
-    static Expected<std::shared_ptr<const KeyedArchive>> open(std::vector<std::uint8_t> bytes);
+    static Expected<std::shared_ptr<const KeyedArchive>> open(Bytes bytes);
 
     std::uint32_t root() const { return m_root; }
     /// The names of the root and of what else the archive names, with references to them.

@@ -15,7 +15,7 @@ KeyedArchiver::KeyedArchiver()
     m_objects.push_back(m_writer.string("$null"));
 }
 
-std::vector<std::uint8_t> KeyedArchiver::archivedDataWithRootObject(const ArchiveValue& root, const NamedValues& beside)
+Bytes KeyedArchiver::archivedDataWithRootObject(const ArchiveValue& root, const NamedValues& beside)
 {
     KeyedArchiver archiver;
     Record names;
@@ -25,7 +25,7 @@ std::vector<std::uint8_t> KeyedArchiver::archivedDataWithRootObject(const Archiv
     return archiver.finish(std::move(names));
 }
 
-std::vector<std::uint8_t> KeyedArchiver::finish(Record names)
+Bytes KeyedArchiver::finish(Record names)
 {
     Record top;
     set(top, "$version", m_writer.integer(100000));
@@ -183,7 +183,7 @@ void KeyedArchiver::encodeObject(const UrlRef& url, std::string_view key)
     set(m_record, key, m_writer.uid(add(url)));
 }
 
-void KeyedArchiver::encodeObject(const std::vector<std::uint8_t>& data, std::string_view key)
+void KeyedArchiver::encodeObject(const Bytes& data, std::string_view key)
 {
     const Uid uid = newEntry();
     Record record;

@@ -3,6 +3,7 @@
 
 #include "archive/archive_copier.h"
 #include "archive/keyed_coding.h"
+#include "base/byte_buffer.h"
 #include "base/string_ref.h"
 #include "base/url.h"
 #include "graphics/color.h"
@@ -16,8 +17,7 @@ namespace wallgrid {
 class KeyedArchiver {
 public:
     /// The same values give the same bytes.
-    static std::vector<std::uint8_t> archivedDataWithRootObject(const ArchiveValue& root,
-                                                                const NamedValues& beside = {});
+    static Bytes archivedDataWithRootObject(const ArchiveValue& root, const NamedValues& beside = {});
 
     // For encodeWithCoder() of the object being written. Keys are ASCII, differ, and do not start with '$'.
     void encodeInt(std::int32_t value, std::string_view key);
@@ -26,7 +26,7 @@ public:
     void encodeObject(const StringRef& string, std::string_view key);
     void encodeObject(const ColorRef& color, std::string_view key);
     void encodeObject(const UrlRef& url, std::string_view key);
-    void encodeObject(const std::vector<std::uint8_t>& data, std::string_view key);
+    void encodeObject(const Bytes& data, std::string_view key);
 
 private:
     using Ref = PropertyListWriter::Ref;
@@ -53,7 +53,7 @@ private:
     void set(Record& record, std::string_view key, Ref value);
     /// Puts a finished record in its entry; `classes` from its class up to NSObject.
     void finish(Uid uid, Record& record, std::initializer_list<std::string_view> classes);
-    std::vector<std::uint8_t> finish(Record names);
+    Bytes finish(Record names);
 
     PropertyListWriter m_writer;
     std::vector<Ref> m_objects;

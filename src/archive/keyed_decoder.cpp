@@ -90,7 +90,7 @@ std::optional<ArchivedObject> KeyedDecoder::decodeObject(std::string_view key)
     return uid && *uid != 0 ? std::optional(ArchivedObject(m_record.m_reader, *uid)) : std::nullopt;
 }
 
-std::vector<std::uint8_t> KeyedDecoder::decodeData(std::string_view key)
+Bytes KeyedDecoder::decodeData(std::string_view key)
 {
     const auto object = decodeObject(key);
     if (!object)

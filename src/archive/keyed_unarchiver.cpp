@@ -105,7 +105,7 @@ Expected<std::int32_t> ArchivedObject::intValue() const
     }
 }
 
-Expected<ArchivedObject> KeyedUnarchiver::rootObject(std::vector<std::uint8_t> data)
+Expected<ArchivedObject> KeyedUnarchiver::rootObject(Bytes data)
 {
     auto archive = KeyedArchive::open(std::move(data));
     if (!archive)

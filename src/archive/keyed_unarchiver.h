@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "base/byte_buffer.h"
 #include "base/error.h"
 #include "graphics/color.h"
 
@@ -60,7 +61,7 @@ private:
 class KeyedUnarchiver {
 public:
     /// Checks the container as a whole; the objects in it are checked when they are read.
-    static Expected<ArchivedObject> rootObject(std::vector<std::uint8_t> data);
+    static Expected<ArchivedObject> rootObject(Bytes data);
 };
 
 } // namespace wallgrid

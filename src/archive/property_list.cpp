@@ -15,12 +15,12 @@ constexpr std::uint64_t kTrailerSize = 32;
 
 } // namespace
 
-PropertyList::PropertyList(std::vector<std::uint8_t> bytes)
+PropertyList::PropertyList(Bytes bytes)
     : m_bytes(std::move(bytes))
 {
 }
 
-Expected<std::shared_ptr<const PropertyList>> PropertyList::open(std::vector<std::uint8_t> bytes)
+Expected<std::shared_ptr<const PropertyList>> PropertyList::open(Bytes bytes)
 {
     if (!std::equal(kMagic.begin(), kMagic.end(), bytes.begin(),
                     bytes.begin() + static_cast<std::ptrdiff_t>(std::min(bytes.size(), kMagic.size()))))
@@ -66,7 +66,7 @@ Expected<void> PropertyList::readTrailer()
 Expected<void> PropertyList::checkObjects() const
 {
     // Objects that share bytes could make a small file mean any amount of work, so each byte has one owner.
-    std::vector<std::uint8_t> isTaken(static_cast<std::size_t>(m_offsetTable), 0);
+    Bytes isTaken(static_cast<std::size_t>(m_offsetTable), 0);
     for (std::uint32_t i = 0; i < m_count; ++i) {
         const std::uint64_t start = position(i);
         if (start < kMagic.size() || start >= m_offsetTable)

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "base/byte_buffer.h"
 #include "base/error.h"
 
 #include <bit>
@@ -92,7 +93,7 @@ private:
 class PropertyList {
 public:
     /// Fails on anything that is not a sound property list of less than 4 GiB.
-    static Expected<std::shared_ptr<const PropertyList>> open(std::vector<std::uint8_t> bytes);
+    static Expected<std::shared_ptr<const PropertyList>> open(Bytes bytes);
 
     PropertyList(const PropertyList&) = delete;
     PropertyList& operator=(const PropertyList&) = delete;
@@ -105,7 +106,7 @@ private:
     friend class PlistObject;
     using Header = PlistObject::Header;
 
-    explicit PropertyList(std::vector<std::uint8_t> bytes);
+    explicit PropertyList(Bytes bytes);
     Expected<void> readTrailer();
     Expected<void> checkObjects() const;
     /// What is wrong with the object at a position; nullptr and its header when nothing is.
@@ -129,7 +130,7 @@ private:
         return number >> (64 - 8 * width);
     }
 
-    std::vector<std::uint8_t> m_bytes;
+    Bytes m_bytes;
     std::uint64_t m_offsetTable = 0;
     unsigned m_offsetWidth = 0;
     unsigned m_referenceWidth = 0;

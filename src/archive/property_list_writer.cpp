@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "archive/property_list_writer.h"
 
+#include "base/big_endian.h"
+
 #include <algorithm>
 #include <limits>
 #include <utility>
@@ -13,14 +15,6 @@ namespace {
 unsigned widthOf(std::uint64_t number)
 {
     return number <= 0xFF ? 1 : number <= 0xFFFF ? 2 : number <= 0xFFFFFFFF ? 4 : 8;
-}
-
-/// To a string or a vector of bytes.
-void appendBigEndian(auto& bytes, std::uint64_t number, unsigned width)
-{
-    using Byte = typename std::remove_reference_t<decltype(bytes)>::value_type;
-    for (unsigned shift = width * 8; shift > 0; shift -= 8)
-        bytes.push_back(static_cast<Byte>(number >> (shift - 8)));
 }
 
 /// 1, 2 and 4 bytes are unsigned, so a negative number takes 8.
@@ -123,7 +117,7 @@ PropertyListWriter::Ref PropertyListWriter::dictionary(std::vector<Ref> keys, co
     return container(0xD0, size, std::move(keys));
 }
 
-std::vector<std::uint8_t> PropertyListWriter::write(Ref top) const
+Bytes PropertyListWriter::write(Ref top) const
 {
     constexpr Ref kUnseen = std::numeric_limits<Ref>::max();
     std::vector<Ref> numbers(m_objects.size(), kUnseen); // place in the file, by Ref
@@ -141,7 +135,7 @@ std::vector<std::uint8_t> PropertyListWriter::write(Ref top) const
     }
 
     constexpr std::string_view kMagic = "bplist00";
-    std::vector<std::uint8_t> file(kMagic.begin(), kMagic.end());
+    Bytes file(kMagic.begin(), kMagic.end());
     const unsigned referenceWidth = widthOf(order.size());
     std::vector<std::uint64_t> offsets;
     offsets.reserve(order.size());

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "base/byte_buffer.h"
+
 #include <cstdint>
 #include <deque>
 #include <span>
@@ -33,7 +35,7 @@ public:
 
     /// The file: `top` and everything that it leads to. Each object stands after the first that refers to it, keys
     /// before values, values depth first.
-    std::vector<std::uint8_t> write(Ref top) const;
+    Bytes write(Ref top) const;
 
 private:
     /// What an object is in the file: its bytes (of a container only marker and count), then its references.

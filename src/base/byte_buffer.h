@@ -63,7 +63,9 @@ public:
     bool operator==(const PageAllocator&) const { return true; }
 };
 
-/// Bytes in any number.
+using Bytes = std::vector<std::uint8_t>;
+
+/// Bytes of a file that may become hundreds of megabytes, as it is made.
 using ByteBuffer = std::vector<std::uint8_t, PageAllocator<std::uint8_t>>;
 
 /// Adds `count` undefined bytes and returns where they begin.

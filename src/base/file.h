@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "base/byte_buffer.h"
 #include "base/byte_sink.h"
 #include "base/error.h"
 #include "base/progress.h"
@@ -11,11 +12,8 @@
 #include <span>
 #include <string>
 #include <utility>
-#include <vector>
 
 namespace wallgrid {
-
-using Bytes = std::vector<std::uint8_t>;
 
 /// The whole of a regular file. Devices, FIFOs and folders are refused without being opened, files above 1 GiB
 /// without being read.

@@ -21,8 +21,7 @@ std::string shortened(std::u16string_view name)
 {
     if (name.size() <= kLongestName)
         return toUtf8(name);
-    const bool splitsPair = isHighSurrogate(name[kLongestName - 1]);
-    return toUtf8(name.substr(0, kLongestName - splitsPair)) + "\u2026";
+    return toUtf8(startOfText(name, kLongestName)) + "\u2026";
 }
 
 /// A name on one line of a terminal: control characters could move the cursor or forge other lines.

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "png/png_encoder.h"
 
+#include "base/big_endian.h"
 #include "png/run_deflater.h"
 
 #include <algorithm>
@@ -13,8 +14,6 @@
 namespace wallgrid {
 
 namespace {
-
-using Bytes = std::vector<std::uint8_t>;
 
 /// PNG filter type 2: each byte less the byte above it. A map's rows mostly repeat, and so become zeros.
 constexpr std::uint8_t kFilterUp = 2;
@@ -31,19 +30,13 @@ struct Rgba {
     std::uint8_t r, g, b, a;
 };
 
-void append32(Bytes& out, std::size_t value)
-{
-    for (const int shift : {24, 16, 8, 0})
-        out.push_back(static_cast<std::uint8_t>(value >> shift));
-}
-
 void appendChunk(Bytes& out, std::string_view type, std::span<const std::uint8_t> data)
 {
-    append32(out, data.size());
+    appendBigEndian(out, data.size(), 4);
     const std::size_t start = out.size();
     out.insert(out.end(), type.begin(), type.end());
     out.insert(out.end(), data.begin(), data.end());
-    append32(out, libdeflate_crc32(0, out.data() + start, out.size() - start)); // of type and data
+    appendBigEndian(out, libdeflate_crc32(0, out.data() + start, out.size() - start), 4); // of type and data
 }
 
 std::uint8_t straight(unsigned sample, unsigned alpha)
@@ -111,8 +104,8 @@ private:
 Expected<Bytes> encodePng(const Bitmap& bitmap, const Report& report)
 try {
     Bytes header;
-    append32(header, static_cast<std::size_t>(bitmap.width()));
-    append32(header, static_cast<std::size_t>(bitmap.height()));
+    appendBigEndian(header, static_cast<std::size_t>(bitmap.width()), 4);
+    appendBigEndian(header, static_cast<std::size_t>(bitmap.height()), 4);
     // bit depth 8, colour type 6 (truecolour with alpha), compression 0 (deflate), filters 0, interlace 0 (none)
     header.insert(header.end(), {8, 6, 0, 0, 0});
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "png/run_deflater.h"
 
+#include "base/big_endian.h"
 #include "base/portable.h"
 
 #include <algorithm>
@@ -326,8 +327,7 @@ void RunDeflater::finish()
     writer.put(0, 7);
     writer.put(0, (8 - writer.count()) % 8);
     m_output.insert(m_output.end(), last.data(), writer.end());
-    for (const int shift : {24, 16, 8, 0})
-        m_output.push_back(static_cast<std::uint8_t>(m_checksum >> shift));
+    appendBigEndian(m_output, m_checksum, 4);
 }
 
 } // namespace wallgrid

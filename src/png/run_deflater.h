@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "base/byte_buffer.h"
+
 #include <cstddef>
 #include <cstdint>
 #include <span>
@@ -25,7 +27,7 @@ public:
     void finish();
 
     /// What is finished so far and was not taken yet. Blocks end at no particular byte.
-    std::vector<std::uint8_t>& output() { return m_output; }
+    Bytes& output() { return m_output; }
 
 private:
     /// A group so many times; or, without a count, the lowest byte alone.
@@ -38,7 +40,7 @@ private:
     void writeBlock();
 
     std::vector<Run> m_runs;
-    std::vector<std::uint8_t> m_output;
+    Bytes m_output;
     std::uint64_t m_bits = 0; ///< the last byte, as far as it is known
     unsigned m_bitCount = 0;
     std::uint32_t m_checksum;

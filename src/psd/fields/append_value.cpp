@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "psd/fields/append_value.h"
 
-#include <array>
+#include "base/big_endian.h"
+
 #include <cstddef>
 #include <stdexcept>
 
@@ -24,10 +25,7 @@ void kpAppendValue(ByteBuffer& buffer, std::int64_t value, std::int32_t length)
 {
     if (length < 0 || length > kWidest)
         throw std::invalid_argument("kpAppendValue: an integer has 0 to 8 bytes");
-    std::array<std::uint8_t, kWidest> bytes;
-    for (std::int32_t i = 0; i < length; ++i)
-        bytes[static_cast<std::size_t>(i)] = static_cast<std::uint8_t>(value >> 8 * (length - 1 - i));
-    buffer.insert(buffer.end(), bytes.begin(), bytes.begin() + length);
+    appendBigEndian(buffer, static_cast<std::uint64_t>(value), static_cast<unsigned>(length));
 }
 
 void kpAppendUTF8String(ByteBuffer& buffer, std::string_view text, std::int32_t /*length*/)

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "base/big_endian.h"
 #include "base/unicode.h"
 #include "psd/fields/append_value.h"
 #include "psd/fields/pascal_string.h"
@@ -18,14 +19,6 @@ constexpr std::size_t kChannelId = 2;
 constexpr std::size_t kChannelEntry = kChannelId + 4;
 
 constexpr std::size_t kLongestName = 255;
-
-std::u16string shortened(const std::u16string& name)
-{
-    if (name.size() <= kLongestName)
-        return name;
-    const bool splitsPair = isHighSurrogate(name[kLongestName - 1]) && isLowSurrogate(name[kLongestName]);
-    return name.substr(0, splitsPair ? kLongestName - 1 : kLongestName);
-}
 
 } // namespace
 
@@ -87,7 +80,7 @@ ByteBuffer KPPSDLayer::extraLayerInformation() const
 
 void KPPSDLayer::writeNameOn(ByteBuffer& buffer, std::int32_t padding) const
 {
-    const std::u16string name = shortened(writtenName());
+    const std::u16string name(startOfText(writtenName(), kLongestName));
     // The blank stands for the length byte, so that the two together fill a multiple of the padding.
     const std::u16string padded = name + u' ';
     const std::string bytes = kpPascalStringPaddedTo(padded, padding);
@@ -102,11 +95,8 @@ void KPPSDLayer::writeUnicodeNameOn(ByteBuffer& buffer) const
     appendSignedKey(buffer, "luni");
     kpAppendValue(buffer, static_cast<std::int64_t>(4 + 2 * name.size()), 4);
     kpAppendValue(buffer, static_cast<std::int64_t>(name.size()), 4);
-    std::uint8_t* out = extend(buffer, 2 * name.size());
-    for (const char16_t unit : name) {
-        *out++ = static_cast<std::uint8_t>(unit >> 8);
-        *out++ = static_cast<std::uint8_t>(unit);
-    }
+    for (const char16_t unit : name)
+        appendBigEndian(buffer, unit, 2);
 }
 
 } // namespace wallgrid

@@ -1,21 +1,21 @@
 // SPDX-License-Identifier: MIT
 #include "ui/base/shown_text.h"
 
+#include "base/unicode.h"
+
 namespace wallgrid {
 
 QString shownText(QStringView text, qsizetype limit)
 {
-    const bool whole = text.size() <= limit;
-    QStringView start = whole ? text : text.first(limit);
-    if (!whole && start.back().isHighSurrogate())
-        start.chop(1);
-    QString line = start.toString();
+    const auto start =
+        startOfText({text.utf16(), static_cast<std::size_t>(text.size())}, static_cast<std::size_t>(limit));
+    QString line = text.first(static_cast<qsizetype>(start.size())).toString();
     for (QChar& unit : line) {
         if (unit.category() == QChar::Other_Control || unit == QChar::LineSeparator ||
             unit == QChar::ParagraphSeparator)
             unit = u' ';
     }
-    return whole ? line : line + u'…';
+    return line.size() < text.size() ? line + u'…' : line;
 }
 
 QString shownText(const StringRef& text, qsizetype limit)

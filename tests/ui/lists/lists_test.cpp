@@ -108,13 +108,11 @@ private slots:
         program.insert(makeScreen(u"two\nlines & <b>"), 1);
         program.insert(makeScreen(u""), 2);
         program.insert(program.delegate().arraycontroller().arrangedObjects()[0], 3);  // once more
-        program.insert(makeScreen(std::u16string().assign(10'000'000, u'\xd83d')), 4); // high surrogates only
+        const QString faces = "x" + QStringLiteral(u"\U0001F600").repeated(5'000'000); // the limit falls within a pair
+        program.insert(makeScreen(faces.toStdU16String()), 4);
         program.settle();
         QStringList shown{"C", "two lines & <b>", "(no name)", "C", "", "B", "A"};
-        const QString monster = program.cell(4, nameColumn).toString();
-        QVERIFY2(monster.size() <= 201 && monster.endsWith(u'…'), qPrintable(QString::number(monster.size())));
-        QVERIFY(!monster.at(monster.size() - 2).isHighSurrogate() || monster.size() < 201);
-        shown[4] = monster;
+        shown[4] = faces.first(199) + u'…';
         QCOMPARE(program.shownNames(), shown);
         QVERIFY(!(program.table.model()->flags(program.table.model()->index(4, nameColumn)) & Qt::ItemIsEditable));
 
