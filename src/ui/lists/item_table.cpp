@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "ui/lists/item_table.h"
 
+#include "ui/lists/mark_delegate.h"
+
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QLineEdit>
@@ -17,7 +19,14 @@ constexpr int kRowPadding = 6;
 
 int widthOf(ItemTableModel::Column column)
 {
-    return column == ItemTableModel::Column::Visible ? 28 : ItemTableModel::thumbnailSize().width() + 8;
+    switch (column) {
+    case ItemTableModel::Column::Visible:
+        return 28;
+    case ItemTableModel::Column::Mark:
+        return 2 * MarkDelegate::kPitch + 2;
+    default:
+        return ItemTableModel::thumbnailSize().width() + 8;
+    }
 }
 
 class NameDelegate final : public QStyledItemDelegate {
@@ -82,6 +91,13 @@ ItemTable::ItemTable(GXAppDelegate::ItemController& controller, std::vector<Item
     for (std::size_t i = 0; i < columns.size(); ++i) {
         const int section = static_cast<int>(i);
         const bool name = columns[i] == ItemTableModel::Column::Name;
+        if (name)
+            m_nameColumn = section;
+        if (columns[i] == ItemTableModel::Column::Mark) {
+            m_markColumn = section;
+            setItemDelegateForColumn(section, new MarkDelegate(m_model, this));
+            setColumnHidden(section, true);
+        }
         horizontalHeader()->setSectionResizeMode(section, name ? QHeaderView::Stretch : QHeaderView::Fixed);
         if (!name)
             setColumnWidth(section, widthOf(columns[i]));
@@ -100,6 +116,13 @@ void ItemTable::synchronize()
     m_model.synchronize();
     verticalScrollBar()->setValue(scrolled);
     showSelection();
+}
+
+void ItemTable::setMarked(ItemTableModel::Mark mark, const ItemTableModel::Rows& rows)
+{
+    m_model.setMarked(mark, rows);
+    if (m_markColumn)
+        setColumnHidden(*m_markColumn, !m_model.hasMarks());
 }
 
 void ItemTable::showSelection()
@@ -177,8 +200,7 @@ void ItemTable::renameSelection()
     const auto row = selectedRow();
     if (!row || state() == EditingState)
         return;
-    const int nameColumn = m_model.columnCount() - 1;
-    const QModelIndex name = m_model.index(static_cast<int>(*row), nameColumn);
+    const QModelIndex name = m_model.index(static_cast<int>(*row), m_nameColumn);
     if (m_model.flags(name) & Qt::ItemIsEditable) {
         scrollTo(name);
         edit(name);

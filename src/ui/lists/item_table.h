@@ -28,6 +28,8 @@ public:
     std::optional<std::size_t> selectedRow() override;
     void noteNumberOfRowsChanged() override { m_reload.schedule(); }
     void reloadData() override { m_reload.schedule(); }
+    /// Puts a mark on these rows and takes it from all others.
+    void setMarked(ItemTableModel::Mark mark, const ItemTableModel::Rows& rows);
     const QStringList& draggedTypes() const { return m_draggedTypes; }
 
     enum class Direction {
@@ -77,6 +79,8 @@ private:
 
     GXAppDelegate::ItemController& m_controller;
     ItemTableModel m_model;
+    int m_nameColumn = 0;
+    std::optional<int> m_markColumn; // hidden while no row has a mark
     Deferred m_reload;
     std::array<Registration, 2> m_observations;
     bool m_synchronizing = false;

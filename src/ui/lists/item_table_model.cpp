@@ -11,6 +11,7 @@
 #include <QPainter>
 #include <QPalette>
 #include <QStyle>
+#include <algorithm>
 #include <utility>
 
 namespace wallgrid {
@@ -89,6 +90,21 @@ void ItemTableModel::synchronize()
     }
 }
 
+void ItemTableModel::setMarked(Mark mark, Rows rows)
+{
+    Rows& marked = m_marked.at(std::size_t(mark));
+    if (marked == rows)
+        return;
+    marked = std::move(rows);
+    if (rowCount() > 0)
+        emit dataChanged(index(0, 0), index(rowCount() - 1, columnCount() - 1));
+}
+
+bool ItemTableModel::hasMarks() const
+{
+    return std::any_of(m_marked.begin(), m_marked.end(), [](const Rows& rows) { return !rows.empty(); });
+}
+
 int ItemTableModel::rowCount(const QModelIndex& parent) const
 {
     return parent.isValid() ? 0 : static_cast<int>(m_items.size());
@@ -110,6 +126,8 @@ QVariant ItemTableModel::headerData(int section, Qt::Orientation orientation, in
         return tr("Picture");
     case Column::Name:
         return tr("Name");
+    case Column::Mark:
+        return tr("Remarks");
     }
     return {};
 }
@@ -124,6 +142,7 @@ Qt::ItemFlags ItemTableModel::flags(const QModelIndex& index) const
     case Column::Visible:
         return flags | Qt::ItemIsUserCheckable;
     case Column::Thumbnail:
+    case Column::Mark:
         return flags;
     case Column::Name:
         return viewOf(itemOf(index).label()).size() <= kLongestEditableName ? flags | Qt::ItemIsEditable : flags;
@@ -147,6 +166,8 @@ QVariant ItemTableModel::data(const QModelIndex& index, int role) const
         return thumbnailData(item, role);
     case Column::Name:
         return nameData(item, role);
+    case Column::Mark:
+        return markData(index.row(), role);
     }
     return {};
 }
@@ -183,6 +204,18 @@ QVariant ItemTableModel::nameData(const GXItem& item, int role) const
     default:
         return {};
     }
+}
+
+QVariant ItemTableModel::markData(int row, int role) const
+{
+    if (role != Qt::ToolTipRole && role != Qt::AccessibleTextRole)
+        return {};
+    QStringList texts;
+    if (isMarked(Mark::Overlaps, row))
+        texts.append(tr("Overlaps another layer."));
+    if (isMarked(Mark::Outside, row))
+        texts.append(tr("Lies outside the output, or reaches over its edge."));
+    return texts.isEmpty() ? QVariant() : texts.join(u' ');
 }
 
 QIcon ItemTableModel::thumbnailOf(const GXItem& item) const

@@ -6,6 +6,7 @@
 #include <QAbstractTableModel>
 #include <QCache>
 #include <QIcon>
+#include <array>
 #include <vector>
 
 namespace wallgrid {
@@ -20,13 +21,23 @@ public:
         Visible,
         Thumbnail,
         Name,
+        Mark, ///< which marks the row has
     };
+    enum class Mark {
+        Overlaps,
+        Outside,
+    };
+    using Rows = GXAppDelegate::ItemController::Indexes;
 
     ItemTableModel(const GXAppDelegate::ItemController& controller, std::vector<Column> columns,
                    QObject* parent = nullptr);
 
     /// Takes over the controller's list and the present state of its items.
     void synchronize();
+    /// Puts a mark on these rows and takes it from all others.
+    void setMarked(Mark mark, Rows rows);
+    bool isMarked(Mark mark, int row) const { return m_marked.at(std::size_t(mark)).contains(std::size_t(row)); }
+    bool hasMarks() const;
 
     int rowCount(const QModelIndex& parent = {}) const override;
     int columnCount(const QModelIndex& parent = {}) const override;
@@ -48,11 +59,13 @@ private:
     const GXItem& itemOf(const QModelIndex& index) const { return *m_items[static_cast<std::size_t>(index.row())]; }
     QVariant thumbnailData(const GXItem& item, int role) const;
     QVariant nameData(const GXItem& item, int role) const;
+    QVariant markData(int row, int role) const;
     QIcon thumbnailOf(const GXItem& item) const;
 
     const GXAppDelegate::ItemController& m_controller;
     const std::vector<Column> m_columns;
     ItemArray m_items;
+    std::array<Rows, 2> m_marked; // by mark
     mutable QCache<const Image*, CachedThumbnail> m_thumbnails;
 };
 

@@ -132,7 +132,8 @@ void MainWindow::makeEditActions()
 
 QWidget* MainWindow::makeLists()
 {
-    m_table = new ItemTable(m_delegate.arraycontroller(), {Column::Visible, Column::Thumbnail, Column::Name});
+    m_table =
+        new ItemTable(m_delegate.arraycontroller(), {Column::Visible, Column::Thumbnail, Column::Name, Column::Mark});
     m_table->setObjectName("mainTView");
     m_table->setAccessibleName(tr("Layers"));
     m_ptable = new ItemTable(m_delegate.presetarraycontroller(), {Column::Thumbnail, Column::Name});
@@ -208,8 +209,8 @@ void MainWindow::makeStatusBar()
     m_outputReport->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred); // it must not widen the window
     m_outputReport->setAccessibleName(tr("Output Preview"));
     statusBar()->addWidget(m_outputReport, 1);
-    for (LayerReport report : {&overlappingLayers, &outsideLayers})
-        statusBar()->addPermanentWidget(makeReportButton(report));
+    statusBar()->addPermanentWidget(makeReportButton(&overlappingLayers, ItemTableModel::Mark::Overlaps));
+    statusBar()->addPermanentWidget(makeReportButton(&outsideLayers, ItemTableModel::Mark::Outside));
     for (QLabel** label : {&m_itemCount, &m_outputSize}) {
         *label = new QLabel(this);
         (*label)->setContentsMargins(8, 0, 8, 0);
@@ -227,7 +228,7 @@ void MainWindow::makeStatusBar()
     m_status.schedule();
 }
 
-QWidget* MainWindow::makeReportButton(LayerReport report)
+QWidget* MainWindow::makeReportButton(LayerReport report, ItemTableModel::Mark mark)
 {
     auto* button = new QToolButton(this);
     button->setAutoRaise(true);
@@ -236,10 +237,11 @@ QWidget* MainWindow::makeReportButton(LayerReport report)
     button->hide();
     connect(button, &QToolButton::clicked, this,
             [this, report] { m_delegate.arraycontroller().setSelectionIndexes(report(m_delegate).rows); });
-    m_refreshReports.emplace_back([this, button, report] {
-        const QString text = report(m_delegate).text;
+    m_refreshReports.emplace_back([this, button, report, mark] {
+        const auto [text, rows] = report(m_delegate);
         button->setText(text);
         button->setVisible(!text.isEmpty());
+        m_table->setMarked(mark, rows);
     });
     return button;
 }

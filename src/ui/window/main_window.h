@@ -3,6 +3,7 @@
 
 #include "app/gx_app_delegate.h"
 #include "ui/base/deferred.h"
+#include "ui/lists/item_table_model.h"
 #include "ui/preview/output_preview.h"
 #include "ui/window/layer_reports.h"
 #include "ui/window/sheets.h"
@@ -68,8 +69,9 @@ private:
     QWidget* makeOutput();
     QWidget* makeFields();
     void makeStatusBar();
-    /// What a report says, as a button that selects the layers it speaks of. Hidden while there are none.
-    QWidget* makeReportButton(LayerReport report);
+    /// What a report says, as a button that selects the layers it speaks of, and as a mark on their rows. Hidden while
+    /// there are none.
+    QWidget* makeReportButton(LayerReport report, ItemTableModel::Mark mark);
     void makeFileMenu();
     void makeEditMenu();
     void makeToolBar();

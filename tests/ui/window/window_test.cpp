@@ -127,12 +127,15 @@ private slots:
     void theStatusBarCounts()
     {
         ProgramUnderTest program;
-        QVERIFY(program.find<QLabel>("1 layer"));
+        ItemTable& table = *program.window().table();
+        const auto mark = [&](int row) { return table.model()->index(row, 3).data(Qt::ToolTipRole).toString(); };
+        QVERIFY(program.find<QLabel>("1 layer") && table.isColumnHidden(3));
         program.delegate().loadProject({192, 8704, {makeScreen(u"a"), makeScreen(u"b")}});
         program.settle();
         QVERIFY(program.find<QLabel>("2 layers"));
         QVERIFY(program.find<QLabel>("Output 8704 × 192 px"));
-        QVERIFY(program.find<QToolButton>("1 pair overlaps"));
+        QVERIFY(program.find<QToolButton>("1 pair overlaps") && !table.isColumnHidden(3));
+        QCOMPARE(mark(1), QString("Overlaps another layer."));
         using Limits = std::numeric_limits<std::int32_t>;
         const std::tuple<std::size_t, std::int32_t, std::int32_t, const char*> places[]{
             {0, 8700, 188, ""}, // touches the corner from inside
@@ -148,6 +151,8 @@ private slots:
         }
         program.item(0).setVisible(false);
         program.settle();
+        QCOMPARE(mark(0), QString());
+        QCOMPARE(mark(1), QString("Lies outside the output, or reaches over its edge."));
         program.find<QToolButton>("1 layer lies outside")->click();
         QCOMPARE(program.delegate().arraycontroller().selectionIndexes(), std::set<std::size_t>{1});
     }
