@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "app/new_layers.h"
 #include "ui/fields/number_field.h"
 #include "ui/program_under_test.h"
 
@@ -61,6 +62,11 @@ public:
             history.undo();
         });
         m_actions.push_back([this] { compareWithReopened(); });
+        m_actions.push_back([this] {
+            QAction add;
+            QObject::connect(&add, &QAction::triggered, [this] { m_newLayers.addScreen(); });
+            arrange(add);
+        });
         for (const char* command : {"&Left", "&Centre", "&Middle", "&Bottom", "Distribute &Across", "Distribute &Down",
                                     "Place in Ro&ws…", "&Select All", "&Copy", "Cu&t", "&Paste", "Arra&y…"})
             m_actions.push_back([this, command] { arrange(*m_program.action(command)); });
@@ -188,6 +194,7 @@ private:
     }
 
     ProgramUnderTest& m_program;
+    NewLayers m_newLayers{m_program.delegate(), m_program.application.history()};
     QString m_folder;
     std::mt19937 m_random;
     std::vector<std::function<void()>> m_actions;

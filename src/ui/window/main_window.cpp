@@ -69,7 +69,8 @@ MainWindow::MainWindow(GXAppDelegate& delegate, UndoHistory& history, QtRecentDo
     , m_recentDocuments(recentDocuments)
     , m_outputWindow(outputWindow)
     , m_status([this] { refreshStatus(); })
-    , m_sheets(delegate, *this)
+    , m_newLayers(delegate, history)
+    , m_sheets(delegate, m_newLayers, *this)
     , m_history(history)
     , m_outputPreview(*this)
 {

@@ -89,6 +89,7 @@ private:
     QtRecentDocuments& m_recentDocuments;
     OutputWindow& m_outputWindow;
     Deferred m_status;
+    NewLayers m_newLayers;
     Sheets m_sheets;
     UndoHistory& m_history;
     OutputPreview m_outputPreview;

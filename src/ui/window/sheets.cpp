@@ -63,8 +63,9 @@ QPushButton* addChoice(QGridLayout& choices, const QString& text, const QString&
 
 } // namespace
 
-Sheets::Sheets(GXAppDelegate& delegate, QWidget& window)
+Sheets::Sheets(GXAppDelegate& delegate, NewLayers& newLayers, QWidget& window)
     : m_delegate(delegate)
+    , m_newLayers(newLayers)
     , m_window(window)
 {
 }
@@ -87,12 +88,12 @@ QDialog* Sheets::makeAddSheet()
 
     auto* screen = addChoice(*choices, tr("&Screen"), tr("A wall of LED panels"));
     screen->setDefault(true);
-    connect(screen, &QAbstractButton::clicked, this, [this] { m_delegate.AddScreen(); });
+    connect(screen, &QAbstractButton::clicked, this, [this] { m_newLayers.addScreen(); });
 
     auto* image = addChoice(*choices, tr("&Image…"), tr("A picture from a file"));
     connect(image, &QAbstractButton::clicked, this, [this] {
         emit panelAhead({tr("Add Image"), imageFilter(), {}});
-        m_delegate.AddImage();
+        m_newLayers.addImage();
     });
 
     auto* mask = addChoice(*choices, tr("&Mask"), tr("Not available"));

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "app/gx_app_delegate.h"
+#include "app/new_layers.h"
 #include "ui/desktop/qt_panels.h"
 
 #include <QObject>
@@ -15,7 +15,7 @@ class Sheets final : public QObject, public SheetLoader {
     Q_OBJECT
 
 public:
-    Sheets(GXAppDelegate& delegate, QWidget& window);
+    Sheets(GXAppDelegate& delegate, NewLayers& newLayers, QWidget& window);
 
     std::shared_ptr<Sheet> loadNibNamed(std::string_view name) override;
 
@@ -28,6 +28,7 @@ private:
     QDialog* makeAboutSheet();
 
     GXAppDelegate& m_delegate;
+    NewLayers& m_newLayers;
     QWidget& m_window;
 };
 

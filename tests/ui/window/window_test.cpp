@@ -106,6 +106,27 @@ private slots:
         QCOMPARE(program.window().statusBar()->currentMessage(), "No layer is selected.");
     }
 
+    void aNewScreenHasTheLastPanelsAndLiesBesideTheOthers()
+    {
+        ProgramUnderTest program;
+        program.activate();
+        const auto add = [&] {
+            QTest::keyClick(&program.window(), Qt::Key_N, Qt::ControlModifier | Qt::ShiftModifier);
+            QTest::keyClick(QApplication::activeModalWidget(), Qt::Key_Return);
+            program.settle();
+            return program.item(1).frame();
+        };
+        QCOMPARE(add(), (PixelRect{312, 0, 312, 312}));
+        type(program.find<QWidget>("Panel-H"), "150");
+        type(program.find<QWidget>("Panel-V"), "100");
+        QCOMPARE(add(), (PixelRect{912, 0, 600, 400}));
+        QCOMPARE(add(), (PixelRect{0, 400, 600, 400}));
+        type(program.find<QWidget>("Panel-H"), "500");
+        QCOMPARE(add(), (PixelRect{0, 0, 2000, 400})); // as nowhere is room for it
+        program.application.history().undo();
+        QCOMPARE(program.layers().size(), 4);
+    }
+
     void layersGoThroughTheClipboard()
     {
         ProgramUnderTest program;
