@@ -5,7 +5,21 @@
 #include "app/free_place.h"
 #include "items/gx_screen.h"
 
+#include <algorithm>
+#include <utility>
+
 namespace wallgrid {
+
+namespace {
+
+/// The left or top edge of what has its middle at a place, moved so that it lies in the output or covers it.
+std::int64_t nearEdge(std::int64_t middle, std::int64_t length, std::int64_t output)
+{
+    const std::int64_t room = output - length;
+    return std::clamp(middle - length / 2, std::min<std::int64_t>(room, 0), std::max<std::int64_t>(room, 0));
+}
+
+} // namespace
 
 NewLayers::NewLayers(GXAppDelegate& delegate, UndoHistory& history)
     : m_delegate(delegate)
@@ -16,28 +30,42 @@ NewLayers::NewLayers(GXAppDelegate& delegate, UndoHistory& history)
 
 void NewLayers::addScreen()
 {
-    add(&GXAppDelegate::AddScreen, [this](GXItem& screen) {
-        if (m_lastPanel) {
-            screen.setPanelWidth(m_lastPanel->width);
-            screen.setPanelHeight(m_lastPanel->height);
-        }
-        placeFreely(screen);
-    });
+    add([this] { m_delegate.AddScreen(); },
+        [this](GXItem& screen) {
+            if (m_lastPanel) {
+                screen.setPanelWidth(m_lastPanel->width);
+                screen.setPanelHeight(m_lastPanel->height);
+            }
+            placeFreely(screen);
+        });
 }
 
 void NewLayers::addImage()
 {
-    add(&GXAppDelegate::AddImage, [this](GXItem& still) { placeFreely(still); });
+    add([this] { m_delegate.AddImage(); }, [this](GXItem& still) { placeFreely(still); });
 }
 
-void NewLayers::add(void (GXAppDelegate::*command)(), const std::function<void(GXItem&)>& finish)
+void NewLayers::addImageAt(const UrlRef& location, StringRef name, std::optional<PixelPoint> middle)
+{
+    add([&] { m_delegate.addImageAt(location); },
+        [&](GXItem& still) {
+            still.setLabel(std::move(name));
+            if (!middle)
+                return placeFreely(still);
+            const PixelRect place = still.frame();
+            moveTo(still, {nearEdge(middle->x, place.width, m_delegate.OutputWidth()),
+                           nearEdge(middle->y, place.height, m_delegate.OutputHeight())});
+        });
+}
+
+void NewLayers::add(const std::function<void()>& command, const std::function<void(GXItem&)>& finish)
 {
     auto& layers = m_delegate.arraycontroller();
     const std::size_t count = layers.arrangedObjects().size();
     m_history.closeStep();
     const bool mayUpdate = m_delegate.shouldUpdate();
     m_delegate.setShouldUpdate(false); // a pass in between would show the layer where it does not stay
-    (m_delegate.*command)();
+    command();
     const bool added = layers.arrangedObjects().size() > count;
     if (added)
         finish(*layers.selectedObject());

@@ -3,6 +3,7 @@
 
 #include "app/gx_app_delegate.h"
 #include "app/undo_history.h"
+#include "graphics/geometry.h"
 
 #include <cstdint>
 #include <functional>
@@ -20,6 +21,9 @@ public:
     void addScreen();
     /// The image file that is chosen in a panel.
     void addImage();
+    /// An image file, named, with its middle at a point of the output as far as it then fits into the output; at a free
+    /// place when there is no point.
+    void addImageAt(const UrlRef& location, StringRef name, std::optional<PixelPoint> middle);
 
 private:
     struct PanelSize {
@@ -28,7 +32,7 @@ private:
     };
 
     /// Runs a command that may insert a layer, and finishes that layer before anything is composed.
-    void add(void (GXAppDelegate::*command)(), const std::function<void(GXItem&)>& finish);
+    void add(const std::function<void()>& command, const std::function<void(GXItem&)>& finish);
     void placeFreely(GXItem& layer);
     void noteLastStep();
 

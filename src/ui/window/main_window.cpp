@@ -100,7 +100,7 @@ MainWindow::MainWindow(GXAppDelegate& delegate, UndoHistory& history, QtRecentDo
     resize(QSize(1400, 840).boundedTo(screen()->availableSize() - kFrame));
     m_table->setFocus();
 
-    connect(new FileDrops(m_delegate, *this), &FileDrops::openWanted, this, &MainWindow::open);
+    connect(new FileDrops(m_delegate, m_newLayers, *m_miniPvw, *this), &FileDrops::openWanted, this, &MainWindow::open);
     for (QLineEdit* field : findChildren<QLineEdit*>())
         field->setAcceptDrops(false); // a file that is dropped there is meant for the window
 }

@@ -10,6 +10,7 @@
 
 #include <cmath>
 #include <limits>
+#include <sys/stat.h>
 
 using namespace wallgrid;
 
@@ -185,15 +186,21 @@ private slots:
         program.delegate().saveProject();
         program.item().setLabel(makeString(u"changed"));
         QImage(30, 20, QImage::Format_RGB32).save(program.path("logo #1.png"));
-        QVERIFY(QFile(program.path("notes.txt")).open(QIODevice::WriteOnly));
+        for (const char* name : {"notes.txt", "cut.mpr"}) {
+            QFile file(program.path(name));
+            QVERIFY(file.open(QIODevice::WriteOnly) && file.write("text") == 4);
+        }
+        QCOMPARE(::mkfifo(qPrintable(program.path("pipe.png")), 0600), 0);
+        QPoint place(5, 5);
         const auto drop = [&](const QList<QUrl>& urls) {
             QMimeData data;
+            data.setText("text");
             if (!urls.isEmpty())
                 data.setUrls(urls);
-            QDragEnterEvent enter({5, 5}, Qt::CopyAction | Qt::MoveAction, &data, Qt::LeftButton, Qt::NoModifier);
+            QDragEnterEvent enter(place, Qt::CopyAction | Qt::MoveAction, &data, Qt::LeftButton, Qt::NoModifier);
             enter.ignore();
             QCoreApplication::sendEvent(&program.window(), &enter);
-            QDropEvent event({5, 5}, Qt::CopyAction | Qt::MoveAction, &data, Qt::LeftButton, Qt::NoModifier);
+            QDropEvent event(place, Qt::CopyAction | Qt::MoveAction, &data, Qt::LeftButton, Qt::NoModifier);
             QCoreApplication::sendEvent(&program.window(), &event);
             program.settle();
             return enter.isAccepted() ? program.layers().join(", ") : "refused";
@@ -202,15 +209,24 @@ private slots:
 
         QCOMPARE(drop({}), QString("refused"));
         QCOMPARE(drop({QUrl("https://example.org/logo.png")}), QString("refused"));
-        QCOMPARE(drop({file("notes.txt")}), QString("changed"));
+        QCOMPARE(drop({file("notes.txt"), file("."), file("pipe.png"), file("gone.mpr")}), QString("refused"));
+        QCOMPARE(drop({file("cut.mpr")}), QString("changed"));
         auto* bar = program.window().findChild<MessageBar*>();
         QVERIFY(bar->isVisible());
-        QVERIFY(bar->accessibleName().endsWith("notes.txt: this is not a project"));
+        QVERIFY(bar->accessibleName().endsWith("cut.mpr: this is not a project"));
         program.find<QToolButton>("Dismiss")->click();
         QVERIFY(!bar->isVisible());
         QCOMPARE(drop({file("a wall.mpr"), file("logo #1.png")}), QString("Layer 0, "));
         const auto* still = dynamic_cast<GXStill*>(&program.item(1)); // below the first row, as the Add sheet's
         QCOMPARE(fileName(still->ImageURL()), QString("logo #1.png"));
+        const PreviewSurface& preview = *program.window().miniPvw();
+        place = preview.mapTo(&program.window(), preview.rect().center());
+        QCOMPARE(drop({file("logo #1.png")}), QString("Layer 0, logo #1, "));
+        const PixelPoint middle = program.item(1).frame().origin() + PixelPoint{15, 10};
+        QVERIFY(std::abs(middle.x - 960) < 12 && std::abs(middle.y - 540) < 12);
+        place = preview.mapTo(&program.window(), QPoint(1, 1));
+        drop({file("logo #1.png")});
+        QCOMPARE(program.item(1).frame().origin(), PixelPoint()); // as near as it lies in the output
         QVERIFY(program.panels.alerts.empty());
     }
 
