@@ -10,6 +10,7 @@
 #include "ui/recovery/recovery.h"
 #include "ui/recovery/recovery_bar.h"
 #include "ui/theme/appearance_action.h"
+#include "ui/window/window_memory.h"
 
 #include <QFile>
 #include <QFileOpenEvent>
@@ -22,7 +23,6 @@ namespace wallgrid {
 
 namespace {
 
-constexpr auto kGeometryKey = "geometry";
 constexpr auto kFolderKey = "folder";
 
 } // namespace
@@ -106,7 +106,7 @@ int runApplication(GuardedApplication& application, const std::optional<std::str
     Application program(runLoop, panels, recentDocuments);
     QObject::connect(&application, &GuardedApplication::ranOutOfMemory, &program, &Application::goOnWithoutMemory);
     MainWindow& window = program.mainWindow();
-    window.restoreGeometry(memory.value(kGeometryKey).toByteArray());
+    restoreWindow(window, memory);
     QObject::connect(&window, &MainWindow::panelAhead, &panels, &QtPanels::prepare);
     window.viewMenu()->addSeparator();
     window.viewMenu()->addAction(&appearance);
@@ -117,7 +117,7 @@ int runApplication(GuardedApplication& application, const std::optional<std::str
     }
     program.keepRecovery(folder + "/recovery");
     const int exitCode = QApplication::exec();
-    memory.setValue(kGeometryKey, window.saveGeometry());
+    rememberWindow(window, memory);
     memory.setValue(kFolderKey, panels.folder());
     return exitCode;
 }

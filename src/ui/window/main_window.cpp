@@ -80,6 +80,7 @@ MainWindow::MainWindow(GXAppDelegate& delegate, UndoHistory& history, QtRecentDo
     connect(m_layerActions, &LayerActions::messageWanted, this, &MainWindow::showMessage);
     makeToolBar();
     auto* columns = new QSplitter(Qt::Horizontal);
+    columns->setObjectName("columns");
     columns->addWidget(makeLists());
     columns->addWidget(makeOutput());
     columns->addWidget(makeFields());
@@ -157,6 +158,7 @@ QWidget* MainWindow::makeLists()
     connect(removePreset, &QAction::triggered, m_ptable, &ItemTable::removalWanted);
 
     auto* lists = new QSplitter(Qt::Vertical);
+    lists->setObjectName("lists");
     lists->addWidget(titled(tr("&Layers"), m_table, makeListBar({m_add, remove})));
     lists->addWidget(titled(tr("&Presets"), m_ptable, makeListBar({m_openPresets, m_savePresets, removePreset})));
     lists->setSizes({500, 220});

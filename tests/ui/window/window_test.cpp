@@ -7,6 +7,7 @@
 #include "ui/theme/appearance_action.h"
 #include "ui/theme/theme.h"
 #include "ui/window/message_bar.h"
+#include "ui/window/window_memory.h"
 
 #include <cmath>
 #include <limits>
@@ -368,6 +369,27 @@ private slots:
         choose("wall.PSD", QMessageBox::Yes);
         panels.prepare({"Export", "Photoshop documents (*.psd)", "psd", true});
         QCOMPARE(fileName(panels.runSavePanel()), QString("wall.PSD"));
+    }
+
+    void theLayoutIsRemembered()
+    {
+        ProgramUnderTest program;
+        QSettings memory(program.path("window.ini"), QSettings::IniFormat);
+        MainWindow& window = program.window();
+        auto* lists = window.findChild<QSplitter*>("lists");
+        window.setGeometry(30000, 20000, 700, 500); // of a display that is unplugged
+        lists->setSizes({200, 200});
+        const QList<int> sizes = lists->sizes();
+        rememberWindow(window, memory);
+        lists->setSizes({300, 100});
+        QVERIFY(lists->sizes() != sizes);
+        restoreWindow(window, memory);
+        QCOMPARE(lists->sizes(), sizes);
+        QVERIFY(window.screen()->availableGeometry().contains(window.geometry()));
+        memory.setValue("splitters/lists", QVariantList{0, "x"});
+        memory.setValue("geometry", "x");
+        restoreWindow(window, memory);
+        QCOMPARE(lists->sizes(), sizes);
     }
 
     void theAppearanceIsRememberedAndTakesEffectAtOnce()
