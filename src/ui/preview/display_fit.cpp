@@ -27,6 +27,11 @@ QString displayText(const Display& display)
     return tr("%1, %2 × %3").arg(display.name).arg(display.pixels.width()).arg(display.pixels.height());
 }
 
+bool showsExactly(const Display& display, QSize output)
+{
+    return display.scale == 1 && output.boundedTo(display.pixels) == output;
+}
+
 QString displayFit(const Display& display, QSize output)
 {
     if (output.isEmpty())

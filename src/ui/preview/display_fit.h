@@ -16,6 +16,9 @@ struct Display {
 /// "HDMI-1, 1920 × 1080"
 QString displayText(const Display& display);
 
+/// Whether the display shows all of an output of this size, pixel for pixel.
+bool showsExactly(const Display& display, QSize output);
+
 /// In words, what the display shows of an output of this size: all of it, or what is missing and why.
 QString displayFit(const Display& display, QSize output);
 

@@ -63,8 +63,10 @@ void OutputPreview::setImage(const ImageRef& image)
     m_window.setImage(image);
     const BitmapRef raster = image ? image->firstRepresentation() : nullptr;
     const QSize output = raster ? QSize(raster->width(), raster->height()) : QSize();
-    if (std::exchange(m_output, output) != output)
+    if (std::exchange(m_output, output) != output) {
+        showNote();
         emit changed();
+    }
 }
 
 QList<Display> OutputPreview::displays() const
@@ -91,8 +93,23 @@ void OutputPreview::show()
     m_shownOn = display();
     if (!m_wake)
         m_wake.emplace(tr("Output Preview"));
-    m_window.showOn(*screenNamed(m_shownOn));
+    present(*screenNamed(m_shownOn), RasterWindow::Keyboard::Take);
     emit changed();
+}
+
+void OutputPreview::present(QScreen& screen, RasterWindow::Keyboard keyboard)
+{
+    m_window.showOn(screen, keyboard);
+    showNote();
+}
+
+void OutputPreview::showNote()
+{
+    const QScreen* screen = screenNamed(m_shownOn);
+    if (!screen)
+        return;
+    const bool needed = screen == m_owner.screen() || !showsExactly(displayOf(*screen), m_output);
+    m_window.showNote(needed ? report() + '\n' + tr("Esc ends it") : QString());
 }
 
 void OutputPreview::leave()
@@ -117,7 +134,7 @@ void OutputPreview::follow(QScreen* screen)
 {
     connect(screen, &QScreen::geometryChanged, this, [this, screen] {
         if (screen->name() == m_shownOn)
-            m_window.showOn(*screen);
+            present(*screen, RasterWindow::Keyboard::Leave);
         emit changed();
     });
 }
@@ -126,7 +143,7 @@ void OutputPreview::screenAdded(QScreen* screen)
 {
     follow(screen);
     if (screen->name() == m_shownOn)
-        m_window.showOn(*screen);
+        present(*screen, RasterWindow::Keyboard::Leave);
     emit changed();
 }
 

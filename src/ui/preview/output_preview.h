@@ -48,6 +48,9 @@ private:
     void screenAdded(QScreen* screen);
     void screenRemoved(QScreen* screen);
     void follow(QScreen* screen);
+    void present(QScreen& screen, RasterWindow::Keyboard keyboard);
+    /// Says on the picture what is not exact, and how to leave a display that hides the owner.
+    void showNote();
 
     const QWidget& m_owner;
     RasterWindow m_window;

@@ -73,6 +73,12 @@ private slots:
             QCOMPARE((QSizeF(window->size()) * window->devicePixelRatioF()).toSize(), pixels);
             QCOMPARE(window->cursor().shape(), Qt::BlankCursor);
             QVERIFY(program.delegate().offscreenRep()->at(100, 50).g == 255);
+            const auto* note = window->findChild<QLabel*>();
+            QCOMPARE(note->isVisible(), name != std::string("wall")); // exact, and not where the main window is
+            if (note->isVisible())
+                QCOMPARE(note->text(), report + QString("\nEsc ends it"));
+            window->findChild<QTimer*>()->setInterval(0);
+            QTRY_VERIFY(!note->isVisible());
             QCOMPARE(wrongPixels(program, *display(name)), 0);
             QVERIFY(program.find<QLabel>(report));
 
@@ -103,7 +109,7 @@ private slots:
         QVERIFY(preview.isActive());
         QCOMPARE(preview.report(), "The display wall is gone. The Output Preview comes back with it.");
         emit qGuiApp->screenAdded(display("wall"));
-        QVERIFY(rasterWindow());
+        QVERIFY(rasterWindow()->testAttribute(Qt::WA_ShowWithoutActivating)); // the keyboard stays in the editor
         preview.leave();
         emit qGuiApp->screenAdded(display("wall"));
         QVERIFY(!rasterWindow());
