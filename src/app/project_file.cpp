@@ -56,6 +56,8 @@ bool isPicture(const Bytes& bytes)
 
 Expected<Project> readProject(Bytes bytes, const Report& report)
 {
+    if (bytes.empty())
+        return failure("the file is empty");
     if (isPicture(bytes))
         return failure("this is a picture, not a project");
     if (!startsWith(bytes, "bplist"))

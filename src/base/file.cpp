@@ -23,6 +23,8 @@ constexpr std::size_t kBytesAPiece = std::size_t{1} << 20;
 
 std::string systemMessage(int error)
 {
+    if (error == ENAMETOOLONG)
+        return "the name is too long";
     return std::generic_category().message(error);
 }
 

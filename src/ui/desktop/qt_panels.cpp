@@ -7,11 +7,14 @@
 #include <QCheckBox>
 #include <QFile>
 #include <QFileDialog>
+#include <QFileIconProvider>
 #include <QFileInfo>
 #include <QGridLayout>
 #include <QHeaderView>
 #include <QLabel>
+#include <QLineEdit>
 #include <QMessageBox>
+#include <QMimeDatabase>
 #include <QPushButton>
 #include <QTreeView>
 #include <utility>
@@ -21,6 +24,41 @@ namespace wallgrid {
 namespace {
 
 constexpr QSize kPanelSize(820, 520);
+constexpr qsizetype kMostNameBytes = 255;
+
+/// Icons and types from the name alone.
+class NameIcons final : public QFileIconProvider {
+public:
+    QIcon icon(const QFileInfo& info) const override { return QFileIconProvider::icon(info.isDir() ? Folder : File); }
+    QIcon icon(IconType type) const override { return QFileIconProvider::icon(type); }
+    QString type(const QFileInfo& info) const override
+    {
+        return QMimeDatabase().mimeTypeForFile(info, QMimeDatabase::MatchExtension).comment();
+    }
+};
+
+/// A panel that says so where Qt's does nothing at all: when no file can have such a name.
+class FilePanel final : public QFileDialog {
+public:
+    explicit FilePanel(const QString& extension)
+        : QFileDialog(QApplication::activeWindow())
+        , m_mostBytes(extension.isEmpty() ? kMostNameBytes : kMostNameBytes - extension.size() - 1)
+    {
+    }
+
+protected:
+    void accept() override
+    {
+        const auto* name = findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
+        if (name && QFile::encodeName(QFileInfo(name->text()).fileName()).size() > m_mostBytes)
+            QMessageBox::warning(this, windowTitle(), QtPanels::tr("This name is too long."));
+        else
+            QFileDialog::accept();
+    }
+
+private:
+    qsizetype m_mostBytes;
+};
 
 QCheckBox* addOption(QFileDialog& dialog, const PanelPurpose::Option& option)
 {
@@ -56,6 +94,8 @@ QString writtenPath(const QString& chosen, const PanelPurpose& purpose)
 void QtPanels::setUp(QFileDialog& dialog, const PanelPurpose& purpose) const
 {
     const QString allFiles = tr("All files (*)");
+    static NameIcons icons;
+    dialog.setIconProvider(&icons);
     dialog.setWindowTitle(purpose.title);
     dialog.setNameFilters(purpose.nameFilter.isEmpty() ? QStringList{allFiles}
                                                        : QStringList{purpose.nameFilter, allFiles});
@@ -66,18 +106,20 @@ void QtPanels::setUp(QFileDialog& dialog, const PanelPurpose& purpose) const
         list->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
         list->header()->setSectionResizeMode(0, QHeaderView::Stretch);
     }
-    for (const QString& folder : {m_folder, purpose.folder}) {
+    for (const QString& folder :
+         {m_folders.value({}).toString(), m_folders.value(purpose.kind).toString(), purpose.folder}) {
         if (QFileInfo(folder).isDir())
             dialog.setDirectory(folder);
     }
 }
 
-QString QtPanels::run(QFileDialog& dialog)
+QString QtPanels::run(QFileDialog& dialog, const QString& kind)
 {
     if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
         return {};
     const QFileInfo chosen(dialog.selectedFiles().constFirst());
-    m_folder = chosen.absolutePath();
+    for (const QString& key : {QString(), kind})
+        m_folders.insert(key, chosen.absolutePath());
     return chosen.absoluteFilePath();
 }
 
@@ -99,7 +141,7 @@ UrlRef QtPanels::runSavePanel()
         purpose.chosen(purpose.answer);
         return toUrl(purpose.answer);
     }
-    QFileDialog dialog(QApplication::activeWindow());
+    FilePanel dialog(purpose.extension);
     setUp(dialog, purpose);
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setFileMode(QFileDialog::AnyFile);
@@ -109,7 +151,7 @@ UrlRef QtPanels::runSavePanel()
         dialog.selectFile(purpose.name + u'.' + purpose.extension);
     const QCheckBox* option = purpose.option.text.isEmpty() ? nullptr : addOption(dialog, purpose.option);
     for (;;) {
-        const QString chosen = run(dialog);
+        const QString chosen = run(dialog, purpose.kind);
         if (chosen.isEmpty())
             return nullptr;
         const QString written = writtenPath(chosen, purpose);
@@ -126,10 +168,10 @@ UrlRef QtPanels::runSavePanel()
 UrlRef QtPanels::runOpenPanel()
 {
     const PanelPurpose purpose = std::exchange(m_purpose, {});
-    QFileDialog dialog(QApplication::activeWindow());
+    FilePanel dialog({});
     setUp(dialog, purpose);
     dialog.setFileMode(QFileDialog::ExistingFile);
-    const QString chosen = run(dialog);
+    const QString chosen = run(dialog, purpose.kind);
     return chosen.isEmpty() ? nullptr : toUrl(chosen);
 }
 

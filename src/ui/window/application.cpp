@@ -23,7 +23,7 @@ namespace wallgrid {
 
 namespace {
 
-constexpr auto kFolderKey = "folder";
+constexpr auto kFoldersKey = "folders";
 
 } // namespace
 
@@ -102,7 +102,7 @@ int runApplication(GuardedApplication& application, const std::optional<std::str
     QtRunLoop runLoop;
     QtPanels panels;
     QtRecentDocuments recentDocuments(folder + "/recent.ini");
-    panels.setFolder(memory.value(kFolderKey).toString());
+    panels.setFolders(memory.value(kFoldersKey).toMap());
     Application program(runLoop, panels, recentDocuments);
     QObject::connect(&application, &GuardedApplication::ranOutOfMemory, &program, &Application::goOnWithoutMemory);
     MainWindow& window = program.mainWindow();
@@ -118,7 +118,7 @@ int runApplication(GuardedApplication& application, const std::optional<std::str
     program.keepRecovery(folder + "/recovery");
     const int exitCode = QApplication::exec();
     rememberWindow(window, memory);
-    memory.setValue(kFolderKey, panels.folder());
+    memory.setValue(kFoldersKey, panels.folders());
     return exitCode;
 }
 

@@ -32,14 +32,14 @@ FileMenu::FileMenu(GXAppDelegate& delegate, QtRecentDocuments& recentDocuments, 
     addAction(tr("&New Project"), QKeySequence::New, this, &FileMenu::newWanted);
     const QString projects = tr("Projects (*.mpr)");
     addAction(tr("&Open Project…"), QKeySequence::Open, this, [this, projects] {
-        emit panelAhead({tr("Open Project"), projects, {}});
+        emit panelAhead({tr("Open Project"), QStringLiteral("project"), projects, {}});
         m_delegate.openProject();
     });
     m_recentMenu = addMenu(tr("Open &Recent"));
     connect(&m_recentDocuments, &QtRecentDocuments::changed, this, &FileMenu::fillRecentMenu);
     fillRecentMenu();
     addAction(tr("&Save Project…"), QKeySequence::Save, this, [this, projects] {
-        PanelPurpose purpose{tr("Save Project"), projects, QStringLiteral("mpr")};
+        PanelPurpose purpose{tr("Save Project"), QStringLiteral("project"), projects, QStringLiteral("mpr")};
         purpose.own = m_project;
         purpose.folder = m_project.isEmpty() ? QString() : QFileInfo(m_project).path();
         write(std::move(purpose), &GXAppDelegate::saveProject);
@@ -48,7 +48,8 @@ FileMenu::FileMenu(GXAppDelegate& delegate, QtRecentDocuments& recentDocuments, 
     addActions(presets);
     addSeparator();
     addAction(tr("&Export PNG…"), QKeySequence(Qt::CTRL | Qt::Key_E), this, [this] {
-        write({tr("Export PNG"), tr("PNG images (*.png)"), QStringLiteral("png")}, &GXAppDelegate::saveAction);
+        write({tr("Export PNG"), QStringLiteral("png"), tr("PNG images (*.png)"), QStringLiteral("png")},
+              &GXAppDelegate::saveAction);
     });
     addAction(tr("Export &Layered PSD…"), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_E), this,
               [this] { exportPsd(); });
@@ -75,7 +76,8 @@ void FileMenu::fillRecentMenu()
 void FileMenu::exportPsd()
 {
     m_delegate.setNumbersEqualLayerNames(false);
-    PanelPurpose purpose{tr("Export Layered PSD"), tr("Photoshop documents (*.psd)"), QStringLiteral("psd"), true};
+    PanelPurpose purpose{tr("Export Layered PSD"), QStringLiteral("psd"), tr("Photoshop documents (*.psd)"),
+                         QStringLiteral("psd"), true};
     if (m_delegate.hasEqualLayerNames()) {
         purpose.option = {tr("N&umber equal layer names"),
                           tr("Some layers have the same name. In the file a number can tell them apart."),

@@ -120,14 +120,14 @@ void MainWindow::makeEditActions()
     m_openPresets->setIconText(tr("Open…"));
     m_openPresets->setToolTip(tr("Replace the presets by those of a file"));
     connect(m_openPresets, &QAction::triggered, this, [this] {
-        emit panelAhead({tr("Open Presets"), {}, {}});
+        emit panelAhead({tr("Open Presets"), QStringLiteral("presets"), {}, {}});
         m_delegate.openPresets();
     });
     m_savePresets = new QAction(tr("Sa&ve Presets…"), this);
     m_savePresets->setIconText(tr("Save…"));
     m_savePresets->setToolTip(tr("Save the presets to a file"));
     connect(m_savePresets, &QAction::triggered, this, [this] {
-        emit panelAhead({tr("Save Presets"), {}, {}});
+        emit panelAhead({tr("Save Presets"), QStringLiteral("presets"), {}, {}});
         m_delegate.savePresets();
     });
 }

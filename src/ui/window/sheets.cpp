@@ -92,7 +92,7 @@ QDialog* Sheets::makeAddSheet()
 
     auto* image = addChoice(*choices, tr("&Image…"), tr("A picture from a file"));
     connect(image, &QAbstractButton::clicked, this, [this] {
-        emit panelAhead({tr("Add Image"), imageFilter(), {}});
+        emit panelAhead({tr("Add Image"), QStringLiteral("image"), imageFilter(), {}});
         m_newLayers.addImage();
     });
 

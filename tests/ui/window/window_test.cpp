@@ -353,7 +353,7 @@ private slots:
             });
         };
         const auto save = [&] {
-            PanelPurpose purpose{"Save", "Projects (*.mpr)", "mpr"};
+            PanelPurpose purpose{"Save", "project", "Projects (*.mpr)", "mpr"};
             purpose.own = folder.filePath("wall.mpr");
             panels.prepare(purpose);
             return fileName(panels.runSavePanel());
@@ -367,8 +367,32 @@ private slots:
 
         QFile(folder.filePath("wall.PSD")).open(QIODevice::WriteOnly);
         choose("wall.PSD", QMessageBox::Yes);
-        panels.prepare({"Export", "Photoshop documents (*.psd)", "psd", true});
+        panels.prepare({"Export", "psd", "Photoshop documents (*.psd)", "psd", true});
         QCOMPARE(fileName(panels.runSavePanel()), QString("wall.PSD"));
+
+        // Each kind has its folder, no file is looked into, and a name of 256 bytes is refused aloud.
+        QVERIFY(QDir(folder.path()).mkdir("pictures"));
+        QImage(2, 2, QImage::Format_RGB32).save(folder.filePath("pictures/a"), "PNG");
+        const auto open = [&](const QString& kind, const QString& name) {
+            panels.prepare({"Open", kind, {}, {}});
+            choose(name);
+            return panels.runOpenPanel();
+        };
+        QVERIFY(open("image", folder.filePath("pictures/a")));
+        QVERIFY(open("project", "wall.mpr"));
+        panels.prepare({"Open", "image", {}, {}});
+        bool warned = false;
+        whenAsked<QFileDialog>([&](QFileDialog& dialog) {
+            QCOMPARE(dialog.directory().dirName(), QString("pictures"));
+            QVERIFY(!dialog.iconProvider()->type(QFileInfo(folder.filePath("pictures/a"))).contains("PNG"));
+            whenAsked<QMessageBox>([&](QMessageBox& warning) {
+                warned = warning.text() == "This name is too long.";
+                warning.accept();
+            });
+            acceptFile(dialog, QString(128, u'ä'));
+            dialog.reject();
+        });
+        QVERIFY(!panels.runOpenPanel() && warned);
     }
 
     void theLayoutIsRemembered()
