@@ -64,7 +64,7 @@ Expected<Project> readProject(Bytes bytes, const Report& report)
         return failure("this is not a project");
     const auto root = KeyedUnarchiver::rootObject(std::move(bytes));
     if (!root)
-        return failure("the project is damaged or cut off: " + root.error().message);
+        return failure("the project is damaged: " + root.error().message);
     const auto elements = root->elements();
     if (!elements || elements->size() != 3)
         return failure("this is not a project, though the same kind of file");

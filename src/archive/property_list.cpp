@@ -12,6 +12,8 @@ using Kind = PlistObject::Kind;
 
 constexpr std::string_view kMagic = "bplist00";
 constexpr std::uint64_t kTrailerSize = 32;
+/// Where the trailer should be stands something else.
+constexpr auto kEndIsMissing = "it ends too early";
 
 } // namespace
 
@@ -26,7 +28,7 @@ Expected<std::shared_ptr<const PropertyList>> PropertyList::open(Bytes bytes)
                     bytes.begin() + static_cast<std::ptrdiff_t>(std::min(bytes.size(), kMagic.size()))))
         return failure("the file is not a binary property list");
     if (bytes.size() < kMagic.size() + kTrailerSize)
-        return failure("the property list is cut short");
+        return failure(kEndIsMissing);
     if (bytes.size() > std::numeric_limits<std::uint32_t>::max())
         return failure("the property list is larger than 4 GiB");
 
@@ -49,15 +51,15 @@ Expected<void> PropertyList::readTrailer()
     m_offsetTable = bigEndian(trailer + 24, 8);
 
     if (m_offsetWidth < 1 || m_offsetWidth > 8)
-        return failure("the offset width is not 1 to 8 bytes");
+        return failure(kEndIsMissing);
     if (m_referenceWidth < 1 || m_referenceWidth > 8)
-        return failure("the reference width is not 1 to 8 bytes");
+        return failure(kEndIsMissing);
     if (m_offsetTable < kMagic.size() || m_offsetTable > trailer)
-        return failure("the offset table lies outside the file");
+        return failure(kEndIsMissing);
     if (count > (trailer - m_offsetTable) / m_offsetWidth)
-        return failure("the offset table does not fit in the file");
+        return failure(kEndIsMissing);
     if (top >= count)
-        return failure("the top object is not in the offset table");
+        return failure(kEndIsMissing);
     m_count = static_cast<std::uint32_t>(count);
     m_top = static_cast<std::uint32_t>(top);
     return {};

@@ -17,22 +17,42 @@ namespace wallgrid {
 namespace {
 
 constexpr off_t kMaximumFileSize = off_t{1} << 30;
-constexpr auto kNotRegular = "not a regular file";
 constexpr std::size_t kBytesAReport = std::size_t{16} << 20;
 constexpr std::size_t kBytesAPiece = std::size_t{1} << 20;
 
+/// What a failed call says to people, as far as they can do something about it.
 std::string systemMessage(int error)
 {
-    if (error == ENAMETOOLONG)
+    switch (error) {
+    case ENAMETOOLONG:
         return "the name is too long";
-    return std::generic_category().message(error);
+    case ENOSPC:
+    case EDQUOT:
+        return "the disk is full";
+    default:
+        return std::generic_category().message(error);
+    }
 }
 
-/// To open a device may set something off already, and to open a FIFO wakes who waits at its other end.
-bool isSpecial(const std::string& path)
+/// The same of a call that should have opened a "file" or a "folder", to be "read" or "written to".
+std::string openingMessage(int error, const std::string& what, const std::string& use)
 {
-    struct stat info {};
-    return ::stat(path.c_str(), &info) == 0 && !S_ISREG(info.st_mode);
+    switch (error) {
+    case ENOENT:
+    case ENOTDIR:
+        return "there is no such " + what;
+    case EACCES:
+    case EPERM:
+    case EROFS:
+        return "the " + what + " cannot be " + use;
+    default:
+        return systemMessage(error);
+    }
+}
+
+tl::unexpected<Error> notRegular(mode_t mode)
+{
+    return failure(S_ISDIR(mode) ? "this is a folder, not a file" : "this is a device or a pipe, not a file");
 }
 
 class FileDescriptor {
@@ -126,7 +146,7 @@ public:
     Expected<void> fill(const std::function<Expected<void>(ByteSink&)>& produce)
     {
         if (!m_isThere)
-            return failure(systemMessage(errno));
+            return failure(openingMessage(errno, "folder", "written to"));
         DescriptorSink sink(descriptor());
         return produce(sink);
     }
@@ -175,15 +195,16 @@ Expected<void> copyOver(int from, int to)
 
 Expected<Bytes> readFile(const std::string& path)
 {
-    if (isSpecial(path))
-        return failure(kNotRegular);
+    // To open a device may set something off already, and to open a FIFO wakes who waits at its other end.
+    struct stat info {};
+    if (::stat(path.c_str(), &info) == 0 && !S_ISREG(info.st_mode))
+        return notRegular(info.st_mode);
     // O_NONBLOCK: opening a FIFO that has just come must not wait for a writer.
     const FileDescriptor file(::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY));
-    struct stat info {};
     if (file.get() < 0 || ::fstat(file.get(), &info) != 0)
-        return failure(systemMessage(errno));
+        return failure(openingMessage(errno, "file", "read"));
     if (!S_ISREG(info.st_mode))
-        return failure(kNotRegular);
+        return notRegular(info.st_mode);
     if (info.st_size > kMaximumFileSize)
         return failure("the file is larger than 1 GiB");
 
@@ -233,12 +254,12 @@ Expected<void> produceFileAtomically(const std::string& path, const std::functio
     std::error_code error;
     const std::filesystem::path resolved = std::filesystem::weakly_canonical(path, error);
     if (error)
-        return failure(error.message());
+        return failure(openingMessage(error.value(), "folder", "read"));
 
     struct stat info {};
     const bool replaces = ::stat(resolved.c_str(), &info) == 0;
     if (replaces && !S_ISREG(info.st_mode))
-        return failure(kNotRegular);
+        return notRegular(info.st_mode);
 
     TemporaryFile file({resolved.parent_path()}, replaces ? 0600 : 0666);
     if (auto written = file.fill(produce); !written)
@@ -261,10 +282,10 @@ Expected<void> produceFileInPlace(const std::string& path, const std::function<E
     if (error || ::stat(resolved.c_str(), &info) != 0)
         return produceFileAtomically(path, produce);
     if (!S_ISREG(info.st_mode))
-        return failure(kNotRegular);
+        return notRegular(info.st_mode);
     FileDescriptor target(::open(resolved.c_str(), O_WRONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY));
     if (target.get() < 0)
-        return failure(systemMessage(errno));
+        return failure(openingMessage(errno, "file", "written to"));
 
     // The old file may be written even where its folder takes no new one.
     TemporaryFile file({resolved.parent_path(), std::filesystem::temp_directory_path(error)}, 0600);

@@ -40,8 +40,8 @@ TEST_F(DocumentFilesTest, ExtensionsAreAppendedUnlessTheyAreThere)
     choose("no/such/folder");
     delegate.saveProject();
     delegate.saveAction();
-    EXPECT_EQ(logged, (std::vector<std::string>{path("no/such/folder.mpr") + ": No such file or directory",
-                                                path("no/such/folder.png") + ": No such file or directory"}));
+    EXPECT_EQ(logged, (std::vector<std::string>{path("no/such/folder.mpr") + ": there is no such folder",
+                                                path("no/such/folder.png") + ": there is no such folder"}));
 }
 
 TEST_F(DocumentFilesTest, OpeningReplacesTheDocumentAndKeepsTheRest)

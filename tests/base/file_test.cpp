@@ -77,9 +77,10 @@ TEST_F(FileTest, RefusesWhatIsNoRegularFile)
     ASSERT_EQ(::mkfifo(path("pipe").c_str(), 0600), 0);
     ASSERT_EQ(::truncate((std::ofstream(path("big")).put('x'), path("big").c_str()), (off_t{1} << 30) + 1), 0);
     const auto reason = [](const auto& result) { return result ? std::string("none") : result.error().message; };
-    EXPECT_EQ(reason(readFile(path("pipe"))), "not a regular file");
+    EXPECT_EQ(reason(readFile(path("pipe"))), "this is a device or a pipe, not a file");
     EXPECT_EQ(reason(readFile(path("big"))), "the file is larger than 1 GiB");
-    EXPECT_EQ(reason(writeFileAtomically(path("pipe"), fresh)), "not a regular file");
+    EXPECT_EQ(reason(writeFileAtomically(path("."), fresh)), "this is a folder, not a file");
+    EXPECT_EQ(reason(writeFileAtomically(path(std::string(256, 'a').c_str()), fresh)), "the name is too long");
     EXPECT_EQ(entries(), 2u);
 }
 

@@ -114,13 +114,13 @@ Missing image files:
         png = ["--png", "kept.png"]
         usage = "; see wallgrid --help"
         for code, words, reason in [
-                (1, ["export", "gone.mpr", *png], "gone.mpr: No such file or directory"),
-                (1, ["info", "gone.mpr"], "gone.mpr: No such file or directory"),
+                (1, ["export", "gone.mpr", *png], "gone.mpr: there is no such file"),
+                (1, ["info", "gone.mpr"], "gone.mpr: there is no such file"),
                 (1, ["export", "notes.txt", *png], "notes.txt: this is not a project"),
-                (1, ["export", "pipe", *png], "pipe: not a regular file"),
+                (1, ["export", "pipe", *png], "pipe: this is a device or a pipe, not a file"),
                 (1, ["export", "empty.mpr", *png], "empty.mpr: no picture of 0 x 1080 pixels can be made"),
-                (1, ["export", "--png", "no/such/folder.png"], "no/such/folder.png: No such file or directory"),
-                (1, ["export", "--png", "/dev/full"], "/dev/full: not a regular file"),
+                (1, ["export", "--png", "no/such/folder.png"], "no/such/folder.png: there is no such folder"),
+                (1, ["export", "--png", "/dev/full"], "/dev/full: this is a device or a pipe, not a file"),
                 (1, ["export", "empty.mpr", "--psd", "out.psd"], "out.psd: No visible layers in the document"),
                 (1, [], "there is no display to open a window on; wallgrid export needs none"),
                 (2, ["export"], f"nothing to write: --png FILE or --psd FILE is required{usage}"),
@@ -136,7 +136,7 @@ Missing image files:
             kept = f"kept.{kind}"
             self.assertFails(1, ["export", f"--{kind}", kept], f"wallgrid: {kept}: File too large\n", **small)
             self.folder.chmod(0o555)
-            self.assertFails(1, ["export", f"--{kind}", kept], f"wallgrid: {kept}: Permission denied\n",
+            self.assertFails(1, ["export", f"--{kind}", kept], f"wallgrid: {kept}: the folder cannot be written to\n",
                              **drop_right_to_write_anywhere)
             self.folder.chmod(0o755)
             with open("/dev/full", "wb") as full:

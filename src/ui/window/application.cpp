@@ -60,6 +60,9 @@ void Application::keepRecovery(const QString& folder)
 {
     m_recovery = std::make_unique<Recovery>(m_delegate, m_history, m_runLoop, m_log, folder);
     m_mainWindow.addToolBar(new RecoveryBar(*m_recovery));
+    m_mainWindow.setOpeningRemedy(openingRemedy());
+    connect(m_recovery.get(), &Recovery::offerChanged, this,
+            [this] { m_mainWindow.setOpeningRemedy(openingRemedy()); });
     connect(&m_recentDocuments, &QtRecentDocuments::changed, m_recovery.get(), [this] {
         const QString newest = m_recentDocuments.locations().value(0);
         const auto location = Url::fromString(newest.toStdString());
@@ -68,6 +71,16 @@ void Application::keepRecovery(const QString& folder)
         m_mainWindow.setSaved(m_recovery->isClean());
     });
     m_titleObservation = m_history.observe([this] { m_mainWindow.setSaved(m_recovery->isClean()); });
+}
+
+Remedy Application::openingRemedy()
+{
+    if (!m_recovery->offer())
+        return {};
+    return {tr("Open the recovery copy"), [this] {
+                if (m_recovery->offer()) // it may have been opened or discarded meanwhile
+                    m_recovery->restore();
+            }};
 }
 
 void Application::openFile(const std::string& path)

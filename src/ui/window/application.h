@@ -48,6 +48,8 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+    Remedy openingRemedy();
+
     WindowLog m_log;
     Files m_files;
     CatchUpRunLoop m_runLoop;

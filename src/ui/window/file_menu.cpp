@@ -5,6 +5,7 @@
 #include "ui/desktop/qt_recent_documents.h"
 
 #include <QDateTime>
+#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <memory>
@@ -30,29 +31,17 @@ FileMenu::FileMenu(GXAppDelegate& delegate, QtRecentDocuments& recentDocuments, 
     , m_recentDocuments(recentDocuments)
 {
     addAction(tr("&New Project"), QKeySequence::New, this, &FileMenu::newWanted);
-    const QString projects = tr("Projects (*.mpr)");
-    addAction(tr("&Open Project…"), QKeySequence::Open, this, [this, projects] {
-        emit panelAhead({tr("Open Project"), QStringLiteral("project"), projects, {}});
-        m_delegate.openProject();
-    });
+    addAction(tr("&Open Project…"), QKeySequence::Open, this, &FileMenu::openPanelWanted);
     m_recentMenu = addMenu(tr("Open &Recent"));
     connect(&m_recentDocuments, &QtRecentDocuments::changed, this, &FileMenu::fillRecentMenu);
     fillRecentMenu();
-    addAction(tr("&Save Project…"), QKeySequence::Save, this, [this, projects] {
-        PanelPurpose purpose{tr("Save Project"), QStringLiteral("project"), projects, QStringLiteral("mpr")};
-        purpose.own = m_project;
-        purpose.folder = m_project.isEmpty() ? QString() : QFileInfo(m_project).path();
-        write(std::move(purpose), &GXAppDelegate::saveProject);
-    });
+    addAction(tr("&Save Project…"), QKeySequence::Save, this, [this] { saveProject({}); });
     addSeparator();
     addActions(presets);
     addSeparator();
-    addAction(tr("&Export PNG…"), QKeySequence(Qt::CTRL | Qt::Key_E), this, [this] {
-        write({tr("Export PNG"), QStringLiteral("png"), tr("PNG images (*.png)"), QStringLiteral("png")},
-              &GXAppDelegate::saveAction);
-    });
+    addAction(tr("&Export PNG…"), QKeySequence(Qt::CTRL | Qt::Key_E), this, [this] { exportPng({}); });
     addAction(tr("Export &Layered PSD…"), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_E), this,
-              [this] { exportPsd(); });
+              [this] { exportPsd({}); });
     addAction(tr("Export A&gain"), QKeySequence(Qt::CTRL | Qt::ALT | Qt::Key_E), this, &FileMenu::exportAgain);
     addSeparator();
     addAction(tr("&Quit"), QKeySequence(Qt::CTRL | Qt::Key_Q), this, &FileMenu::quitWanted)
@@ -73,18 +62,34 @@ void FileMenu::fillRecentMenu()
         tr("&Clear Menu"), this, [this] { m_recentDocuments.clear(); }, Qt::QueuedConnection);
 }
 
-void FileMenu::exportPsd()
+void FileMenu::saveProject(const QString& folder)
+{
+    PanelPurpose purpose{tr("Save Project"), QStringLiteral("project"), tr("Projects (*.mpr)"), QStringLiteral("mpr")};
+    purpose.own = m_project;
+    purpose.folder = m_project.isEmpty() || !folder.isEmpty() ? folder : QFileInfo(m_project).path();
+    write(std::move(purpose), &GXAppDelegate::saveProject, &FileMenu::saveProject);
+}
+
+void FileMenu::exportPng(const QString& folder)
+{
+    PanelPurpose purpose{tr("Export PNG"), QStringLiteral("png"), tr("PNG images (*.png)"), QStringLiteral("png")};
+    purpose.folder = folder;
+    write(std::move(purpose), &GXAppDelegate::saveAction, &FileMenu::exportPng);
+}
+
+void FileMenu::exportPsd(const QString& folder)
 {
     m_delegate.setNumbersEqualLayerNames(false);
     PanelPurpose purpose{tr("Export Layered PSD"), QStringLiteral("psd"), tr("Photoshop documents (*.psd)"),
                          QStringLiteral("psd"), true};
+    purpose.folder = folder;
     if (m_delegate.hasEqualLayerNames()) {
         purpose.option = {tr("N&umber equal layer names"),
                           tr("Some layers have the same name. In the file a number can tell them apart."),
                           [this](bool numbers) { m_delegate.setNumbersEqualLayerNames(numbers); }};
     }
     m_delegate.setPSDLocationIsWhole(true);
-    write(std::move(purpose), &GXAppDelegate::savePSD);
+    write(std::move(purpose), &GXAppDelegate::savePSD, &FileMenu::exportPsd);
     m_delegate.setPSDLocationIsWhole(false);
 }
 
@@ -97,11 +102,11 @@ void FileMenu::exportAgain()
     PanelPurpose purpose;
     purpose.answer = m_lastExport;
     m_delegate.setPSDLocationIsWhole(true);
-    write(std::move(purpose), m_lastExportAction);
+    write(std::move(purpose), m_lastExportAction, m_lastExportCommand);
     m_delegate.setPSDLocationIsWhole(false);
 }
 
-void FileMenu::write(PanelPurpose purpose, Action action)
+void FileMenu::write(PanelPurpose purpose, Action action, Command command)
 {
     // Shared, because nobody knows how long the panels keep the purpose.
     const auto chosen = std::make_shared<QString>();
@@ -109,7 +114,9 @@ void FileMenu::write(PanelPurpose purpose, Action action)
     purpose.name = QFileInfo(m_project).completeBaseName();
     const QDateTime before = QDateTime::currentDateTime();
     emit panelAhead(purpose);
+    emit remedyAhead({tr("Save elsewhere…"), [this, command] { (this->*command)(QDir::homePath()); }});
     (m_delegate.*action)();
+    emit remedyAhead({});
     // What failed has said so itself, and has left an older file or none.
     const QFileInfo file(*chosen);
     if (chosen->isEmpty() || !file.exists() || file.lastModified() < before)
@@ -118,6 +125,7 @@ void FileMenu::write(PanelPurpose purpose, Action action)
     if (action != &GXAppDelegate::saveProject) {
         m_lastExport = file.filePath();
         m_lastExportAction = action;
+        m_lastExportCommand = command;
     }
 }
 

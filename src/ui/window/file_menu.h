@@ -3,6 +3,7 @@
 
 #include "app/gx_app_delegate.h"
 #include "ui/desktop/qt_panels.h"
+#include "ui/window/message_bar.h"
 
 #include <QMenu>
 
@@ -27,15 +28,24 @@ signals:
     void panelAhead(const wallgrid::PanelPurpose& purpose);
     /// The document is to be as at launch.
     void newWanted();
+    /// A project is to be chosen in a panel and opened.
+    void openPanelWanted();
     void openWanted(const std::string& location);
     void messageWanted(const QString& line);
+    /// What can be done about a failure from now on.
+    void remedyAhead(const wallgrid::Remedy& remedy);
     void quitWanted();
 
 private:
     void fillRecentMenu();
-    void exportPsd();
+    // In a panel that opens in a folder, or where panels of its kind do.
+    void saveProject(const QString& folder);
+    void exportPng(const QString& folder);
+    void exportPsd(const QString& folder);
     using Action = void (GXAppDelegate::*)();
-    void write(PanelPurpose purpose, Action action);
+    using Command = void (FileMenu::*)(const QString& folder);
+    /// The command is how the same is written again elsewhere.
+    void write(PanelPurpose purpose, Action action, Command command);
     /// Writes the last export again, to the same file, without a panel.
     void exportAgain();
 
@@ -45,6 +55,7 @@ private:
     QString m_project;
     QString m_lastExport; ///< the path of the file
     Action m_lastExportAction = nullptr;
+    Command m_lastExportCommand = nullptr;
 };
 
 } // namespace wallgrid

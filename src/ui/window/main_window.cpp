@@ -22,6 +22,7 @@
 
 #include <QApplication>
 #include <QCloseEvent>
+#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QLineEdit>
@@ -126,10 +127,17 @@ void MainWindow::makeEditActions()
     m_savePresets = new QAction(tr("Sa&ve Presets…"), this);
     m_savePresets->setIconText(tr("Save…"));
     m_savePresets->setToolTip(tr("Save the presets to a file"));
-    connect(m_savePresets, &QAction::triggered, this, [this] {
-        emit panelAhead({tr("Save Presets"), QStringLiteral("presets"), {}, {}});
-        m_delegate.savePresets();
-    });
+    connect(m_savePresets, &QAction::triggered, this, [this] { savePresets({}); });
+}
+
+void MainWindow::savePresets(const QString& folder)
+{
+    PanelPurpose purpose{tr("Save Presets"), QStringLiteral("presets"), {}, {}};
+    purpose.folder = folder;
+    emit panelAhead(purpose);
+    m_remedy = {tr("Save elsewhere…"), [this] { savePresets(QDir::homePath()); }};
+    m_delegate.savePresets();
+    m_remedy = {};
 }
 
 QWidget* MainWindow::makeLists()
@@ -267,7 +275,7 @@ void MainWindow::showMessage(const QString& line)
 
 void MainWindow::showFailure(const QString& line)
 {
-    m_failures->showMessage(line);
+    m_failures->showMessage(line, m_remedy);
 }
 
 void MainWindow::makeFileMenu()
@@ -275,6 +283,8 @@ void MainWindow::makeFileMenu()
     m_fileMenu = new FileMenu(m_delegate, m_recentDocuments, {m_openPresets, m_savePresets}, this);
     menuBar()->addMenu(m_fileMenu);
     connect(m_fileMenu, &FileMenu::panelAhead, this, &MainWindow::panelAhead);
+    connect(m_fileMenu, &FileMenu::remedyAhead, this, [this](const Remedy& remedy) { m_remedy = remedy; });
+    connect(m_fileMenu, &FileMenu::openPanelWanted, this, &MainWindow::openFromPanel);
     connect(m_fileMenu, &FileMenu::newWanted, this, &MainWindow::startNew);
     connect(m_fileMenu, &FileMenu::openWanted, this, &MainWindow::open);
     connect(m_fileMenu, &FileMenu::messageWanted, this, &MainWindow::showMessage);
@@ -286,8 +296,18 @@ void MainWindow::makeFileMenu()
 void MainWindow::open(const std::string& location)
 {
     m_history.commit();
+    m_remedy = m_openingRemedy;
     m_delegate.applicationOpenFile(location);
+    m_remedy = {};
     m_history.commit();
+}
+
+void MainWindow::openFromPanel()
+{
+    emit panelAhead({tr("Open Project"), QStringLiteral("project"), tr("Projects (*.mpr)"), {}});
+    m_remedy = m_openingRemedy;
+    m_delegate.openProject();
+    m_remedy = {};
 }
 
 void MainWindow::startNew()

@@ -6,6 +6,7 @@
 #include "ui/lists/item_table_model.h"
 #include "ui/preview/output_preview.h"
 #include "ui/window/layer_reports.h"
+#include "ui/window/message_bar.h"
 #include "ui/window/sheets.h"
 
 #include <QMainWindow>
@@ -21,7 +22,6 @@ class FileMenu;
 class Inspector;
 class ItemTable;
 class LayerActions;
-class MessageBar;
 class OutputWindow;
 class PreviewSurface;
 class QtRecentDocuments;
@@ -52,6 +52,8 @@ public:
     void setSaved(bool saved);
     /// Shows a line in the status bar for a while.
     void showMessage(const QString& line);
+    /// What can be done when a project cannot be opened.
+    void setOpeningRemedy(const Remedy& remedy) { m_openingRemedy = remedy; }
     /// Shows what failed above the preview, until it is dismissed.
     void showFailure(const QString& line);
 
@@ -78,6 +80,8 @@ private:
     void makeViewMenu();
     void makeHelpMenu();
     void startNew();
+    void openFromPanel();
+    void savePresets(const QString& folder);
     void nameProject();
     /// Says so when the list has no selected row.
     bool hasSelection(const ItemTable& table);
@@ -98,6 +102,8 @@ private:
     ItemTable* m_ptable = nullptr;
     PreviewSurface* m_miniPvw = nullptr;
     MessageBar* m_failures = nullptr;
+    Remedy m_remedy; ///< of a failure now
+    Remedy m_openingRemedy;
     QWidget* m_fields = nullptr; // of the output and of the selected layer
     Inspector* m_inspector = nullptr;
     LayerActions* m_layerActions = nullptr;

@@ -3,8 +3,10 @@
 
 #include "ui/base/shown_text.h"
 
+#include <QApplication>
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QPushButton>
 #include <QToolButton>
 
 namespace wallgrid {
@@ -22,6 +24,7 @@ constexpr QRgb kRed = 0xFFB0'0020;
 MessageBar::MessageBar(QWidget* parent)
     : QFrame(parent)
     , m_text(new QLabel(this))
+    , m_button(new QPushButton(this))
 {
     QPalette palette;
     palette.setColor(QPalette::Window, QColor::fromRgb(kRed));
@@ -36,20 +39,30 @@ MessageBar::MessageBar(QWidget* parent)
     m_text->setTextInteractionFlags(Qt::TextSelectableByMouse);
     m_text->setWordWrap(true);
     layout->addWidget(m_text, 1);
-    auto* dismiss = new QToolButton(this);
-    dismiss->setText(QStringLiteral("✕"));
-    dismiss->setAutoRaise(true);
-    dismiss->setToolTip(tr("Dismiss"));
-    dismiss->setAccessibleName(tr("Dismiss"));
-    connect(dismiss, &QToolButton::clicked, this, [this] {
-        m_messages.clear();
-        hide();
+    m_button->setPalette(QApplication::palette()); // a plain button, not a red one
+    connect(m_button, &QPushButton::clicked, this, [this] {
+        const Remedy remedy = m_remedy; // the bar may show the next message already
+        dismiss();
+        remedy.apply();
     });
-    layout->addWidget(dismiss);
+    layout->addWidget(m_button);
+    auto* cross = new QToolButton(this);
+    cross->setText(QStringLiteral("✕"));
+    cross->setAutoRaise(true);
+    cross->setToolTip(tr("Dismiss"));
+    cross->setAccessibleName(tr("Dismiss"));
+    connect(cross, &QToolButton::clicked, this, &MessageBar::dismiss);
+    layout->addWidget(cross);
     hide();
 }
 
-void MessageBar::showMessage(const QString& message)
+void MessageBar::dismiss()
+{
+    m_messages.clear();
+    hide();
+}
+
+void MessageBar::showMessage(const QString& message, const Remedy& remedy)
 {
     const QString shown = shownText(message, kLongestMessage);
     m_messages.removeAll(shown);
@@ -58,6 +71,9 @@ void MessageBar::showMessage(const QString& message)
     m_text->setText(shown);
     m_text->setToolTip(plainToolTip(m_messages.join('\n')));
     setAccessibleName(shown);
+    m_remedy = remedy;
+    m_button->setText(remedy.text);
+    m_button->setHidden(remedy.text.isEmpty());
     show();
 }
 

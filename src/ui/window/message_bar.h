@@ -3,10 +3,18 @@
 
 #include <QFrame>
 #include <QStringList>
+#include <functional>
 
 class QLabel;
+class QPushButton;
 
 namespace wallgrid {
+
+/// What can be done about a failure: the text of a button, and what it does. No text, no button.
+struct Remedy {
+    QString text;
+    std::function<void()> apply;
+};
 
 /// The red line above the preview that says what failed, until it is dismissed. It shows the newest message; the tool
 /// tip holds the ones before it, too.
@@ -16,10 +24,14 @@ class MessageBar final : public QFrame {
 public:
     explicit MessageBar(QWidget* parent = nullptr);
 
-    void showMessage(const QString& message);
+    void showMessage(const QString& message, const Remedy& remedy = {});
 
 private:
+    void dismiss();
+
     QLabel* m_text;
+    QPushButton* m_button;
+    Remedy m_remedy;        ///< of the message that is shown
     QStringList m_messages; ///< the newest first
 };
 

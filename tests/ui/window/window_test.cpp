@@ -288,6 +288,41 @@ private slots:
         expect("stage.mpr[*]+"); // as it is no longer in that file
     }
 
+    void theBarOffersWhatCanBeDone()
+    {
+        ProgramUnderTest program;
+        auto& bar = *program.window().findChild<MessageBar*>();
+        auto* remedy = bar.findChild<QPushButton*>();
+        connect(&program.window(), &MainWindow::panelAhead, this, [&](auto& purpose) {
+            const QString name = purpose.whole ? "a.psd" : "a";
+            program.panels.answer = program.location(purpose.folder == QDir::homePath() ? name : "no folder/" + name);
+        });
+        for (const char* command : {"&Save Project…", "&Export PNG…", "Export &Layered PSD…", "Sa&ve Presets…"}) {
+            program.trigger(command);
+            QVERIFY(bar.accessibleName().endsWith(": there is no such folder"));
+            QCOMPARE(remedy->text(), QString("Save elsewhere…"));
+            QTest::mouseClick(remedy, Qt::LeftButton);
+            QVERIFY2(!bar.isVisible(), command);
+        }
+        for (const char* file : {"a.mpr", "a.png", "a.psd", "a"})
+            QVERIFY2(QFile::exists(program.path(file)), file);
+
+        QVERIFY(QFile(program.path("a.mpr")).resize(400) && QDir(program.folder.path()).mkpath("recovery/x"));
+        program.item().setLabel(makeString(u"copied"));
+        const Bytes copy = writeProject(program.delegate().project());
+        QVERIFY(writeFileAtomically(program.path("recovery/x/project.mpr").toStdString(), copy));
+        program.item().setLabel(nullptr);
+        program.application.keepRecovery(program.path("recovery"));
+        for (const char* layer : {"", "copied"}) {
+            program.window().open(program.location("a.mpr")->absoluteString());
+            QVERIFY(bar.accessibleName().endsWith("a.mpr: the project is damaged: it ends too early"));
+            if (*layer)
+                QTest::mouseClick(remedy, Qt::LeftButton);
+            program.settle();
+            QCOMPARE(program.layers(), QStringList(layer));
+        }
+    }
+
     void equalNamesAreNumberedWhenTheUserWants()
     {
         ProgramUnderTest program;
