@@ -2,6 +2,7 @@
 #pragma once
 
 #include "app/new_layers.h"
+#include "app/still_pictures.h"
 #include "ui/fields/number_field.h"
 #include "ui/program_under_test.h"
 
@@ -63,6 +64,16 @@ public:
         });
         m_actions.push_back([this] { compareWithReopened(); });
         m_actions.push_back([this] {
+            QAction change;
+            QObject::connect(&change, &QAction::triggered, [this] {
+                for (const ItemRef& item : m_program.delegate().arraycontroller().arrangedObjects()) {
+                    if (const auto still = std::dynamic_pointer_cast<GXStill>(item))
+                        changePicture(m_program.delegate(), *still, location("logo.png"));
+                }
+            });
+            arrange(change);
+        });
+        m_actions.push_back([this] {
             QAction add;
             QObject::connect(&add, &QAction::triggered, [this] { m_newLayers.addScreen(); });
             arrange(add);
@@ -108,9 +119,14 @@ private:
     std::size_t below(std::size_t count) { return m_random() % count; }
     std::int32_t number(int from, int to) { return from + std::int32_t(below(std::size_t(to - from) + 1)); }
 
+    UrlRef location(const char* file) const
+    {
+        return std::make_shared<const Url>(Url::fromFilePath((m_folder + '/' + file).toStdString()));
+    }
+
     void run(const char* file, void (GXAppDelegate::*action)())
     {
-        m_program.panels.answer = std::make_shared<const Url>(Url::fromFilePath((m_folder + '/' + file).toStdString()));
+        m_program.panels.answer = location(file);
         (m_program.delegate().*action)();
     }
 

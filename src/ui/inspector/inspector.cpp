@@ -4,6 +4,7 @@
 #include "app/arrangement.h"
 #include "app/edit_layers.h"
 #include "app/layer_names.h"
+#include "app/still_pictures.h"
 #include "items/gx_screen.h"
 #include "ui/base/heading.h"
 #include "ui/base/image_file_name.h"
@@ -16,6 +17,9 @@
 #include "ui/inspector/shown_values.h"
 
 #include <QCheckBox>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
 #include <QGridLayout>
 #include <QLineEdit>
 #include <QVBoxLayout>
@@ -153,11 +157,14 @@ QWidget* Inspector::makeIdentity()
     layout->addWidget(m_name, 1, 1);
 
     m_file = new QLineEdit(box);
-    m_file->setReadOnly(true);
+    m_fileFault = new FaultMark(*m_file);
     m_fileCaption = new QLabel(tr("File"), box);
     m_fileCaption->setBuddy(m_file);
+    selectAllOnFirstClick(*m_file, *m_file);
+    connect(m_file, &QLineEdit::editingFinished, this, &Inspector::takeFile);
     layout->addWidget(m_fileCaption, 2, 0);
     layout->addWidget(m_file, 2, 1);
+    layout->addWidget(m_fileFault, 3, 0, 1, 2);
 
     m_visible = new QCheckBox(tr("V&isible in the output"), box);
     connect(m_visible, &QCheckBox::clicked, this, [this](bool visible) {
@@ -167,7 +174,7 @@ QWidget* Inspector::makeIdentity()
             return false;
         });
     });
-    layout->addWidget(m_visible, 3, 1);
+    layout->addWidget(m_visible, 4, 1);
     return box;
 }
 
@@ -234,6 +241,7 @@ void Inspector::bind(ItemArray items)
 {
     m_items = std::move(items);
     m_name->setModified(false);
+    m_file->setModified(false);
     for (const Number& number : m_numbers)
         number.field->dropTyped(); // it was meant for the items before
     m_itemObservations.clear();
@@ -287,14 +295,36 @@ void Inspector::showIdentity()
     m_summary->setText(summaryOf(m_items));
     showName();
     showSwitch(*m_visible, m_items, &GXItem::visible);
+    showFile();
+}
 
+void Inspector::takeFile()
+{
+    const auto still = m_items.size() == 1 ? std::dynamic_pointer_cast<GXStill>(m_items.front()) : nullptr;
+    if (!still || !m_file->isModified())
+        return;
+    // A name alone is that of a file beside the present one.
+    const auto present = still->ImageURL()->filePath();
+    const QDir folder = QFileInfo(QFile::decodeName(present.value_or("/").c_str())).dir();
+    const QByteArray path = QFile::encodeName(folder.absoluteFilePath(m_file->text()));
+    const auto changed =
+        changePicture(m_delegate, *still, std::make_shared<const Url>(Url::fromFilePath(path.toStdString())));
+    m_file->setModified(!changed);
+    m_refresh.schedule();
+    m_fileFault->setReason(changed ? QString() : QString::fromStdString(changed.error().message));
+}
+
+void Inspector::showFile()
+{
     const auto file = m_items.size() == 1 ? imageFile(*m_items.front()) : std::nullopt;
     m_fileCaption->setVisible(file.has_value());
     m_file->setVisible(file.has_value());
+    if (file && m_file->isModified())
+        return; // it is being typed, or is wrong
+    const bool isMissing = file && missingImageFile(*m_items.front());
+    m_fileFault->setReason(isMissing ? tr("This file is missing or unreadable.") : QString());
     if (file && m_file->text() != *file)
         m_file->setText(*file);
-    m_file->setToolTip(file && missingImageFile(*m_items.front()) ? tr("This file is missing or unreadable.")
-                                                                  : QString());
 }
 
 void Inspector::showNumbers()

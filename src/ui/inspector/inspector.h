@@ -16,6 +16,7 @@ namespace wallgrid {
 
 class AlignButtons;
 class DrawingControls;
+class FaultMark;
 class NumberField;
 
 /// Shows and edits the selected items of the main list. Edits go through the setters of all that have the property; the
@@ -41,7 +42,9 @@ private:
     /// Those whose captions do not hide the number.
     ItemArray itemsWithNumber(std::size_t index) const;
     void takeName(bool settled);
+    void takeFile();
     void showName();
+    void showFile();
     void showIdentity();
     void showNumbers();
     void align(Anchor anchor);
@@ -57,6 +60,7 @@ private:
     QLabel* m_summary = nullptr;
     QLabel* m_fileCaption = nullptr;
     QLineEdit* m_file = nullptr;
+    FaultMark* m_fileFault = nullptr;
     std::array<Number, GXItem::kCaptionCount> m_numbers;
     AlignButtons* m_align = nullptr;
     QWidget* m_drawingHeading = nullptr;

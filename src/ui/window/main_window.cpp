@@ -15,6 +15,7 @@
 #include "ui/window/layer_actions.h"
 #include "ui/window/layer_reports.h"
 #include "ui/window/message_bar.h"
+#include "ui/window/missing_pictures.h"
 #include "ui/window/output_controls.h"
 #include "ui/window/output_window.h"
 #include "ui/window/undo_actions.h"
@@ -102,6 +103,8 @@ MainWindow::MainWindow(GXAppDelegate& delegate, UndoHistory& history, QtRecentDo
     resize(QSize(1400, 840).boundedTo(screen()->availableSize() - kFrame));
     m_table->setFocus();
 
+    connect(new MissingPictures(delegate, history, *m_failures, *this), &MissingPictures::messageWanted, this,
+            &MainWindow::showMessage);
     connect(new FileDrops(m_delegate, m_newLayers, *m_miniPvw, *this), &FileDrops::openWanted, this, &MainWindow::open);
     for (QLineEdit* field : findChildren<QLineEdit*>())
         field->setAcceptDrops(false); // a file that is dropped there is meant for the window

@@ -323,6 +323,46 @@ private slots:
         }
     }
 
+    void missingPicturesAreFoundByName()
+    {
+        ProgramUnderTest program;
+        for (const char* name : {"a.png", "b.png"}) {
+            QImage(3, 2, QImage::Format_RGB32).save(program.path(name));
+            program.delegate().addImageAt(program.location(name));
+        }
+        program.panels.answer = program.location("stage.mpr");
+        program.delegate().saveProject();
+        QVERIFY(QDir(program.folder.path()).mkpath("moved/deep"));
+        QVERIFY(QFile::rename(program.path("a.png"), program.path("moved/deep/a.png")));
+        QVERIFY(QFile::rename(program.path("b.png"), program.path("moved/c.png")));
+        program.trigger("&Open Project…");
+        auto& bar = *program.window().findChild<MessageBar*>();
+        QCOMPARE(bar.accessibleName(), QString("2 pictures are missing"));
+        const Bytes before = writeProject(program.delegate().project());
+        whenAsked<QFileDialog>([&](QFileDialog& dialog) { acceptFile(dialog, program.path("moved")); });
+        QTest::mouseClick(bar.findChild<QPushButton*>(), Qt::LeftButton);
+        QCOMPARE(bar.accessibleName(), QString("1 picture is missing"));
+        program.settle();
+        QVERIFY(program.item(2).thumbnail() && program.action("&Undo Change Image"));
+
+        program.delegate().arraycontroller().setSelectionIndex(1); // b, which Find cannot know
+        program.settle();
+        const PixelRect frame = program.item(1).frame();
+        auto* file = program.find<QLineEdit>("File");
+        type(file, "moved/d.png\r");
+        QCOMPARE(file->accessibleDescription(), QString("there is no such file"));
+        QVERIFY(!program.item(1).thumbnail());
+        type(file, "moved/c.png\r");
+        program.settle();
+        QCOMPARE(file->accessibleDescription(), QString());
+        QCOMPARE(file->text(), program.path("moved/c.png"));
+        QCOMPARE(program.item(1).frame(), frame);
+        QVERIFY(program.item(1).thumbnail());
+        for (int i = 0; i < 2; ++i)
+            program.application.history().undo();
+        QVERIFY(writeProject(program.delegate().project()) == before);
+    }
+
     void equalNamesAreNumberedWhenTheUserWants()
     {
         ProgramUnderTest program;
