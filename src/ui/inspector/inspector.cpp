@@ -311,7 +311,8 @@ void Inspector::takeFile()
         changePicture(m_delegate, *still, std::make_shared<const Url>(Url::fromFilePath(path.toStdString())));
     m_file->setModified(!changed);
     m_refresh.schedule();
-    m_fileFault->setReason(changed ? QString() : QString::fromStdString(changed.error().message));
+    const QString reason = changed ? QString() : QString::fromStdString(changed.error().message);
+    m_fileFault->setReason(reason.left(1).toUpper() + reason.mid(1));
 }
 
 void Inspector::showFile()

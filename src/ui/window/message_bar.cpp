@@ -62,6 +62,12 @@ void MessageBar::dismiss()
     hide();
 }
 
+void MessageBar::retract(const QString& message)
+{
+    if (isVisible() && m_messages.constFirst() == message)
+        dismiss();
+}
+
 void MessageBar::showMessage(const QString& message, const Remedy& remedy)
 {
     const QString shown = shownText(message, kLongestMessage);

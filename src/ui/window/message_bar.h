@@ -25,6 +25,8 @@ public:
     explicit MessageBar(QWidget* parent = nullptr);
 
     void showMessage(const QString& message, const Remedy& remedy = {});
+    /// Takes a message back that is no longer true.
+    void retract(const QString& message);
 
 private:
     void dismiss();

@@ -22,8 +22,8 @@ signals:
     void messageWanted(const QString& line);
 
 private:
-    void lookAtProject();
-    void report();
+    void look();
+    void report(std::size_t count);
     void find();
 
     GXAppDelegate& m_delegate;
@@ -31,6 +31,7 @@ private:
     MessageBar& m_bar;
     QWidget& m_window;
     DocumentFileRef m_lookedAt;
+    QString m_reported; ///< the message about it
     Registration m_observation;
 };
 

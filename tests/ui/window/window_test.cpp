@@ -350,14 +350,15 @@ private slots:
         const PixelRect frame = program.item(1).frame();
         auto* file = program.find<QLineEdit>("File");
         type(file, "moved/d.png\r");
-        QCOMPARE(file->accessibleDescription(), QString("there is no such file"));
+        QCOMPARE(file->accessibleDescription(), QString("There is no such file"));
+        QVERIFY(bar.isVisible());
         QVERIFY(!program.item(1).thumbnail());
         type(file, "moved/c.png\r");
         program.settle();
         QCOMPARE(file->accessibleDescription(), QString());
         QCOMPARE(file->text(), program.path("moved/c.png"));
         QCOMPARE(program.item(1).frame(), frame);
-        QVERIFY(program.item(1).thumbnail());
+        QVERIFY(program.item(1).thumbnail() && !bar.isVisible());
         for (int i = 0; i < 2; ++i)
             program.application.history().undo();
         QVERIFY(writeProject(program.delegate().project()) == before);
