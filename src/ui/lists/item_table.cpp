@@ -9,6 +9,7 @@
 #include <QScopedValueRollback>
 #include <QScrollBar>
 #include <QStyledItemDelegate>
+#include <QVBoxLayout>
 #include <utility>
 
 namespace wallgrid {
@@ -115,6 +116,8 @@ void ItemTable::synchronize()
     const int scrolled = verticalScrollBar()->value();
     m_model.synchronize();
     verticalScrollBar()->setValue(scrolled);
+    if (m_emptyHint)
+        m_emptyHint->setVisible(m_model.rowCount() == 0);
     showSelection();
 }
 
@@ -123,6 +126,13 @@ void ItemTable::setMarked(ItemTableModel::Mark mark, const ItemTableModel::Rows&
     m_model.setMarked(mark, rows);
     if (m_markColumn)
         setColumnHidden(*m_markColumn, !m_model.hasMarks());
+}
+
+void ItemTable::setEmptyHint(QWidget* hint)
+{
+    m_emptyHint = hint;
+    (new QVBoxLayout(viewport()))->addWidget(hint);
+    hint->setVisible(m_model.rowCount() == 0);
 }
 
 void ItemTable::showSelection()

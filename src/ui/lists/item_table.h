@@ -30,6 +30,8 @@ public:
     void reloadData() override { m_reload.schedule(); }
     /// Puts a mark on these rows and takes it from all others.
     void setMarked(ItemTableModel::Mark mark, const ItemTableModel::Rows& rows);
+    /// Shown in the table while it has no rows.
+    void setEmptyHint(QWidget* hint);
     const QStringList& draggedTypes() const { return m_draggedTypes; }
 
     enum class Direction {
@@ -81,6 +83,7 @@ private:
     ItemTableModel m_model;
     int m_nameColumn = 0;
     std::optional<int> m_markColumn; // hidden while no row has a mark
+    QWidget* m_emptyHint = nullptr;
     Deferred m_reload;
     std::array<Registration, 2> m_observations;
     bool m_synchronizing = false;

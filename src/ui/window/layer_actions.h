@@ -25,6 +25,7 @@ public:
 
     /// Cut, Copy, Paste, Select All, Duplicate and Array.
     const QList<QAction*>& editActions() const { return m_edit; }
+    QAction* selectAll() const { return m_edit[3]; }
     void addTo(QMenu& arrange);
     void addTo(QToolBar& bar);
 

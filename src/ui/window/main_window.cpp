@@ -2,6 +2,7 @@
 #include "ui/window/main_window.h"
 
 #include "app/new_items.h"
+#include "ui/base/empty_hint.h"
 #include "ui/base/heading.h"
 #include "ui/base/shown_text.h"
 #include "ui/desktop/qt_recent_documents.h"
@@ -12,6 +13,7 @@
 #include "ui/preview/zoom_bar.h"
 #include "ui/window/file_drops.h"
 #include "ui/window/file_menu.h"
+#include "ui/window/inspector_pages.h"
 #include "ui/window/layer_actions.h"
 #include "ui/window/layer_reports.h"
 #include "ui/window/message_bar.h"
@@ -168,6 +170,9 @@ QWidget* MainWindow::makeLists()
     removePreset->setToolTip(tr("Remove the selected presets"));
     connect(removePreset, &QAction::triggered, m_ptable, &ItemTable::removalWanted);
 
+    m_table->setEmptyHint(makeEmptyHint(tr("No layers yet."), m_add));
+    m_ptable->setEmptyHint(makeEmptyHint(tr("No presets. Drag a layer here to keep a copy."), m_openPresets));
+
     auto* lists = new QSplitter(Qt::Vertical);
     lists->setObjectName("lists");
     lists->addWidget(titled(tr("&Layers"), m_table, makeListBar({m_add, remove})));
@@ -212,7 +217,7 @@ QWidget* MainWindow::makeFields()
     area->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     area->setFocusPolicy(Qt::NoFocus);
     area->setMinimumWidth(m_inspector->minimumSizeHint().width() + 16);
-    layout->addWidget(area, 1);
+    layout->addWidget(new InspectorPages(m_delegate, area, m_layerActions->selectAll(), m_add), 1);
     return m_fields;
 }
 

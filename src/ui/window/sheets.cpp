@@ -96,11 +96,6 @@ QDialog* Sheets::makeAddSheet()
         m_newLayers.addImage();
     });
 
-    auto* mask = addChoice(*choices, tr("&Mask"), tr("Not available"));
-    mask->setToolTip(tr("Masks cannot be added: this version has none."));
-    mask->setEnabled(false);
-    connect(mask, &QAbstractButton::clicked, this, [this] { m_delegate.AddMask(); });
-
     auto* buttons = new QDialogButtonBox(QDialogButtonBox::Cancel);
     layout->addWidget(buttons);
     connect(buttons, &QDialogButtonBox::rejected, sheet, &QDialog::reject);

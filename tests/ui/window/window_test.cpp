@@ -147,6 +147,35 @@ private slots:
         QCOMPARE(program.layers(), QStringList({"a 2", "a", "Layer 0"}));
     }
 
+    void whatIsEmptySaysWhatToDo()
+    {
+        ProgramUnderTest program;
+        const auto says = [&](const QString& sentence, const QString& button) {
+            program.settle();
+            const auto* text = program.find<QLabel>(sentence);
+            auto* action = text ? text->parentWidget()->findChild<QToolButton*>() : nullptr;
+            if (!action || !text->isVisible() || action->text() != button)
+                return false;
+            action->click();
+            program.settle();
+            return true;
+        };
+        auto& presets = program.delegate().presetarraycontroller();
+        presets.removeObjects(ItemArray(presets.arrangedObjects()));
+        program.panels.answer = nullptr;
+        QVERIFY(says("No presets. Drag a layer here to keep a copy.", "Open…"));
+        program.delegate().arraycontroller().setSelectionIndexes({});
+        QVERIFY(says("No layer is selected. Click one in the list or in the preview to change it.", "Select All"));
+        QVERIFY(program.window().inspector()->isVisible());
+        program.delegate().loadProject({100, 100, {}});
+        QVERIFY(says("There is no layer to change.", "Add…"));
+        program.delegate().AddScreen();
+        program.delegate().loadProject({100, 100, {}});
+        QVERIFY(says("No layers yet.", "Add…"));
+        QTest::keyClick(QApplication::activeModalWidget(), Qt::Key_Return);
+        QCOMPARE(program.layers().size(), 1);
+    }
+
     void theStatusBarCounts()
     {
         ProgramUnderTest program;
