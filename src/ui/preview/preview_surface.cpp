@@ -151,6 +151,9 @@ void PreviewSurface::startDrag()
     emit beginInteraction();
     m_drag.emplace(dragged, std::move(targets));
     setCursor(Qt::SizeAllCursor);
+    emit hintWanted(
+        tr("Alt: no snapping. Esc: put back. Before the drag, Shift+click selects more, and Ctrl drags what "
+           "is selected from below the others."));
 }
 
 void PreviewSurface::continueDrag(QPointF position, Qt::KeyboardModifiers modifiers)
@@ -170,6 +173,7 @@ void PreviewSurface::endDrag()
     m_drag.reset();
     unsetCursor();
     update();
+    emit hintWanted({});
     emit endInteraction();
 }
 

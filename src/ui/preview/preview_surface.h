@@ -24,6 +24,8 @@ signals:
     /// own, which a history may join.
     void beginInteraction();
     void endInteraction();
+    /// Which keys do what at present; empty when that has ended.
+    void hintWanted(const QString& hint);
 
 protected:
     PixelRect everything() const override;

@@ -6,6 +6,7 @@
 #include "ui/base/heading.h"
 #include "ui/base/shown_text.h"
 #include "ui/desktop/qt_recent_documents.h"
+#include "ui/help/help_menu.h"
 #include "ui/inspector/inspector.h"
 #include "ui/lists/item_table.h"
 #include "ui/lists/list_bar.h"
@@ -189,6 +190,8 @@ QWidget* MainWindow::makeOutput()
     m_miniPvw = new PreviewSurface(m_delegate);
     m_miniPvw->setAccessibleName(tr("Output preview"));
     m_miniPvw->setMinimumSize(240, 135);
+    connect(m_miniPvw, &PreviewSurface::hintWanted, this,
+            [this](const QString& hint) { statusBar()->showMessage(hint); });
     m_failures = new MessageBar;
     auto* box = new QWidget;
     auto* layout = new QVBoxLayout(box);
@@ -415,7 +418,9 @@ void MainWindow::makeViewMenu()
 
 void MainWindow::makeHelpMenu()
 {
-    menuBar()->addMenu(tr("&Help"))->addAction(tr("&About Wallgrid"), this, [this] { m_delegate.openAbout(); });
+    auto* menu = new HelpMenu(*menuBar());
+    menu->addAction(tr("&About Wallgrid"), this, [this] { m_delegate.openAbout(); });
+    menuBar()->addMenu(menu);
 }
 
 void MainWindow::showEvent(QShowEvent* event)

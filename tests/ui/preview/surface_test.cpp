@@ -98,7 +98,8 @@ private slots:
         drag(surface, from, near);
         QCOMPARE(wall.xpoint(), 312);
         program.settle();
-        QVERIFY(!history.undoable());               // before it has ended
+        QVERIFY(!history.undoable()); // before it has ended
+        QVERIFY(program.window().statusBar()->currentMessage().startsWith("Alt: no snapping. Esc: put back."));
         drag(surface, from, near, Qt::AltModifier); // goes on, without snapping
         const int unsnapped =
             600 + qRound((near.x() - from.x()) * surface.devicePixelRatioF() / surface.viewport().scale());
@@ -106,6 +107,7 @@ private slots:
         release(surface, near);
         program.settle();
         QCOMPARE(program.output(unsnapped, 400), "ff00ff00");
+        QCOMPARE(program.window().statusBar()->currentMessage(), QString());
         drag(surface, at(surface, unsnapped + 50, 500), at(surface, 1500, 900));
         QVERIFY(wall.xpoint() != unsnapped);
         QTest::keyClick(&surface, Qt::Key_Escape);

@@ -176,6 +176,48 @@ private slots:
         QCOMPARE(program.layers().size(), 1);
     }
 
+    void helpIsThereOffline()
+    {
+        ProgramUnderTest program;
+        program.activate();
+        QTest::keyClick(&program.window(), Qt::Key_F1);
+        auto* page = program.window().findChild<QTextBrowser*>();
+        QVERIFY(page && page->isVisible());
+        for (const char* name : {"guide.md", "first-stage.md"}) {
+            page->setSource(QUrl(QString("qrc:/docs/") + name));
+            QVERIFY(page->toPlainText().size() > 3000);
+            int links = 0;
+            for (const QTextFormat& format : page->document()->allFormats()) {
+                for (const auto property : {QTextFormat::AnchorHref, QTextFormat::ImageName}) {
+                    const QString target = format.stringProperty(property);
+                    QVERIFY2(target.isEmpty() || QFile::exists(":/docs/" + target), qPrintable(target));
+                    links += target.isEmpty() ? 0 : 1;
+                }
+            }
+            QVERIFY(links > 1);
+        }
+        QTest::keyClick(page, Qt::Key_Escape);
+        QVERIFY(!page->isVisible());
+
+        program.activate();
+        QTest::keyClick(&program.window(), Qt::Key_F1, Qt::ControlModifier);
+        auto* list = program.window().findChild<QTreeWidget*>();
+        QStringList lines;
+        for (QTreeWidgetItemIterator line(list, QTreeWidgetItemIterator::NoChildren); *line; ++line)
+            lines.append((*line)->text(0) + ": " + (*line)->text(1));
+        QVERIFY(lines.contains("Zoom In: Ctrl++ or Ctrl+=") && lines.filter("Undo").size() == 1);
+        for (const QAction* action : program.window().findChildren<QAction*>())
+            QVERIFY(action->shortcut().isEmpty() || lines.filter(": " + action->shortcut().toString()).size() > 0);
+        QTest::keyClicks(list->window()->focusWidget(), "zoom");
+        lines.clear();
+        for (QTreeWidgetItemIterator line(list, QTreeWidgetItemIterator::NotHidden); *line; ++line)
+            lines.append((*line)->text(0));
+        QCOMPARE(lines, QStringList({"View", "Zoom Out", "Zoom In", "Zoom to Selection"}));
+        const QPointer<QWidget> window = list->window();
+        QTest::keyClick(window->focusWidget(), Qt::Key_Escape);
+        QTRY_VERIFY(!window);
+    }
+
     void theStatusBarCounts()
     {
         ProgramUnderTest program;
