@@ -19,7 +19,7 @@ void MarkDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option, 
     painter->setPen(
         option.palette.color(option.state.testFlag(QStyle::State_Active) ? QPalette::Active : QPalette::Inactive,
                              selected ? QPalette::HighlightedText : QPalette::Text));
-    painter->translate(option.rect.right() + 1 - kPitch, option.rect.center().y() - kSide / 2);
+    painter->translate(QPoint(option.rect.right() + 1 - kPitch, option.rect.center().y() - kSide / 2));
     if (m_model.isMarked(ItemTableModel::Mark::Outside, index.row())) {
         painter->drawLine(5, 0, 5, kSide);
         painter->fillRect(1, 3, 9, 5, painter->pen().color());
