@@ -1,13 +1,18 @@
 // SPDX-License-Identifier: MIT
-#include "ui/lists/list_bar.h"
+#include "ui/lists/list_box.h"
+
+#include "ui/base/heading.h"
 
 #include <QAction>
 #include <QHBoxLayout>
 #include <QToolButton>
+#include <QVBoxLayout>
 
 namespace wallgrid {
 
-QWidget* makeListBar(const QList<QAction*>& actions)
+namespace {
+
+QWidget* makeButtons(const QList<QAction*>& actions)
 {
     auto* bar = new QWidget;
     auto* layout = new QHBoxLayout(bar);
@@ -24,6 +29,22 @@ QWidget* makeListBar(const QList<QAction*>& actions)
     }
     layout->addStretch();
     return bar;
+}
+
+} // namespace
+
+QWidget* makeListBox(const QString& title, QWidget* list, const QList<QAction*>& actions)
+{
+    auto* box = new QWidget;
+    auto* layout = new QVBoxLayout(box);
+    layout->setContentsMargins(8, 6, 0, 4);
+    layout->setSpacing(4);
+    QLabel* heading = makeHeading(title, box);
+    heading->setBuddy(list);
+    layout->addWidget(heading);
+    layout->addWidget(list);
+    layout->addWidget(makeButtons(actions));
+    return box;
 }
 
 } // namespace wallgrid
