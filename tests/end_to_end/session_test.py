@@ -59,8 +59,8 @@ class Session(WindowTest):
 
         done = self.write("ctrl+s", "Save Project", "done.mpr")
         wall = dict(fill=(1, 0, 0), frame=(1, 1, 1))
-        items = [Still(*self.image, 0, 0), Screen(4, 4, WALL // 4, WALL // 4, WIDTH - WALL, HEIGHT - WALL, **wall),
-                 Screen(4, 4, WALL // 4, WALL // 4, 0, 0, **wall), Screen(1, 3, 1920, 540, 0, -270, frame=(0, 1, 0))]
+        items = [Still(*self.image, 2 * WALL, 0), Screen(4, 4, WALL // 4, WALL // 4, WIDTH - WALL, HEIGHT - WALL, **wall),
+                 Screen(4, 4, WALL // 4, WALL // 4, WALL, 0, **wall), Screen(1, 3, 1920, 540, 0, -270, frame=(0, 1, 0))]
         names = ["", "Stage left", "Layer 1", "LINES"]
         told = json.loads(self.run_program("info", "--json", done).stdout)
         self.assertEqual([(item["name"], item["width"], item["height"], item["x"], item["y"]) for item in told["items"]],
