@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ui/window/file_menu.h"
 
+#include "base/file.h"
 #include "ui/base/shown_text.h"
 #include "ui/desktop/qt_recent_documents.h"
 
@@ -20,6 +21,14 @@ QString menuText(const QString& location)
     const auto url = Url::fromString(location.toStdString());
     const auto path = url ? url->filePath() : std::nullopt;
     return withoutMnemonics(shownText(path ? QFile::decodeName(path->c_str()) : location, 80));
+}
+
+/// Another one after the file was written. The time of a file alone lags some milliseconds behind the clock.
+using FileState = std::pair<std::optional<FileIdentity>, QDateTime>;
+
+FileState stateOf(const QString& path)
+{
+    return {fileIdentity(QFile::encodeName(path).toStdString()), QFileInfo(path).lastModified()};
 }
 
 } // namespace
@@ -110,20 +119,22 @@ void FileMenu::write(PanelPurpose purpose, Action action, Command command)
 {
     // Shared, because nobody knows how long the panels keep the purpose.
     const auto chosen = std::make_shared<QString>();
-    purpose.chosen = [chosen](const QString& path) { *chosen = path; };
+    const auto before = std::make_shared<FileState>();
+    purpose.chosen = [chosen, before](const QString& path) {
+        *chosen = path;
+        *before = stateOf(path);
+    };
     purpose.name = QFileInfo(m_project).completeBaseName();
-    const QDateTime before = QDateTime::currentDateTime();
     emit panelAhead(purpose);
     emit remedyAhead({tr("Save elsewhere…"), [this, command] { (this->*command)(QDir::homePath()); }});
     (m_delegate.*action)();
     emit remedyAhead({});
     // What failed has said so itself, and has left an older file or none.
-    const QFileInfo file(*chosen);
-    if (chosen->isEmpty() || !file.exists() || file.lastModified() < before)
+    if (chosen->isEmpty() || stateOf(*chosen) == *before)
         return;
-    emit messageWanted(tr("Written: %1").arg(shownText(file.filePath())));
+    emit messageWanted(tr("Written: %1").arg(shownText(*chosen)));
     if (action != &GXAppDelegate::saveProject) {
-        m_lastExport = file.filePath();
+        m_lastExport = *chosen;
         m_lastExportAction = action;
         m_lastExportCommand = command;
     }

@@ -3,12 +3,13 @@
 
 #include "app/new_items.h"
 #include "ui/base/empty_hint.h"
+#include "ui/base/heading.h"
 #include "ui/base/shown_text.h"
 #include "ui/desktop/qt_recent_documents.h"
 #include "ui/help/help_menu.h"
 #include "ui/inspector/inspector.h"
 #include "ui/lists/item_table.h"
-#include "ui/lists/list_box.h"
+#include "ui/lists/list_bar.h"
 #include "ui/preview/preview_surface.h"
 #include "ui/preview/zoom_bar.h"
 #include "ui/window/file_drops.h"
@@ -28,7 +29,6 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QLabel>
 #include <QLineEdit>
 #include <QMenuBar>
 #include <QScreen>
@@ -51,6 +51,20 @@ constexpr QSize kFrame(16, 48);
 constexpr int kMessageMilliseconds = 15'000;
 constexpr qsizetype kLongestMessage = 300;
 constexpr qsizetype kLongestTitle = 80;
+
+QWidget* titled(const QString& title, QWidget* content, QWidget* bar)
+{
+    auto* box = new QWidget;
+    auto* layout = new QVBoxLayout(box);
+    layout->setContentsMargins(8, 6, 0, 4);
+    layout->setSpacing(4);
+    QLabel* heading = makeHeading(title, box);
+    heading->setBuddy(content);
+    layout->addWidget(heading);
+    layout->addWidget(content);
+    layout->addWidget(bar);
+    return box;
+}
 
 } // namespace
 
@@ -162,8 +176,8 @@ QWidget* MainWindow::makeLists()
 
     auto* lists = new QSplitter(Qt::Vertical);
     lists->setObjectName("lists");
-    lists->addWidget(makeListBox(tr("&Layers"), m_table, {m_add, remove}));
-    lists->addWidget(makeListBox(tr("&Presets"), m_ptable, {m_openPresets, m_savePresets, removePreset}));
+    lists->addWidget(titled(tr("&Layers"), m_table, makeListBar({m_add, remove})));
+    lists->addWidget(titled(tr("&Presets"), m_ptable, makeListBar({m_openPresets, m_savePresets, removePreset})));
     lists->setSizes({500, 220});
     lists->setStretchFactor(0, 1);
     lists->setChildrenCollapsible(false);

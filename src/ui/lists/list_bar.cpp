@@ -1,18 +1,13 @@
 // SPDX-License-Identifier: MIT
-#include "ui/lists/list_box.h"
-
-#include "ui/base/heading.h"
+#include "ui/lists/list_bar.h"
 
 #include <QAction>
 #include <QHBoxLayout>
 #include <QToolButton>
-#include <QVBoxLayout>
 
 namespace wallgrid {
 
-namespace {
-
-QWidget* makeButtons(const QList<QAction*>& actions)
+QWidget* makeListBar(const QList<QAction*>& actions)
 {
     auto* bar = new QWidget;
     auto* layout = new QHBoxLayout(bar);
@@ -29,22 +24,6 @@ QWidget* makeButtons(const QList<QAction*>& actions)
     }
     layout->addStretch();
     return bar;
-}
-
-} // namespace
-
-QWidget* makeListBox(const QString& title, QWidget* list, const QList<QAction*>& actions)
-{
-    auto* box = new QWidget;
-    auto* layout = new QVBoxLayout(box);
-    layout->setContentsMargins(8, 6, 0, 4);
-    layout->setSpacing(4);
-    QLabel* heading = makeHeading(title, box);
-    heading->setBuddy(list);
-    layout->addWidget(heading);
-    layout->addWidget(list);
-    layout->addWidget(makeButtons(actions));
-    return box;
 }
 
 } // namespace wallgrid
