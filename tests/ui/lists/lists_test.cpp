@@ -174,21 +174,6 @@ private slots:
         QCOMPARE(program.shownNames(), (QStringList{"C", "Wall & stage", "A"}));
     }
 
-    void aMissingImageFileIsNamed()
-    {
-        Lists program;
-        auto still = GXStill::initWithimage(nullptr);
-        still->setImageURL(program.location("gone & <i>.png"));
-        program.insert(still);
-        program.settle();
-        QVERIFY(program.cell(0, nameColumn, Qt::FontRole).value<QFont>().italic());
-        QVERIFY(program.cell(0, nameColumn, Qt::ToolTipRole)
-                    .toString()
-                    .contains("missing or unreadable: " + program.path("gone &amp; &lt;i&gt;.png")));
-        QVERIFY(!program.cell(0, thumbnailColumn, Qt::DecorationRole).value<QIcon>().isNull()); // a warning sign
-        QVERIFY(!program.cell(1, nameColumn, Qt::FontRole).isValid());
-    }
-
     void thumbnailsAreMadeOnceForEachPicture()
     {
         ProgramUnderTest program;

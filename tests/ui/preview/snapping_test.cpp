@@ -1,10 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "items/gx_screen.h"
-#include "ui/preview/item_drag.h"
 #include "ui/preview/picking.h"
+#include "ui/preview/snapping.h"
 
 #include <gtest/gtest.h>
-#include <limits>
 
 using namespace wallgrid;
 
@@ -44,36 +43,6 @@ TEST(Snapping, goesToTheNearestEdges)
     };
     for (const auto& [what, moving, tolerance, expected] : cases)
         EXPECT_EQ(snapped(moving, {kRaster, kWall}, tolerance), expected) << what;
-}
-
-TEST(Snapping, dragsThroughTheSetters)
-{
-    const ItemRef first = itemAt(100, 100, 50);
-    const ItemRef second = itemAt(200, 300, 50);
-    std::string told;
-    const auto observation = second->observe([&](std::string_view key) { told += std::string(key) + ' '; });
-    ItemDrag drag({first, second}, {kRaster});
-
-    drag.moveTo({-94.6, 20.4}, 8);
-    EXPECT_EQ(first->frame(), (PixelRect{0, 120, 50, 50}));
-    EXPECT_EQ(second->frame(), (PixelRect{100, 320, 50, 50}));
-    EXPECT_EQ(drag.guides(), (std::vector<Guide>{{Qt::Vertical, 0, 0, 1080}}));
-
-    drag.moveTo({-94.6, 20.4}, {});
-    EXPECT_EQ(first->frame(), (PixelRect{5, 120, 50, 50}));
-    EXPECT_TRUE(drag.guides().empty());
-    drag.moveTo({-94.6, 21}, {});
-    EXPECT_EQ(told, "xpoint ypoint xpoint ypoint ");
-
-    drag.cancel();
-    EXPECT_EQ(first->frame(), (PixelRect{100, 100, 50, 50}));
-    EXPECT_EQ(second->frame(), (PixelRect{200, 300, 50, 50}));
-
-    using Limits = std::numeric_limits<std::int32_t>;
-    first->setXpoint(Limits::max());
-    moveItems({first}, {10, -10});
-    EXPECT_EQ(first->xpoint(), Limits::max());
-    EXPECT_EQ(first->ypoint(), 90);
 }
 
 TEST(Picking, takesTheTopmostVisible)
