@@ -285,7 +285,7 @@ void Inspector::showName()
     if (m_items.size() > 1 && m_name->isModified())
         return; // it is being typed
     if (tooLong || mixed)
-        m_name->clear();
+        m_name->setText({}); // clear() would count as typed
     else if (m_name->text() != viewOf(label))
         m_name->setText(viewOf(label).toString());
 }

@@ -372,6 +372,11 @@ private slots:
         QVERIFY(!history.undoable());
         program.find<QToolButton>("Align: Top right")->click(); // as they stand to each other
         QCOMPARE(all(&GXItem::xpoint), "1909 1809 1809 0");
+        type(program.find<QLineEdit>("&Name"), "for the three");
+        delegate.arraycontroller().setSelectionIndexes({2, 3});
+        program.settle();
+        QTest::keyClick(program.find<QLineEdit>("&Name"), Qt::Key_Return);
+        QCOMPARE(program.layers(), QStringList({"same", "", "same", "Layer 0"}));
     }
 
     void alignMovesTheItem()
