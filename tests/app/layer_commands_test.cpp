@@ -32,7 +32,7 @@ protected:
     }
     void reset()
     {
-        put({wall(u"W09", 10, 5, 30, 20), wall(u"Logo", 100, 50, 11, 8), wall(u"", 47, -40, 20, 30)});
+        put({wall(u"W08", 10, 5, 30, 20), wall(u"Logo", 100, 50, 11, 8), wall(u"", 47, -40, 20, 30)});
         delegate.arraycontroller().setSelectionIndexes({0, 1, 2});
     }
     /// Name and place of every layer, a selected one with a star.
@@ -58,21 +58,25 @@ TEST_F(LayerCommands, AlignDistributeAndPlaceInRows)
     alignLayers(delegate, Direction::Across, Edge::Near, around);
     EXPECT_NE(delegate.allScreensArray()->at(1)->picture(), picture) << "it says where the wall was";
     alignLayers(delegate, Direction::Down, Edge::Far, around);
-    EXPECT_EQ(layers(), "*W09@10,38 *Logo@10,50 *@10,28 ");
-    alignLayers(delegate, Direction::Across, Edge::Middle, {0, 0, 200, 100});
+    EXPECT_EQ(layers(), "*W08@10,38 *Logo@10,50 *@10,28 ");
+    alignLayers(delegate, Direction::Across, Edge::Middle, {0, 0, 25, 100});
     alignLayers(delegate, Direction::Down, Edge::Near, {0, 0, 200, 100});
-    EXPECT_EQ(layers(), "*W09@85,0 *Logo@94,0 *@90,0 ");
+    EXPECT_EQ(layers(), "*W08@-3,0 *Logo@7,0 *@2,0 ");
+    delegate.allScreensArray()->at(1)->setPanelHeight(9);
+    delegate.allScreensArray()->at(1)->drawInRect();
     distributeLayers(delegate, Direction::Down); // they overlap, and do so evenly afterwards
-    EXPECT_EQ(layers(), "*W09@85,-6 *Logo@94,0 *@90,0 ");
+    EXPECT_EQ(layers(), "*W08@-3,-5 *Logo@7,0 *@2,0 ");
     reset();
     distributeLayers(delegate, Direction::Across); // 40 pixels in two gaps
-    EXPECT_EQ(layers(), "*W09@10,5 *Logo@100,50 *@60,-40 ");
+    EXPECT_EQ(layers(), "*W08@10,5 *Logo@100,50 *@60,-40 ");
     placeInRows(delegate, {2, 64, -3});
-    EXPECT_EQ(layers(), "*W09@10,5 *Logo@104,5 *@10,22 ");
+    EXPECT_EQ(layers(), "*W08@10,5 *Logo@104,5 *@10,22 ");
+    placeInRows(delegate, {1, 0, -3});
+    EXPECT_EQ(layers(), "*W08@10,5 *Logo@10,22 *@10,27 ");
     delegate.arraycontroller().setSelectionIndexes({1, 2});
     distributeLayers(delegate, Direction::Across);
     placeInRows(delegate, {1, 0, std::int64_t{1} << 40});
-    EXPECT_EQ(layers(), "W09@10,5 *Logo@104,5 *@104,2147483647 ");
+    EXPECT_EQ(layers(), "W08@10,5 *Logo@10,22 *@10,2147483647 ");
 }
 
 TEST_F(LayerCommands, CopiesStandBesideWithTheNextNames)
@@ -80,25 +84,28 @@ TEST_F(LayerCommands, CopiesStandBesideWithTheNextNames)
     delegate.arraycontroller().setSelectionIndexes({1, 2});
     const ImageRef original = delegate.allScreensArray()->at(1)->picture();
     duplicateLayers(delegate); // no room to the right, room below
-    EXPECT_EQ(layers(), "W09@10,5 *Logo 2@164,50 *@111,-40 Logo@100,50 @47,-40 ");
+    EXPECT_EQ(layers(), "W08@10,5 *Logo 2@164,50 *@111,-40 Logo@100,50 @47,-40 ");
     EXPECT_NE(delegate.allScreensArray()->at(1)->picture(), original);
     reset();
     delegate.arraycontroller().setSelectionIndexes({1});
     delegate.setOutputWidth(121);
     duplicateLayers(delegate);
-    EXPECT_EQ(layers(), "W09@10,5 *Logo 2@100,58 Logo@100,50 @47,-40 ");
+    EXPECT_EQ(layers(), "W08@10,5 *Logo 2@100,58 Logo@100,50 @47,-40 ");
+    delegate.setOutputHeight(60);
+    duplicateLayers(delegate); // no room
+    EXPECT_EQ(layers(), "W08@10,5 *Logo 3@111,58 Logo 2@100,58 Logo@100,50 @47,-40 ");
     reset();
     delegate.arraycontroller().setSelectionIndexes({0});
     makeArray(delegate, {2, 2, 64, -1});
-    EXPECT_EQ(layers(), "*W09@10,5 *W10@104,5 *W11@10,24 *W12@104,24 Logo@100,50 @47,-40 ");
+    EXPECT_EQ(layers(), "*W08@10,5 *W09@104,5 *W10@10,24 *W11@104,24 Logo@100,50 @47,-40 ");
     const std::string before = layers();
     makeArray(delegate, {ArrayLayout::kMostCopies, 2, 0, 0});
     makeArray(delegate, {0, 5, 0, 0});
     EXPECT_EQ(layers(), before);
-    pasteLayers(delegate, {wall(u"W12", 1, 1, 9, 9), wall(u"New", 2, 2, 9, 9)});
-    EXPECT_TRUE(layers().starts_with("*W13@1,1 *New@2,2 W09@10,5 W10@")) << layers();
+    pasteLayers(delegate, {wall(u"W11", 1, 1, 9, 9), wall(u"New", 2, 2, 9, 9)});
+    EXPECT_TRUE(layers().starts_with("*W12@1,1 *New@2,2 W08@10,5 W09@")) << layers();
     pasteLayers(delegate, {wall(u"New", 2, 2, 9, 9)});
-    EXPECT_TRUE(layers().starts_with("*New 2@11,2 W13@1,1 ")) << layers();
+    EXPECT_TRUE(layers().starts_with("*New 2@11,2 W12@1,1 ")) << layers();
 }
 
 TEST_F(LayerCommands, OverlapsAreThoseOfEachPairByItself)

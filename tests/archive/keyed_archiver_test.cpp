@@ -18,4 +18,6 @@ TEST(KeyedArchiver, WritesAColourAsTheRealArchiveHasIt)
               "6F 6C 6F 72 A2 12 14 58 4E 53 4F 62 6A 65 63 74 5F 10 0F 4E 53 4B 65 79 65 64 41 72 63 68 69 76 65 72 "
               "D1 17 18 54 72 6F 6F 74 80 01 08 11 1A 23 2D 32 37 3B 41 48 50 5D 64 67 69 6B 70 7B 84 8C 8F 98 AA AD "
               "B2 00 00 00 00 00 00 01 01 00 00 00 00 00 00 00 19 00 00 00 00 00 00 00 00 00 00 00 00 00 00 00 B4");
+    const ArchiveArray fives{std::int64_t{5}, std::int64_t{5}};
+    EXPECT_EQ(KeyedArchiver::archivedDataWithRootObject(fives).size(), 245U) << "equal numbers stand once";
 }

@@ -63,6 +63,8 @@ TEST_F(ArrayControllerTest, TellsOncePerChangeOfMembershipAfterSelecting)
     controller.setSelectionIndexes({1, 7});
     EXPECT_EQ(controller.selectionIndexes(), Controller::Indexes{1});
     EXPECT_EQ(told, all) << "nothing outside the list";
+    const auto observed = controller.observeSelection([] { ADD_FAILURE() << "it is selected already"; });
+    controller.setSelectionIndexes({1});
 }
 
 TEST_F(ArrayControllerTest, SelectionStaysOnItsObjectsOrFallsToTheNextRow)

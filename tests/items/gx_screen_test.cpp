@@ -49,6 +49,8 @@ struct BoxToolkit : Toolkit {
 TEST(GXScreen, DrawsPanelsAndFrames)
 {
     const ScreenRef screen = makeScreen(2, 1, 4, 3);
+    EXPECT_EQ(screen->circleBWidth(), 4);
+    screen->setThumbnail(makeScreen(1, 1, 1, 1)->thumbnail()); // not its own
     expectDrawn(*screen, {"WWWWWWWW", "WRRWWRRW", "WWWWWWWW"});
     screen->setBoarderWidth(-3);
     expectDrawn(*screen, {"RRRRRRRR", "RRRRRRRR", "RRRRRRRR"});

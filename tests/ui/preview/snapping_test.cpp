@@ -28,7 +28,7 @@ ItemRef itemAt(std::int32_t x, std::int32_t y, std::int32_t side, bool visible =
 TEST(Snapping, goesToTheNearestEdges)
 {
     const std::tuple<const char*, PixelRect, std::int64_t, Snap> cases[]{
-        {"raster's corner", {5, -3, 100, 93}, 8, {{-5, 3}, {{Qt::Vertical, 0, 0, 1080}, {Qt::Horizontal, 0, 0, 1920}}}},
+        {"raster's corner", {8, -3, 100, 93}, 8, {{-8, 3}, {{Qt::Vertical, 0, 0, 1080}, {Qt::Horizontal, 0, 0, 1920}}}},
         {"just too far", {9, 200, 100, 100}, 8, {{0, 0}, {}}},
         {"the nearer of two", {903, 700, 1015, 100}, 8, {{2, 0}, {{Qt::Vertical, 1920, 0, 1080}}}},
         {"left before right", {903, 700, 1014, 100}, 8, {{-3, 0}, {{Qt::Vertical, 900, 100, 800}}}},

@@ -34,6 +34,7 @@ private slots:
                                       {"Fill colour as #RRGGBB or #RRGGBBAA", "#12", "#FF0000"}};
         for (const auto& [field, typed, text] : fields) {
             Steps program;
+            QCOMPARE(program.menu(), QString("(&Undo) (&Redo)"));
             program.item().setRow(300);
             program.settle();
             auto* edited = program.find<QWidget>(field);

@@ -56,20 +56,6 @@ private slots:
         QCOMPARE(program.runLoop.pendingTimers(), std::size_t{0});
     }
 
-    void timersEndWithTheProgram()
-    {
-        ManualRunLoop runLoop;
-        {
-            ScriptedPanels panels;
-            QtRecentDocuments recentDocuments({});
-            Application application(runLoop, panels, recentDocuments);
-            application.launch();
-            application.delegate().update();
-        }
-        QCOMPARE(runLoop.pendingTimers(), std::size_t{0});
-        runLoop.advance(1);
-    }
-
     void filesAreSavedAndOpened()
     {
         ProgramUnderTest program;
