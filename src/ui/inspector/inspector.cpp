@@ -6,6 +6,7 @@
 #include "app/layer_names.h"
 #include "app/still_pictures.h"
 #include "items/gx_screen.h"
+#include "ui/base/fold_heading.h"
 #include "ui/base/heading.h"
 #include "ui/base/image_file_name.h"
 #include "ui/base/shown_text.h"
@@ -62,6 +63,7 @@ constexpr std::array<NumberProperty, GXItem::kCaptionCount> kNumbers{{
 constexpr std::size_t kFirstTextSize = 6;
 
 constexpr int kRoomAboveCaption = 3;
+constexpr double kSummaryScale = 1.3; // the size of a wall is what people look for first
 
 bool isScreen(const GXItem& item)
 {
@@ -113,23 +115,30 @@ Inspector::Inspector(GXAppDelegate& delegate, QWidget* parent)
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(makeIdentity());
     layout->addSpacing(8);
-    layout->addWidget(makeHeading(tr("Size and place"), this));
-    layout->addWidget(makeNumbers());
-
+    auto* place = new QWidget(this);
+    auto* placeLayout = new QVBoxLayout(place);
+    placeLayout->setContentsMargins({});
+    layout->addWidget(new FoldHeading(QStringLiteral("place"), tr("&Size and place"), *place, this));
+    layout->addWidget(place);
+    placeLayout->addWidget(makeNumbers());
     m_align = new AlignButtons(this);
     auto* alignCaption = new QLabel(tr("&Align"), this);
     alignCaption->setBuddy(m_align);
     connect(m_align, &AlignButtons::alignRequested, this, &Inspector::align);
-    layout->addWidget(alignCaption);
-    layout->addWidget(m_align);
+    placeLayout->addWidget(alignCaption);
+    placeLayout->addWidget(m_align);
 
     layout->addSpacing(8);
-    m_drawingHeading = makeHeading(tr("Drawing"), this);
     m_drawing = new DrawingControls(m_delegate, this);
+    auto* drawing = new QWidget(this);
+    auto* drawingLayout = new QVBoxLayout(drawing);
+    drawingLayout->setContentsMargins({});
+    drawingLayout->addWidget(m_drawing);
+    m_drawingHeading = new FoldHeading(QStringLiteral("drawing"), tr("&Drawing"), *drawing, this);
     m_drawing->addTextSizes({m_numbers[kFirstTextSize].caption, m_numbers[kFirstTextSize].field},
                             {m_numbers[kFirstTextSize + 1].caption, m_numbers[kFirstTextSize + 1].field});
     layout->addWidget(m_drawingHeading);
-    layout->addWidget(m_drawing);
+    layout->addWidget(drawing);
     layout->addStretch();
 
     m_selectionObservation = m_delegate.arraycontroller().observeSelection([this] { m_refresh.schedule(); });
@@ -145,6 +154,9 @@ QWidget* Inspector::makeIdentity()
 
     m_summary = makeHeading({}, box);
     m_summary->setTextFormat(Qt::PlainText);
+    QFont large = m_summary->font();
+    large.setPointSizeF(large.pointSizeF() * kSummaryScale);
+    m_summary->setFont(large);
     layout->addWidget(m_summary, 0, 0, 1, 2);
 
     m_name = new QLineEdit(box);

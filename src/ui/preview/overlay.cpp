@@ -10,7 +10,7 @@ namespace {
 
 constexpr QColor kAccent{0x2f, 0x9b, 0xff};
 constexpr QColor kGuide{0xff, 0x5a, 0xe0};
-constexpr QColor kHalo{0, 0, 0, 0x90};
+constexpr QColor kHalo{0, 0, 0, 0xc0};
 constexpr int kBeyond = 32;  // widths of a line that a guide is longer than what it belongs to
 constexpr int kOutside = 16; // device pixels beyond the view that are still drawn
 
@@ -49,7 +49,10 @@ void Overlay::paintFrame(const QRect& inner, int width, const QBrush& brush)
 void Overlay::paintOutline(const PixelRect& frame, Outline outline)
 {
     const int width = outline == Outline::Hovered ? m_line : 2 * m_line;
-    const QRect inner = visibleRect(frame);
+    // Dark lines on both sides of the bright one, or it would be lost on a wall or a ground of its own colour.
+    const QRect item = visibleRect(frame);
+    const QRect inner = item.adjusted(-m_line, -m_line, m_line, m_line);
+    paintFrame(item, m_line, kHalo);
     paintFrame(inner, width,
                outline == Outline::SelectedInvisible ? QBrush(kAccent, Qt::Dense4Pattern) : QBrush(kAccent));
     paintFrame(inner.adjusted(-width, -width, width, width), m_line, kHalo);

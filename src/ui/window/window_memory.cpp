@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "ui/window/window_memory.h"
 
+#include "ui/base/fold_heading.h"
+
 #include <QMainWindow>
 #include <QSettings>
 #include <QSplitter>
@@ -17,6 +19,11 @@ QString keyOf(const QSplitter& splitter)
     return "splitters/" + splitter.objectName();
 }
 
+QString keyOf(const FoldHeading& heading)
+{
+    return "folded/" + heading.objectName();
+}
+
 } // namespace
 
 void rememberWindow(const QMainWindow& window, QSettings& memory)
@@ -28,6 +35,8 @@ void rememberWindow(const QMainWindow& window, QSettings& memory)
             sizes.append(size);
         memory.setValue(keyOf(*splitter), sizes);
     }
+    for (const FoldHeading* heading : window.findChildren<FoldHeading*>())
+        memory.setValue(keyOf(*heading), heading->isFolded());
 }
 
 void restoreWindow(QMainWindow& window, const QSettings& memory)
@@ -41,6 +50,8 @@ void restoreWindow(QMainWindow& window, const QSettings& memory)
         if (usable && sizes.size() == splitter->count())
             splitter->setSizes(sizes);
     }
+    for (FoldHeading* heading : window.findChildren<FoldHeading*>())
+        heading->setFolded(memory.value(keyOf(*heading), false).toBool());
 }
 
 } // namespace wallgrid

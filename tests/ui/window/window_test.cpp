@@ -537,11 +537,16 @@ private slots:
         window.setGeometry(30000, 20000, 700, 500); // of a display that is unplugged
         lists->setSizes({200, 200});
         const QList<int> sizes = lists->sizes();
+        auto* drawing = program.find<QToolButton>("&Drawing");
+        drawing->click();
         rememberWindow(window, memory);
         lists->setSizes({300, 100});
+        drawing->click();
+        QVERIFY(program.find<QCheckBox>("Circle")->isVisible());
         QVERIFY(lists->sizes() != sizes);
         restoreWindow(window, memory);
         QCOMPARE(lists->sizes(), sizes);
+        QVERIFY(!program.find<QCheckBox>("Circle")->isVisible());
         QVERIFY(window.screen()->availableGeometry().contains(window.geometry()));
         memory.setValue("splitters/lists", QVariantList{0, "x"});
         memory.setValue("geometry", "x");
