@@ -41,7 +41,9 @@ private slots:
     {
         Edited program;
         QStringList found;
-        for (auto* control : program.window().inspector()->findChildren<QWidget*>()) {
+        const QWidget* const inspector = program.window().inspector();
+        for (QWidget* control = inspector->nextInFocusChain(); inspector->isAncestorOf(control);
+             control = control->nextInFocusChain()) { // as Tab goes
             auto* box = qobject_cast<QCheckBox*>(control);
             const bool line = qobject_cast<QLineEdit*>(control) && !qobject_cast<NumberField*>(control->parent());
             if (!control->isVisible() || !(box || line || qobject_cast<NumberField*>(control)))
@@ -86,6 +88,10 @@ private slots:
         QCOMPARE(program.item().xpoint(), 1);
         QTest::keyClick(left, Qt::Key_Down, Qt::ShiftModifier);
         QCOMPARE(program.item().xpoint(), -9);
+        program.item().setXpoint(99'995);
+        program.settle();
+        QTest::keyClick(left, Qt::Key_Up, Qt::ShiftModifier);
+        QCOMPARE(program.item().xpoint(), 100'000);
     }
 
     void coloursAreTypedAndPasted()
@@ -134,6 +140,8 @@ private slots:
             QTest::mouseClick(line, Qt::LeftButton, {}, line->rect().center() + QPoint(line->width() / 3, 0));
         };
         auto* left = program.find<NumberField>("H-Start");
+        program.item().setXpoint(5);
+        program.settle();
         clickAtTheEnd(left);
         QTest::keyClicks(left, "448");
         QCOMPARE(program.item().xpoint(), 448);
@@ -147,6 +155,7 @@ private slots:
         QTest::keyClicks(left, "-2*128");
         QTest::keyClick(left, Qt::Key_Return);
         QCOMPARE(left->text(), "4224 px");
+        QVERIFY(left->findChild<QLineEdit*>()->hasSelectedText());
         auto* name = program.find<QLineEdit>("&Name");
         for (const char* typed : {"Main", " 2"}) {
             clickAtTheEnd(name);
@@ -188,15 +197,17 @@ private slots:
             QTest::keyClick(field, Qt::Key_Return);
         }
         auto* rows = program.find<NumberField>("ROWS");
+        auto* color = program.find<QLineEdit>("Fill colour as #RRGGBB or #RRGGBBAA");
         type(rows, "x");
-        program.insert(makeScreen(u"other"));
+        type(color, "#12");
+        program.insert(program.item().copy());
         program.settle();
-        QCOMPARE(rows->text(), "1");
+        QCOMPARE(rows->text() + color->text(), "4#FF0000");
         type(rows, "+=2*2");
-        QCOMPARE(program.item().row(), 1); // not before it is typed to the end
+        QCOMPARE(program.item().row(), 4); // not before it is typed to the end
         QTest::keyClick(rows, Qt::Key_Return);
         QTest::keyClick(rows, Qt::Key_Return);
-        QCOMPARE(program.item().row(), 5);
+        QCOMPARE(program.item().row(), 8);
     }
 
     void coloursAreChosenInAPanel()
@@ -243,6 +254,7 @@ private slots:
         QCOMPARE(program.find<NumberField>("COLS")->value(), item->col());
         QCOMPARE(program.find<NumberField>("ROWS")->value(), item->row());
         QCOMPARE(program.find<ColorButton>("Frame colour")->color(), item->boarderColor());
+        QCOMPARE(program.find<QLineEdit>("Frame colour as #RRGGBB or #RRGGBBAA")->text(), "#8A7A6B1F");
         for (int i = 0; i < 60; ++i)
             QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
         for (const auto& rows : {std::set<std::size_t>{1}, {0}, {}}) {
@@ -251,6 +263,9 @@ private slots:
         }
         QVERIFY(!program.find<NumberField>("COLS")->isEnabled() && !program.find<QLineEdit>("&Name")->isEnabled());
         QVERIFY(writeProject(program.delegate().project()) == before);
+        program.insert(makeScreen(u"wall", 1'000'000));
+        program.settle();
+        QVERIFY(program.find<QLabel>("Screen, 1000000 × 1000000 px: too large to draw"));
     }
 
     void namesAreKeptUntilTheyAreEdited()
@@ -352,7 +367,9 @@ private slots:
         QCOMPARE(items[2]->rectColor(), items[0]->rectColor());
         QVERIFY(undone());
         items[2]->setVisible(false);
+        items[2]->setRectColor(Color::calibratedRGB(0, 1, 0)); // alike, not the same
         program.settle();
+        QCOMPARE(program.find<QLineEdit>("Fill colour as #RRGGBB or #RRGGBBAA")->text(), "#00FF00");
         history.start();
         auto* visible = program.find<QCheckBox>("V&isible in the output");
         QCOMPARE(visible->checkState(), Qt::PartiallyChecked);
