@@ -105,13 +105,13 @@ private slots:
     void theListsAreShown()
     {
         Lists program;
-        program.insert(makeScreen(u"two\nlines & <b>"), 1);
+        program.insert(makeScreen(u"two\n\u2028lines & <b>"), 1);
         program.insert(makeScreen(u""), 2);
         program.insert(program.delegate().arraycontroller().arrangedObjects()[0], 3);  // once more
         const QString faces = "x" + QStringLiteral(u"\U0001F600").repeated(5'000'000); // the limit falls within a pair
         program.insert(makeScreen(faces.toStdU16String()), 4);
         program.settle();
-        QStringList shown{"C", "two lines & <b>", "(no name)", "C", "", "B", "A"};
+        QStringList shown{"C", "two  lines & <b>", "(no name)", "C", "", "B", "A"};
         shown[4] = faces.first(199) + u'…';
         QCOMPARE(program.shownNames(), shown);
         QVERIFY(!(program.table.model()->flags(program.table.model()->index(4, nameColumn)) & Qt::ItemIsEditable));
@@ -190,6 +190,13 @@ private slots:
         QVERIFY(inIt.red() > 200 && inIt.green() < 150);
         program.item().setRectColor(Color::greenColor()); // renders anew
         QVERIFY(before.cacheKey() != icon().cacheKey());
+        const auto still = GXStill::initWithimage(program.item().thumbnail());
+        program.insert(still);
+        program.settle();
+        const QIcon unscaled = icon();
+        still->setPanelHeight(9);
+        program.settle();
+        QVERIFY(unscaled.cacheKey() != icon().cacheKey());
     }
 
     void ownRowsAreDroppedAndStrangeOnesChangeNothing()
@@ -241,7 +248,11 @@ private slots:
         program.trigger("Re&move");
         QCOMPARE(program.presets(), QString());
         program.select(table, 1);
+        program.item(2).setVisible(false);
         QTest::keyClick(&table, Qt::Key_Down, Qt::ShiftModifier);
+        program.press(table, Qt::Key_Space);
+        QVERIFY(!program.item(1).visible() && !program.item(2).visible());
+        QVERIFY(program.cell(1, nameColumn, Qt::ForegroundRole).isValid()); // grey
         program.press(table, Qt::Key_Delete);
         QCOMPARE(program.order(), QString("CIRCLE A"));
         program.press(table, Qt::Key_Delete);
@@ -253,6 +264,7 @@ private slots:
     void theAddSheetOffersAScreenOrAnImage()
     {
         Lists program;
+        QVERIFY(program.find<QToolButton>(program.action("&Add…")->toolTip())->toolTip().contains("Ctrl+Shift+N"));
         program.trigger("&Add…");
         QCOMPARE(program.sheet()->windowModality(), Qt::WindowModal);
         QCOMPARE(program.sheet()->findChildren<QPushButton*>().size(), 3);

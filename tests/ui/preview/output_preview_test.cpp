@@ -55,11 +55,14 @@ private:
 private slots:
     void theDisplayShowsTheRasterAndNothingElse()
     {
-        const std::tuple<const char*, QSize, const char*> displays[]{
-            {"wall", {400, 300}, "Output Preview on wall, 400 × 300, pixel for pixel"},
-            {"desk", {1000, 800}, "Output Preview on desk, 1000 × 800, pixel for pixel"},
-            {"scaled", {600, 450}, "The desktop scales scaled to 150 %: set it to 100 % for exact pixels."}};
-        for (const auto& [name, pixels, report] : displays) {
+        const std::tuple<const char*, QSize, Qt::Key, const char*> displays[]{
+            {"wall", {400, 300}, Qt::Key_F, "Output Preview on wall, 400 × 300, pixel for pixel"},
+            {"desk", {1000, 800}, Qt::Key_F11, "Output Preview on desk, 1000 × 800, pixel for pixel"},
+            {"scaled",
+             {600, 450},
+             Qt::Key_Escape,
+             "The desktop scales scaled to 150 %: set it to 100 % for exact pixels."}};
+        for (const auto& [name, pixels, key, report] : displays) {
             ProgramUnderTest program;
             program.delegate().loadProject({300, 400, {makeScreen(u"a", 120, 77, 33)}});
             program.delegate().setEdgeColor(Color::greenColor());
@@ -87,7 +90,7 @@ private slots:
             QCOMPARE(wrongPixels(program, *display(name)), 0);
             program.delegate().openPvw(); // again: nothing changes
             QCOMPARE(rasterWindow(), window);
-            QTest::keyClick(window, pixels.width() == 400 ? Qt::Key_F : Qt::Key_Escape);
+            QTest::keyClick(window, key);
             QVERIFY(!rasterWindow());
             program.settle();
             QVERIFY(!program.find<QLabel>(report));
@@ -112,6 +115,10 @@ private slots:
         QVERIFY(rasterWindow()->testAttribute(Qt::WA_ShowWithoutActivating)); // the keyboard stays in the editor
         preview.leave();
         emit qGuiApp->screenAdded(display("wall"));
+        QVERIFY(!rasterWindow());
+        program.delegate().openPvw();
+        QVERIFY(rasterWindow() && program.action("wall, 400 × 300")->isChecked());
+        program.window().close();
         QVERIFY(!rasterWindow());
     }
 };

@@ -113,6 +113,15 @@ private slots:
         QTest::keyClick(&surface, Qt::Key_Escape);
         QCOMPARE(wall.xpoint(), unsnapped);
         program.settle();
+        drag(surface, at(surface, unsnapped + 50, 500), at(surface, 1500, 900));
+        surface.clearFocus();
+        program.settle();
+        history.undo(); // it has ended
+        QCOMPARE(wall.xpoint(), unsnapped);
+        surface.setFocus();
+        QTest::keyPress(&surface, Qt::Key_Space);
+        surface.clearFocus();
+        QVERIFY(surface.cursor().shape() != Qt::OpenHandCursor);
         history.undo(); // all of the first drag is one step
         QCOMPARE(wall.xpoint(), 600);
         QVERIFY(!history.undoable());
@@ -180,7 +189,8 @@ private slots:
         press(Qt::Key_Right);
         press(Qt::Key_Down, Qt::ShiftModifier);
         press(Qt::Key_Left, Qt::ControlModifier);
-        QCOMPARE(place(), QPoint(1 - 78, 10));
+        press(Qt::Key_Up, Qt::ControlModifier);
+        QCOMPARE(place(), QPoint(1 - 78, 10 - 50));
         program.settle();
         program.settle();
     }
@@ -195,6 +205,10 @@ private slots:
                               false);
             QCoreApplication::sendEvent(&surface, &wheel);
         };
+        drag(surface, at(surface, 700, 500), at(surface, 700, 500));
+        release(surface, at(surface, 700, 500));
+        const QStringList pixel = program.find<QLabel>("Pixel under the pointer")->text().split(", ");
+        QVERIFY(std::abs(pixel[0].toInt() - 700) < 8 && std::abs(pixel[1].toInt() - 500) < 8);
         surface.zoomTo(1);
         const QPointF kept = surface.viewport().toRaster(place * surface.devicePixelRatioF());
         turn(60, Qt::ControlModifier); // half a notch

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "app/project_file.h"
+#include "ui/base/state_folder.h"
 #include "ui/program_under_test.h"
 #include "ui/recovery/recovery.h"
 #include "ui/recovery/recovery_bar.h"
@@ -60,8 +61,8 @@ private slots:
         const QString folder = state.filePath("recovery");
         {
             Program programs[]{Program(folder), Program(folder), Program(folder)};
-            for (Program& program : programs) {
-                program.item().setCol(7);
+            for (int columns = 5; Program & program : programs) {
+                program.item().setCol(columns++);
                 QVERIFY(program.copies() > 0);
             }
             QVERIFY(!Program(folder).offers()); // they still run
@@ -77,8 +78,8 @@ private slots:
             QVERIFY(next.offers());
             QVERIFY(!Program(folder).offers()); // to one only
             next.click("Restore");
-            QCOMPARE(next.item().col(), 7);
-            QCOMPARE(next.copies(), 3); // no file of the user has it yet
+            QCOMPARE(next.item().col(), 5); // the newest: this program ended last
+            QCOMPARE(next.copies(), 3);     // no file of the user has it yet
             next.application.history().undo();
             QCOMPARE(next.item().col(), 4);
             QCOMPARE(next.copies(), 2);
@@ -106,6 +107,8 @@ private slots:
     void aProgramThatQuitsLeavesUnsavedChangesAndItsWindowsPlace()
     {
         const QTemporaryDir state;
+        qputenv("XDG_STATE_HOME", "relative");
+        QVERIFY(QDir::isAbsolutePath(stateFolder()));
         qputenv("XDG_STATE_HOME", state.path().toLocal8Bit());
         const std::string named = state.filePath("named.mpr").toStdString();
         QVERIFY(writeFileAtomically(named, writeProject({300, 400, {makeScreen(u"named")}})));
@@ -114,7 +117,9 @@ private slots:
                 if (!qobject_cast<MainWindow*>(widget))
                     continue;
                 widget->resize(900, 700);
-                for (auto* action : widget->findChildren<QAction*>()) {
+                const auto actions = widget->findChildren<QAction*>();
+                QVERIFY(std::ranges::none_of(actions, [](auto* each) { return each->text() == "&Undo Open Project"; }));
+                for (auto* action : actions) {
                     if (action->text() == "&Duplicate")
                         action->trigger();
                 }
@@ -138,6 +143,7 @@ private slots:
             Program next(folder);
             next.click("Restore");
             QCOMPARE(next.item().col(), 8);
+            QVERIFY(!next.offers());
             next.save("stage.mpr");
         }
         QVERIFY(QDir(folder).isEmpty());
@@ -151,9 +157,12 @@ private slots:
             Program program(folder);
             program.delegate().setBgColor(Color::deviceRGB(1, 0, 0, 0.5));
             program.delegate().setEdgeColor(Color::greenColor());
+            QCOMPARE(program.copies(), 1);
+            const auto copied = [&] { return readFile(copiesIn(folder).constFirst().toStdString()).value(); };
+            const Bytes before = copied();
             program.delegate().presetarraycontroller().removeObjectsAtArrangedObjectIndexes({0, 2});
             QCOMPARE(program.copies(), 1);
-            QVERIFY(readProject(*readFile(copiesIn(folder).constFirst().toStdString())));
+            QVERIFY(copied() != before && readProject(copied()));
         }
         Program next(folder);
         next.click("Restore");
@@ -198,6 +207,8 @@ private slots:
         program.panels.answer = program.location("stage.mpr");
         program.delegate().openProject();
         QCOMPARE(copied(), -1);
+        program.application.history().undo();
+        QCOMPARE(copied(), 8); // no file holds that
     }
 
     void anEventWithoutMemoryIsTakenBackWhole()

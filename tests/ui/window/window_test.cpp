@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "items/gx_still.h"
 #include "ui/desktop/qt_panels.h"
-#include "ui/desktop/qt_progress.h"
+#include "ui/fields/number_field.h"
+#include "ui/preview/image_view.h"
 #include "ui/preview/preview_surface.h"
 #include "ui/program_under_test.h"
 #include "ui/theme/appearance_action.h"
@@ -80,6 +81,9 @@ private slots:
         QVERIFY(opens([&] { program.application.openFile(name.toStdString()); }));
         QDir::setCurrent(here);
 
+        program.panels.answer = program.location("no/such/folder");
+        program.trigger("&Save Project…");
+        QCOMPARE(fileName(program.delegate().documentFile()->location), name);
         QMenu* recent = program.action("Open &Recent")->menu();
         QCOMPARE(recent->actions().size(), 3); // with a line and what clears the menu
         program.trigger("&Clear Menu");
@@ -123,6 +127,11 @@ private slots:
         program.trigger("&Paste");
         QCOMPARE(program.layers(), QStringList({"a 2", "a", "Layer 0"}));
         QCOMPARE(program.item(0).xpoint(), 24);
+        program.action("&Right")->trigger();
+        program.item(0).setXpoint(24);
+        program.settle();
+        program.application.history().undo(); // a command is a step of its own
+        QCOMPARE(program.item(0).xpoint(), 1916);
         QApplication::clipboard()->setText("a");
         program.trigger("&Paste");
         QCOMPARE(program.window().statusBar()->currentMessage(), "Nothing to paste: no layers were copied.");
@@ -274,6 +283,12 @@ private slots:
         QVERIFY(bar->accessibleName().endsWith("cut.mpr: this is not a project"));
         program.find<QToolButton>("Dismiss")->click();
         QVERIFY(!bar->isVisible());
+        program.window().showFailure("one");
+        program.window().showFailure("two");
+        QCOMPARE(bar->findChild<QLabel*>()->toolTip(), "<p>two\none</p>");
+        program.delegate().openAbout();
+        QCOMPARE(drop({file("a wall.mpr")}), QString("refused"));
+        program.delegate().closeAbout();
         QCOMPARE(drop({file("a wall.mpr"), file("logo #1.png")}), QString("Layer 0, "));
         const auto* still = dynamic_cast<GXStill*>(&program.item(1)); // below the first row, as the Add sheet's
         QCOMPARE(fileName(still->ImageURL()), QString("logo #1.png"));
@@ -285,6 +300,18 @@ private slots:
         place = preview.mapTo(&program.window(), QPoint(1, 1));
         drop({file("logo #1.png")});
         QCOMPARE(program.item(1).frame().origin(), PixelPoint()); // as near as it lies in the output
+        for (const char* command : {"&Select All", "&Copy", "&Paste"})
+            program.trigger(command);
+        program.item(1).setPanelWidth(5);
+        program.item(1).drawInRect();
+        QCOMPARE(program.item(2).picture()->size().width, 22.5); // of the same file
+        const auto copy = std::dynamic_pointer_cast<GXStill>(program.item(1).copy());
+        QCOMPARE(fileName(copy->ImageURL()), QString("logo #1.png"));
+        program.item(1).setPanelWidth(7);
+        program.item(1).drawInRect();
+        QCOMPARE(copy->picture()->size().width, 5.0);
+        copy->setThumbnail(program.item(0).thumbnail());
+        QCOMPARE(copy->picture()->representations(), program.item(0).thumbnail()->representations());
         QVERIFY(program.panels.alerts.empty());
     }
 
@@ -295,8 +322,11 @@ private slots:
         const auto title = [&] {
             return program.window().windowTitle() + (program.window().isWindowModified() ? "+" : "");
         };
-        QString proposed;
-        connect(&program.window(), &MainWindow::panelAhead, this, [&](auto& purpose) { proposed = purpose.name; });
+        QString proposed, own;
+        connect(&program.window(), &MainWindow::panelAhead, this, [&](auto& purpose) {
+            proposed = purpose.name;
+            own = QFileInfo(purpose.own).fileName();
+        });
         QCOMPARE(title(), QString("Wallgrid"));
         program.panels.answer = program.location("stage");
         program.delegate().saveProject();
@@ -323,6 +353,7 @@ private slots:
             program.panels.answer = nullptr;
             program.trigger("&Save Project…");
             QCOMPARE(proposed, title().section('.', 0, 0));
+            QCOMPARE(own, title().section('[', 0, 0));
         };
         UndoHistory& history = program.application.history();
         program.trigger("&New Project");
@@ -432,9 +463,10 @@ private slots:
                 program.panels.answer = panels.runSavePanel();
                 return;
             }
-            whenAsked<QFileDialog>([&](QFileDialog& dialog) {
-                dialog.findChild<QCheckBox*>()->setChecked(wanted);
-                acceptFile(dialog, program.path("wall.psd")); // not wall.psd.psd
+            whenAsked<QFileDialog>([&, name = "wall." + purpose.extension](QFileDialog& dialog) {
+                if (auto* box = dialog.findChild<QCheckBox*>())
+                    box->setChecked(wanted);
+                acceptFile(dialog, program.path(name)); // not wall.psd.psd
             });
             program.panels.answer = panels.runSavePanel();
         });
@@ -448,20 +480,74 @@ private slots:
             QCOMPARE(file.readAll().contains("Layer 0 2"), numbers);
         }
         QVERIFY(QFile::remove(program.path("wall.psd")));
+        program.trigger("&Save Project…");
         program.panels.answer = nullptr;
-        program.trigger("Export A&gain");
+        program.trigger("Export A&gain"); // not the project
         QVERIFY(QFile::exists(program.path("wall.psd")));
+        QVERIFY(program.window().statusBar()->currentMessage().startsWith("Written: "));
+        program.window().statusBar()->clearMessage();
+        program.delegate().arraycontroller().removeObjects(program.delegate().arraycontroller().arrangedObjects());
+        QTest::qWait(20);
+        program.trigger("Export A&gain"); // nothing is visible
+        QCOMPARE(program.window().statusBar()->currentMessage(), QString());
     }
 
-    void longWorkIsCancelled()
+    void aCancelledExportLeavesTheOldFile()
     {
+        ProgramUnderTest program;
+        const ItemRef wall = makeScreen(u"wall", 1000);
+        wall->setCircleEnable(true); // no row is like the one above
+        wall->drawInRect();
+        program.delegate().arraycontroller().addObjects(ItemArray(600, wall)); // would take many seconds
+        QFile old(program.path("wall.psd"));
+        QVERIFY(old.open(QIODevice::ReadWrite) && old.write("precious") && old.flush());
+        program.panels.answer = program.location("wall.psd");
         whenAsked<QProgressDialog>([](QProgressDialog& dialog) { dialog.findChild<QPushButton*>()->click(); });
-        const QDeadlineTimer patience(20'000);
-        QtProgress().run(LongWork::ExportPSD, [&](const Report& report) {
-            while (!patience.hasExpired() && report(0.5)) {
-            }
-        });
-        QVERIFY(!patience.hasExpired());
+        program.trigger("Export &Layered PSD…");
+        QVERIFY(old.seek(0));
+        QCOMPARE(old.readAll(), "precious");
+        QVERIFY(!program.window().findChild<MessageBar*>()->isVisible());
+    }
+
+    void anArrayIsMadeOfWhatIsTyped()
+    {
+        ProgramUnderTest program;
+        program.activate();
+        program.trigger("Arra&y…");
+        const auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+        const auto enter = [&](const char* columns) {
+            QTest::keyClicks(dialog->focusWidget(), columns);
+            QTest::keyClick(dialog->focusWidget(), Qt::Key_Return);
+        };
+        dialog->findChildren<NumberField*>()[2]->enter(10);
+        enter("0");
+        QVERIFY(dialog->isVisible());
+        QTest::keyClicks(dialog->focusWidget(), "3");
+        QVERIFY(program.find<QLabel>("6 layers, 956 × 624 px"));
+        enter("");
+        QCOMPARE(program.layers().size(), 6);
+    }
+
+    void theOutputWindowShowsTheOutput()
+    {
+        ProgramUnderTest program;
+        program.delegate().loadProject({30, 40, {makeScreen(u"wall")}});
+        program.trigger("Output in a &Window");
+        OutputWindow& window = program.application.outputWindow();
+        auto* view = window.findChild<ImageViewWidget*>();
+        QCOMPARE(window.findChild<QLabel*>()->text(), "40 × 30 px, shown at 100 %");
+        const QImage before = view->grab().toImage();
+        program.delegate().setBgColor(Color::redColor());
+        program.delegate().update();
+        program.settle();
+        QVERIFY(view->grab().toImage() != before);
+        const QSize room = view->size();
+        window.resize(window.size() + QSize(10, 20));
+        QCOMPARE(view->size(), room + QSize(10, 20));
+        window.close();
+        QVERIFY(!program.action("Output in a &Window")->isChecked());
+        program.trigger("&New Project");
+        QVERIFY(!program.delegate().bgColor());
     }
 
     void savingAsksBeforeItReplacesTheFileThatIsWritten()
@@ -561,15 +647,20 @@ private slots:
         QSettings memory(program.path("window.ini"), QSettings::IniFormat);
         AppearanceAction action(*qApp, memory);
         QVERIFY(!action.isChecked()); // as the desktop is
-        const auto iconLuminance = [&] {
-            const QIcon icon = program.find<QToolButton>("Align: Centre")->icon();
-            return luminance(icon.pixmap(20, 16).toImage().pixelColor(0, 0));
+        const auto iconLuminances = [&] {
+            const auto corner = [](const QIcon& icon, int side) {
+                return luminance(icon.pixmap(20, 16).toImage().pixelColor(side, side));
+            };
+            const auto* align = program.find<QToolButton>("Align: Centre");
+            return std::array{corner(align->icon(), 0), corner(program.action("&Left")->icon(), 1)};
         };
-        QVERIFY(iconLuminance() < 0.2);
+        QVERIFY(std::ranges::max(iconLuminances()) < 0.2);
         action.trigger();
         program.settle();
         QVERIFY(luminance(program.window().palette().color(QPalette::Window)) < 0.2);
-        QVERIFY(iconLuminance() > 0.5);
+        QVERIFY(std::ranges::min(iconLuminances()) > 0.5);
+        const QPalette palette = program.window().palette();
+        QVERIFY(palette.color(QPalette::Disabled, QPalette::Text) != palette.color(QPalette::Text));
         applyTheme(*qApp, Appearance::Light);
         QVERIFY(AppearanceAction(*qApp, memory).isChecked());
         QCOMPARE(desktopAppearance(), Appearance::Dark);
