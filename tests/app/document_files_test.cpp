@@ -46,7 +46,8 @@ TEST_F(DocumentFilesTest, ExtensionsAreAppendedUnlessTheyAreThere)
 
 TEST_F(DocumentFilesTest, OpeningReplacesTheDocumentAndKeepsTheRest)
 {
-    put({screen(u"P"), screen(u"Q"), screen(u"R")});
+    const ScreenRef twice = screen(u"P");
+    put({twice, screen(u"Q"), twice});
     delegate.setOutputWidth(640);
     delegate.setOutputHeight(480);
     choose("three");
@@ -58,7 +59,8 @@ TEST_F(DocumentFilesTest, OpeningReplacesTheDocumentAndKeepsTheRest)
 
     choose("three.mpr");
     delegate.openProject();
-    EXPECT_EQ(labels(), "P|Q|R|");
+    EXPECT_EQ(labels(), "P|Q|P|");
+    EXPECT_EQ(delegate.allScreensArray()->front(), delegate.allScreensArray()->back());
     EXPECT_EQ(delegate.OutputWidth(), 640);
     EXPECT_EQ(delegate.OutputHeight(), 480);
     EXPECT_EQ(delegate.offscreenRep()->width(), 640) << "opening renders whatever the throttle says";
@@ -69,7 +71,7 @@ TEST_F(DocumentFilesTest, OpeningReplacesTheDocumentAndKeepsTheRest)
     put({screen(u"A")});
     runLoop.advance(1);
     EXPECT_TRUE(delegate.applicationOpenFile(url("three.mpr")));
-    EXPECT_EQ(labels(), "P|Q|R|");
+    EXPECT_EQ(labels(), "P|Q|P|");
     EXPECT_EQ(recent.size(), 2u) << "a file handed over is not noted";
     answer = nullptr;
     const ImageRef shown = delegate.img();
@@ -84,6 +86,10 @@ TEST_F(DocumentFilesTest, WhatIsNoProjectChangesNothing)
     Bytes cut = writeProject(delegate.project());
     cut.pop_back();
     write("cut", cut);
+    const ScreenRef wall = screen(u"W");
+    wall->setPanelWidth(200);
+    wall->setPanelHeight(200);
+    EXPECT_FALSE(readProject(writeProject({1000, 1000, ItemArray(4400, wall)}))) << "too much for the composer";
     for (const char* name : {"cut", "gone"}) {
         choose(name);
         delegate.openProject();

@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "base/byte_buffer.h"
+#include "graphics/bitmap_memory.h"
+#include "items/gx_still.h"
 #include "scripted_program.h"
 
 using namespace wallgrid;
@@ -37,6 +39,22 @@ TEST_F(PsdExport, EveryItemTakesANumberAndTheUnnamedUseIt)
     EXPECT_EQ(delegate.screenNumber(), 4);
     EXPECT_EQ(labels(), "Untitled 4|wall|Untitled 2|");
     EXPECT_TRUE(logged.empty());
+}
+
+TEST_F(PsdExport, PictureWithoutMemoryIsNotLeftOutSilently)
+{
+    const auto still = GXStill::initWithimage(GXScreen::init()->thumbnail());
+    still->setPanelWidth(1900); // has to be scaled
+    put({screen(u"wall"), still});
+    still->drawInRect();
+    const std::size_t most = BitmapMemory::maximumTotal();
+    BitmapMemory::setMaximumTotal(BitmapMemory::alive() + (1 << 20)); // enough for the merged image
+    compose();
+    KPPSDError error;
+    delegate.createPSDData(&error);
+    BitmapMemory::setMaximumTotal(most);
+    EXPECT_EQ(error.message, "there is not enough memory for the pictures of all layers");
+    EXPECT_EQ(logged, std::vector<std::string>{"there is not enough memory for all pictures; some are not shown"});
 }
 
 TEST_F(PsdExport, EqualNamesAreNumberedInTheFileOnly)

@@ -63,6 +63,8 @@ TEST(Layer, PixelsAreCorrectedOnce)
     EXPECT_EQ(image->at(0, 0), (Pixel{128, 128, 64, 0})); // the caller's pixels stay
     layer->setDocumentSize({1, 3});
     EXPECT_EQ(layer->visibleImageData()->at(0, 0), image->at(0, 0));
+    layer->setImage(test::picture({"R", "R", "R"}));
+    EXPECT_EQ(layer->visibleImageData()->at(0, 0), (Pixel{255, 255, 0, 0}));
 }
 
 TEST(Layer, OpacityIsRoundedUpAndCut)
@@ -73,6 +75,13 @@ TEST(Layer, OpacityIsRoundedUpAndCut)
         layer->setOpacity(opacity);
         EXPECT_EQ(int(layer->opacity255()), byte) << opacity;
     }
+}
+
+TEST(Layer, EffectsStayWithinTheirBounds)
+{
+    KPPSDDropShadowEffectLayerInformation shadow;
+    shadow.setDistance(40'000);
+    EXPECT_EQ(shadow.distance(), 30'000);
 }
 
 TEST(Layer, LegacyNamesHold255UnitsAtMostAndNeverHalfAPair)

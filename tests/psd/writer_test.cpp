@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "base/byte_sink.h"
+#include "graphics/bitmap_memory.h"
 #include "hex.h"
 #include "picture.h"
 #include "psd/kp_psd_writer.h"
@@ -68,12 +69,13 @@ TEST(Writer, WritesASmallFileWhole)
 {
     const auto writer = KPPSDWriter::initWithDocumentSize({3, 2});
     writer->addLayerWithCGImage(test::picture({"RG"}), kName, 0.5, {1, 1});
+    writer->setDocumentResolution({72, 73});
     const ByteBuffer file = fileOf(*writer);
     EXPECT_EQ(hex(file),
               "38 42 50 53 00 01 00 00 00 00 00 00 00 04 00 00 00 02 00 00 00 03 00 08 00 03 " // header
               // colour mode data, resolution and layer state
               "00 00 00 00 00 00 00 2A "
-              "38 42 49 4D 03 ED 00 00 00 00 00 10 00 48 00 00 00 01 00 01 00 48 00 00 00 01 00 01 "
+              "38 42 49 4D 03 ED 00 00 00 00 00 10 00 48 00 00 00 01 00 01 00 49 00 00 00 01 00 01 "
               "38 42 49 4D 04 00 00 00 00 00 00 02 00 00 "
               // section and layer information, one layer
               "00 00 00 96 00 00 00 92 00 01 "
@@ -117,6 +119,15 @@ TEST(Writer, RefusesWhatIsNoFile)
         EXPECT_EQ(errorOf(*writer), notPrepared);
     }
 
+    const BitmapRef pixels = test::picture({"RG"});
+    const std::size_t most = BitmapMemory::maximumTotal();
+    BitmapMemory::setMaximumTotal(0);
+    const auto refused = KPPSDWriter::initWithDocumentSize({4, 4});
+    refused->addLayerWithCGImage(pixels, kName, 1, {2.5, 0}); // has to be scaled
+    refused->addLayerWithCGImage(pixels, kName);
+    BitmapMemory::setMaximumTotal(most);
+    EXPECT_EQ(errorOf(*refused), "4 There is not enough memory to write the document");
+
     // 4 GiB of blank rows, known without packing one of them; and one marker more than can be counted.
     const auto huge = KPPSDWriter::initWithDocumentSize({}), many = KPPSDWriter::initWithDocumentSize({1, 1});
     for (int i = 0; i < 80; ++i)
@@ -135,12 +146,15 @@ TEST(Writer, HandsLargeFilesOverInPieces)
     std::generate_n(noise->pixels(), 700 * 700, [random = std::minstd_rand()]() mutable {
         return std::bit_cast<Pixel>(static_cast<std::uint32_t>(random()));
     });
-    writer->addLayerWithCGImage(noise, kName, 1, {400, 30});
+    writer->addLayerWithCGImage(noise, kName, 1, {400, 70}); // ends where a band of the merged image does
     writer->addLayerWithCGImage(test::picture({"RG"}), kName, 1, {1199, 899});
-    const std::size_t size = fileOf(*writer).size();
+    const ByteBuffer file = fileOf(*writer);
+    const std::size_t size = file.size();
     EXPECT_GT(size, 3U << 20);
     for (const std::size_t most : {std::size_t{0}, size / 2, size - 1})
         EXPECT_EQ(errorOf(*writer, most), "7 full");
+    writer->flattenedContext(); // makes one bitmap of the bands
+    EXPECT_TRUE(fileOf(*writer) == file);
 
     double last = 0, longest = 0;
     const auto stoppedAt = [&](double most) {
