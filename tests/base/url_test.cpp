@@ -46,19 +46,6 @@ TEST(Url, NamesFilesByPercentEscapedPath)
     EXPECT_EQ(url("/tmp/a%20b.mpr?x").path(), "/tmp/a b.mpr");
 }
 
-TEST(Url, EditsTheExtensionOfTheLastComponent)
-{
-    const char* const rows[][3] = {
-        {"file:///w/wall.MPR", "MPR", "file:///w/wall.MPR.mpr"}, {"file:///w.d/", "d", "file:///w.d.mpr/"},
-        {"file:///.hidden", "", "file:///.hidden.mpr"},          {"file:///wall.", "", "file:///wall..mpr"},
-        {"wall.a%20b?q.x#f.y", "a b", "wall.a%20b.mpr?q.x#f.y"}, {"file://host.name", "", "file://host.name"},
-    };
-    for (const auto& [text, extension, with] : rows) {
-        EXPECT_EQ(url(text).pathExtension(), extension) << text;
-        EXPECT_EQ(url(text).appendingPathExtension("mpr"), url(with)) << text;
-    }
-}
-
 /// Of the examples of RFC 3986, 5.4.1 and 5.4.2, one of each kind, and what they leave out.
 TEST(Url, ResolvesReferences)
 {

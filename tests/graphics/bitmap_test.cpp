@@ -36,13 +36,6 @@ TEST(BitmapMemory, RefusesWhatWouldPassTheTotalAndHasItBackAfterwards)
     EXPECT_FALSE(BitmapMemory::allocate(std::numeric_limits<std::size_t>::max(), false));
 }
 
-TEST(BitmapMemory, MapsABlockThatItsLastCacheLineMakesLarge)
-{
-    // It was taken from the heap and given back as pages: 511 x 513 pixels were enough.
-    const BitmapMemory block = BitmapMemory::allocate(kLargeBlock - 63, false);
-    EXPECT_EQ(reinterpret_cast<std::uintptr_t>(block.data()) % kHugePage, 0U);
-}
-
 TEST(BitmapMemory, ClearsWhatItHandsOutAgainToBitmapsOfThatSize)
 {
     for (const std::int64_t bytes : {std::int64_t(4096), kMega / 2, kMega, 5 * kMega}) {

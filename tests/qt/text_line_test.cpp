@@ -41,23 +41,3 @@ TEST(TextLine, StandsOnItsBaselineAboveTheLineBoxCorner)
     EXPECT_GT(ink(digits), 255 * 50 * 10);
     EXPECT_EQ(ink(digits, 9), ink(digits)) << "no ink lies outside the bounds";
 }
-
-TEST(TextLine, LooksAlikeInLettersBeyondAnyRaster)
-{
-    const QtTextLine line("6 x 8", 128);
-    const PixelRect box = line.inkBounds();
-    const auto ink = rasterized(line, box);
-    for (const std::int64_t scale : {1 << 10, 1 << 23}) {
-        const QtTextLine monster("6 x 8", 128.0 * static_cast<double>(scale));
-        for (std::int64_t i = box.width; i < (box.height - 1) * box.width; i += 11) {
-            // The baselines lie half a pixel apart at most, so the edges are not compared.
-            const auto at = ink.begin() + i;
-            const auto alike = {at[-1], at[1], at[-box.width], at[box.width]};
-            const PixelPoint point{box.x + i % box.width, box.y + i / box.width};
-            if (std::ranges::count(alike, *at) == 4) {
-                ASSERT_EQ(rasterized(monster, {point.x * scale + scale / 2, point.y * scale + scale / 2, 3, 2}),
-                          std::vector<std::uint8_t>(6, *at));
-            }
-        }
-    }
-}

@@ -268,38 +268,6 @@ private slots:
         QVERIFY(program.find<QLabel>("Screen, 1000000 × 1000000 px: too large to draw"));
     }
 
-    void namesAreKeptUntilTheyAreEdited()
-    {
-        Edited program;
-        const StringRef monster = makeString(std::u16string().assign(10'000'000, u'x'));
-        program.item().setLabel(monster);
-        program.settle();
-        auto* name = program.find<QLineEdit>("&Name");
-        QCOMPARE(name->text(), QString());
-        QVERIFY(name->placeholderText().size() < 300);
-        QCOMPARE(program.item().label(), monster);
-        type(name, "short");
-        QCOMPARE(program.layers(), QStringList("short"));
-    }
-
-    void aStillShowsWhatAStillHas()
-    {
-        Edited program;
-        auto still = GXStill::initWithimage(nullptr);
-        still->setImageURL(program.location("still.png"));
-        program.insert(still);
-        for (const std::size_t row : {0U, 1U}) {
-            program.delegate().arraycontroller().setSelectionIndex(row);
-            program.settle();
-            QVERIFY(program.find<NumberField>(row == 0 ? "Width" : "COLS")->isVisible());
-            for (const char* ofScreens : {"Pos-H", "Pos-V", "XY Label Size", "Label Screen Size", "Fill"}) {
-                const auto* control = program.find<QWidget>(ofScreens);
-                QVERIFY2(!control || control->isVisible() == (row == 1), ofScreens);
-            }
-            QCOMPARE(program.find<QLineEdit>(program.path("still.png"))->isVisible(), row == 0);
-        }
-    }
-
     void severalLayersAreEditedAtOnce()
     {
         Edited program;

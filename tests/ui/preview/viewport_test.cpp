@@ -37,22 +37,6 @@ TEST(Viewport, fitsTheRasterIntoTheMiddle)
         EXPECT_EQ(viewportOf(raster, view, margin).picture(), picture) << raster.width();
 }
 
-TEST(Viewport, showsWhatLiesBesideTheRaster)
-{
-    Viewport viewport = viewportOf({1000, 500}, {660, 660}, 10);
-    viewport.fit({-1000, -1500, 10, 10});
-    EXPECT_EQ(viewport.picture(), QRect(330, 490, 320, 160)); // 2000 x 2000 in 640 x 640
-    viewport.setView({1300, 1300}, 10);
-    EXPECT_EQ(viewport.picture().width(), 640);
-    viewport.show({-100, 200, 200, 100});
-    EXPECT_EQ(viewport.scale(), 6); // a whole one
-    EXPECT_EQ(viewport.toView({-100, 200, 200, 100}), QRectF(50, 350, 1200, 600));
-    viewport.show({5000, 0, 1280, 1280});
-    EXPECT_EQ(viewport.toView({5000, 0, 1280, 1280}), QRectF(10, 10, 1280, 1280));
-    viewport.pan({-9000, 0});
-    EXPECT_EQ(viewport.toView({5000, 0, 1280, 1280}).right(), 64);
-}
-
 TEST(Viewport, keepsThePointThatItZoomsAbout)
 {
     Viewport viewport = viewportOf({7680, 4320}, {1200, 800}, 12);

@@ -111,119 +111,83 @@ QWidget* named(ProgramUnderTest& program, const QString& name)
     return program.find<QWidget>(name);
 }
 
-/// Does what a page says, step by step, and sees what it says.
-class Reader {
-public:
-    Reader(ProgramUnderTest& program, Hands& hands)
-        : m_program(program)
-        , m_hands(hands)
-    {
-    }
-
-    void carryOut(const QString& step)
-    {
-        using Words = QRegularExpressionMatch;
-        const std::pair<const char*, std::function<void(const Words&)>> rules[]{
-            {R"((\S+\+Up) until the \w+ is above \*(\w+)\*)",
-             [&](const Words& words) {
-                 const auto row = [&] { return m_program.layers().indexOf(words.captured(2)); };
-                 while (row() < qsizetype(*m_program.delegate().arraycontroller().selectionIndex()))
-                     m_hands.press(words.captured(1));
-             }},
-            {R"((?:[Pp]ress )?\b((?:Ctrl|Alt)\+[\w+]+|Enter|Tab|Esc|F\d+)\b( twice)?)",
-             [&](const Words& words) {
-                 for (int i = words.captured(2).isEmpty() ? 1 : 2; i > 0; --i)
-                     m_hands.press(words.captured(1));
-             }},
-            {R"(to get to \*\*([\w-]+)\*\*)",
-             [&](const Words& words) {
-                 QVERIFY(named(m_program, words.captured(1))->isAncestorOf(QApplication::focusWidget()) ||
-                         named(m_program, words.captured(1)) == QApplication::focusWidget());
-             }},
-            {R"((?:[Tt]ype|,) `([^`]+)`)", [&](const Words& words) { m_hands.type(words.captured(1)); }},
-            {R"([Cc]lick into (?:\*\*|`)(.+?)(?:\*\*|`))",
-             [&](const Words& words) { m_hands.click(named(m_program, words.captured(1))); }},
-            {R"(Tick \*\*(.+?)\*\*, \*\*(.+?)\*\* and \*\*(.+?)\*\*)",
-             [&](const Words& words) {
-                 for (const QString& box : words.capturedTexts().mid(1))
-                     m_hands.click(named(m_program, box), {}, QPoint(8, 8));
-             }},
-            {R"(\*\*([^*]+)\*\* is given a number, say `(\d+)`)",
-             [&](const Words& words) { fill(words.captured(1), words.captured(2)); }},
-            {R"((?:Give it )?(\d+) columns, (\d+) rows?, (?:and a )?fill (?:of )?`(#\w+)`)",
-             [&](const Words& words) {
-                 fill("COLS", words.captured(1));
-                 fill("ROWS", words.captured(2));
-                 fill(kFillColor, words.captured(3));
-             }},
-            {R"(click the (\w+) picture: \*(.+?)\*)",
-             [&](const Words& words) {
-                 const QString place = words.captured(2);
-                 auto* button = m_program.find<QToolButton>("Align: " + place.first(1).toUpper() + place.mid(1));
-                 const QStringList numbers{"first", "second", "third", "fourth"};
-                 QCOMPARE(button->parentWidget()->findChildren<QToolButton*>().indexOf(button),
-                          numbers.indexOf(words.captured(1)));
-                 m_hands.click(button);
-             }},
-            {R"(Drag it on the preview until.*?`(\d+), (\d+)`)",
-             [&](const Words& words) {
-                 m_hands.dragTo(words.captured(1).toInt(), words.captured(2).toInt());
-                 expectPlace(words);
-             }},
-            {R"(It jumps to (\d+), (\d+))", [&](const Words& words) { expectPlace(words); }},
-            {"Drag it to the middle of the main wall",
-             [&](const Words&) {
-                 const PixelRect logo = m_hands.selected().frame();
-                 const PixelPoint middle{448 + (1024 - logo.width) / 2, (512 - logo.height) / 2};
-                 m_hands.dragTo(int(middle.x), int(middle.y));
-                 QCOMPARE(m_hands.selected().frame().origin(), middle);
-             }},
-            {"Drag the picture's file .* or ", [](const Words&) {}}, // the other way is taken
-            {R"(stands \*(.+?)\*)", [&](const Words& words) { QVERIFY(m_program.find<QLabel>(words.captured(1))); }},
-            {R"(beside the first, \*(.+?)\*)",
-             [&](const Words& words) { QVERIFY(m_program.layers().contains(words.captured(1))); }},
-            {R"(texts say `xy (\d+) x (\d+)` and `1024 x 512`)", [&](const Words& words) { expectPlace(words); }},
-        };
-        QString left = step;
-        left.remove(QRegularExpression(R"(\([^)]*\))"));
-        while (true) {
-            Words first;
-            const std::function<void(const Words&)>* action = nullptr;
-            for (const auto& [pattern, run] : rules) {
-                const Words found = QRegularExpression(pattern).match(left);
-                if (found.hasMatch() && (!action || found.capturedStart() < first.capturedStart())) {
-                    first = found;
-                    action = &run;
-                }
+/// Does what a step of a page says, and sees what it says.
+void carryOut(ProgramUnderTest& program, Hands& hands, QString step)
+{
+    const auto fill = [&](const QString& field, const QString& text) {
+        hands.click(named(program, field));
+        hands.type(text);
+        hands.press("Enter");
+    };
+    const auto expectPlace = [&](int x, int y) { QCOMPARE(hands.selected().frame().origin(), (PixelPoint{x, y})); };
+    const std::pair<const char*, std::function<void(const QStringList&)>> rules[]{
+        {R"((\S+\+Up) until the \w+ is above \*(\w+)\*)",
+         [&](auto& word) {
+             while (program.layers().indexOf("Logo") > program.layers().indexOf(word[2]))
+                 hands.press(word[1]);
+         }},
+        {R"((?:[Pp]ress )?\b((?:Ctrl|Alt)\+[\w+]+|Enter|Tab|Esc|F\d+)\b( twice|))",
+         [&](auto& word) {
+             for (int i = word[2].isEmpty() ? 1 : 2; i > 0; --i)
+                 hands.press(word[1]);
+         }},
+        {R"((?:[Tt]ype|,) `([^`]+)`)", [&](auto& word) { hands.type(word[1]); }},
+        {R"([Cc]lick into (?:\*\*|`)(.+?)(?:\*\*|`))", [&](auto& word) { hands.click(named(program, word[1])); }},
+        {R"(Tick \*\*(.+?)\*\*, \*\*(.+?)\*\* and \*\*(.+?)\*\*)",
+         [&](auto& word) {
+             for (int i = 1; i <= 3; ++i)
+                 hands.click(named(program, word[i]), {}, QPoint(8, 8));
+         }},
+        {R"(\*\*([^*]+)\*\* is given a number, say `(\d+)`)", [&](auto& word) { fill(word[1], word[2]); }},
+        {R"((?:Give it )?(\d+) columns, (\d+) rows?, (?:and a )?fill (?:of )?`(#\w+)`)",
+         [&](auto& word) {
+             fill("COLS", word[1]);
+             fill("ROWS", word[2]);
+             fill(kFillColor, word[3]);
+         }},
+        {R"(click the (\w+) picture: \*(.)(.+?)\*)",
+         [&](auto& word) {
+             QToolButton* button = program.find<QToolButton>("Align: " + word[2].toUpper() + word[3]);
+             QCOMPARE(button->parentWidget()->findChildren<QToolButton*>().indexOf(button),
+                      QStringList({"first", "second", "third", "fourth"}).indexOf(word[1]));
+             hands.click(button);
+         }},
+        {R"(Drag it on the preview until.*?`(\d+), (\d+)`)",
+         [&](auto& word) {
+             hands.dragTo(word[1].toInt(), word[2].toInt());
+             expectPlace(word[1].toInt(), word[2].toInt());
+         }},
+        {"Drag it to the middle of the main wall",
+         [&](auto&) {
+             hands.dragTo(448 + (1024 - 160) / 2, (512 - 90) / 2);
+             expectPlace(448 + (1024 - 160) / 2, (512 - 90) / 2);
+         }},
+        {"Drag the picture's file .* or ", [](auto&) {}}, // the other way is taken
+        {R"((?:It jumps to |texts say `xy )(\d+)(?:, | x )(\d+))",
+         [&](auto& word) { expectPlace(word[1].toInt(), word[2].toInt()); }},
+        {R"(stands \*(.+?)\*)", [&](auto& word) { QVERIFY(program.find<QLabel>(word[1])); }},
+        {R"(beside the first, \*(.+?)\*)", [&](auto& word) { QVERIFY(program.layers().contains(word[1])); }},
+    };
+    step.remove(QRegularExpression(R"(\([^)]*\))"));
+    while (!step.isEmpty()) {
+        QRegularExpressionMatch first;
+        const std::function<void(const QStringList&)>* action = nullptr;
+        for (const auto& [pattern, run] : rules) {
+            const auto found = QRegularExpression(pattern).match(step);
+            if (found.hasMatch() && (!action || found.capturedStart() < first.capturedStart())) {
+                first = found;
+                action = &run;
             }
-            const QString passedOver = left.first(action ? first.capturedStart() : left.size());
-            static const QRegularExpression command(
-                R"(\b([Pp]ress|[Cc]lick|Type|(?<!you )type|[Tt]ick|[Dd]rag|[Gg]ive)\b)");
-            QVERIFY2(!passedOver.contains(command), qPrintable(passedOver));
-            if (!action)
-                return;
-            (*action)(first);
-            left.remove(0, first.capturedEnd());
         }
+        const QString passedOver = step.first(action ? first.capturedStart() : step.size());
+        static const QRegularExpression command(
+            R"(\b([Pp]ress|[Cc]lick|Type|(?<!you )type|[Tt]ick|[Dd]rag|[Gg]ive)\b)");
+        QVERIFY2(!passedOver.contains(command), qPrintable(passedOver));
+        if (action)
+            (*action)(first.capturedTexts());
+        step.remove(0, action ? first.capturedEnd() : step.size());
     }
-
-private:
-    void fill(const QString& field, const QString& text)
-    {
-        m_hands.click(named(m_program, field));
-        m_hands.type(text);
-        m_hands.press("Enter");
-    }
-
-    void expectPlace(const QRegularExpressionMatch& place)
-    {
-        const PixelPoint expected{place.captured(1).toInt(), place.captured(2).toInt()};
-        QCOMPARE(m_hands.selected().frame().origin(), expected);
-    }
-
-    ProgramUnderTest& m_program;
-    Hands& m_hands;
-};
+}
 
 } // namespace
 
@@ -243,7 +207,6 @@ private slots:
         logo.setDotsPerMeterY(2835);
         logo.save(program.path("logo.png"));
         Hands hands(program);
-        Reader reader(program, hands);
         connect(&program.window(), &MainWindow::panelAhead, this, [&](const PanelPurpose& purpose) {
             if (purpose.chosen)
                 purpose.chosen(QString::fromStdString(*program.panels.answer->filePath()));
@@ -263,17 +226,15 @@ private slots:
                 QVERIFY(program.window().statusBar()->currentMessage().startsWith("Written:"));
                 ++steps;
             } else if (line.contains(QRegularExpression(R"(^(\d\.|Press) )"))) {
-                reader.carryOut(line);
+                carryOut(program, hands, line);
                 ++steps;
             }
         }
         QCOMPARE(steps, 21);
         QCOMPARE(program.layers(), QStringList({"Logo", "Main", "Banner", "Floor", "Right", "Left"}));
-        for (std::size_t row = 0; row < 6; ++row) {
+        for (std::size_t row = 1; row < 6; ++row) { // the logo is no wall
             const GXItem& item = program.item(row);
             const QString name = program.layers()[qsizetype(row)];
-            if (name == "Logo")
-                continue;
             QCOMPARE(QStringList({QString("%1 × %2").arg(item.col()).arg(item.row()),
                                   QString("%1 × %2").arg(item.screenSizeWidth()).arg(item.screenSizeHeight()),
                                   QString("%1, %2 |").arg(item.xpoint()).arg(item.ypoint())}),
