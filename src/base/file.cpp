@@ -124,8 +124,9 @@ int makeTemporaryFile(const std::filesystem::path& folder, mode_t mode, std::str
     return fd;
 }
 
-/// A new file in the first of the folders that takes one. It goes when this object does, also when an exception passes,
-/// unless it was given another name.
+/// A new file in the first of the folders that lets us make one. Where it fails for another reason, such as a full
+/// disk, the next folder is not tried: the target would fail in the same way, half written. It goes when this object
+/// does, also when an exception passes, unless it was given another name.
 class TemporaryFile {
 public:
     TemporaryFile(std::initializer_list<std::filesystem::path> folders, mode_t mode)
@@ -162,9 +163,10 @@ private:
     int make(std::initializer_list<std::filesystem::path> folders, mode_t mode)
     {
         int fd = -1;
-        for (const auto& folder : folders) {
-            if (fd < 0)
-                fd = makeTemporaryFile(folder, mode, m_path);
+        for (auto folder = folders.begin(); fd < 0 && folder != folders.end(); ++folder) {
+            if (folder != folders.begin() && errno != EACCES && errno != EROFS)
+                break;
+            fd = makeTemporaryFile(*folder, mode, m_path);
         }
         m_isThere = fd >= 0;
         return fd;
