@@ -151,9 +151,7 @@ void PreviewSurface::startDrag()
     emit beginInteraction();
     m_drag.emplace(dragged, std::move(targets));
     setCursor(Qt::SizeAllCursor);
-    emit hintWanted(
-        tr("Alt: no snapping. Esc: put back. Before the drag, Shift+click selects more, and Ctrl drags what "
-           "is selected from below the others."));
+    emit hintWanted(tr("Alt: no snapping. Esc: put back. Before the drag, Shift adds and Ctrl takes what lies below."));
 }
 
 void PreviewSurface::continueDrag(QPointF position, Qt::KeyboardModifiers modifiers)
