@@ -11,7 +11,8 @@ namespace wallgrid {
 HelpMenu::HelpMenu(QMenuBar& menus)
     : QMenu(tr("&Help"), &menus)
 {
-    addAction(tr("&Guide"), QKeySequence::HelpContents, this, [this] { showPage("guide.md"); });
+    addAction(QIcon::fromTheme(QStringLiteral("help-contents")), tr("&Guide"), QKeySequence::HelpContents, this,
+              [this] { showPage("guide.md"); });
     addAction(tr("Your &First Stage"), this, [this] { showPage("first-stage.md"); });
     addAction(tr("List of &Keys"), Qt::CTRL | Qt::Key_F1, this, [&menus] { (new KeyList(menus))->show(); });
     addSeparator();

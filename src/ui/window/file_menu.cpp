@@ -9,6 +9,7 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QIcon>
 #include <memory>
 
 namespace wallgrid {
@@ -39,21 +40,24 @@ FileMenu::FileMenu(GXAppDelegate& delegate, QtRecentDocuments& recentDocuments, 
     , m_delegate(delegate)
     , m_recentDocuments(recentDocuments)
 {
-    addAction(tr("&New Project"), QKeySequence::New, this, &FileMenu::newWanted);
-    addAction(tr("&Open Project…"), QKeySequence::Open, this, &FileMenu::openPanelWanted);
-    m_recentMenu = addMenu(tr("Open &Recent"));
+    // Icons of the desktop's theme; without one there are none, and the words say it all.
+    const auto icon = [](const char* name) { return QIcon::fromTheme(QString::fromLatin1(name)); };
+    addAction(icon("document-new"), tr("&New Project"), QKeySequence::New, this, &FileMenu::newWanted);
+    addAction(icon("document-open"), tr("&Open Project…"), QKeySequence::Open, this, &FileMenu::openPanelWanted);
+    m_recentMenu = addMenu(icon("document-open-recent"), tr("Open &Recent"));
     connect(&m_recentDocuments, &QtRecentDocuments::changed, this, &FileMenu::fillRecentMenu);
     fillRecentMenu();
-    addAction(tr("&Save Project…"), QKeySequence::Save, this, [this] { saveProject({}); });
+    addAction(icon("document-save"), tr("&Save Project…"), QKeySequence::Save, this, [this] { saveProject({}); });
     addSeparator();
     addActions(presets);
     addSeparator();
-    addAction(tr("&Export PNG…"), QKeySequence(Qt::CTRL | Qt::Key_E), this, [this] { exportPng({}); });
-    addAction(tr("Export &Layered PSD…"), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_E), this,
+    addAction(icon("document-export"), tr("&Export PNG…"), QKeySequence(Qt::CTRL | Qt::Key_E), this,
+              [this] { exportPng({}); });
+    addAction(icon("document-export"), tr("Export &Layered PSD…"), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_E), this,
               [this] { exportPsd({}); });
     addAction(tr("Export A&gain"), QKeySequence(Qt::CTRL | Qt::ALT | Qt::Key_E), this, &FileMenu::exportAgain);
     addSeparator();
-    addAction(tr("&Quit"), QKeySequence(Qt::CTRL | Qt::Key_Q), this, &FileMenu::quitWanted)
+    addAction(icon("application-exit"), tr("&Quit"), QKeySequence(Qt::CTRL | Qt::Key_Q), this, &FileMenu::quitWanted)
         ->setMenuRole(QAction::QuitRole);
 }
 

@@ -117,6 +117,9 @@ void LayerActions::makeEditActions()
         makeAction(tr("Arra&y…"), tr("Repeat the selected layers side by side and on top of each other"),
                    Qt::CTRL | Qt::SHIFT | Qt::Key_A, 1, [this] { askForArray(); }),
     };
+    const std::array themeIcons{"edit-cut", "edit-copy", "edit-paste"};
+    for (std::size_t i = 0; i < themeIcons.size(); ++i)
+        m_edit[qsizetype(i)]->setIcon(QIcon::fromTheme(QString::fromLatin1(themeIcons[i])));
 }
 
 void LayerActions::makeAlignActions()

@@ -31,6 +31,8 @@ UndoActions::UndoActions(UndoHistory& history, const QWidget& liveFields, QObjec
     , m_undo(new QAction(this))
     , m_redo(new QAction(this))
 {
+    m_undo->setIcon(QIcon::fromTheme(QStringLiteral("edit-undo")));
+    m_redo->setIcon(QIcon::fromTheme(QStringLiteral("edit-redo")));
     m_undo->setShortcut(Qt::CTRL | Qt::Key_Z);
     m_redo->setShortcut(Qt::CTRL | Qt::SHIFT | Qt::Key_Z);
     connect(m_undo, &QAction::triggered, this, [this] { m_history.undo(); });
