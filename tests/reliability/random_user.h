@@ -63,24 +63,23 @@ public:
             history.undo();
         });
         m_actions.push_back([this] { compareWithReopened(); });
-        m_actions.push_back([this] {
-            QAction change;
-            QObject::connect(&change, &QAction::triggered, [this] {
-                for (const ItemRef& item : m_program.delegate().arraycontroller().arrangedObjects()) {
-                    if (const auto still = std::dynamic_pointer_cast<GXStill>(item))
-                        changePicture(m_program.delegate(), *still, location("logo.png"));
-                }
-            });
-            arrange(change);
-        });
-        m_actions.push_back([this] {
-            QAction add;
-            QObject::connect(&add, &QAction::triggered, [this] { m_newLayers.addScreen(); });
-            arrange(add);
-        });
+        m_actions.push_back(oneStep("Change Image", [this] {
+            for (const ItemRef& item : m_program.delegate().arraycontroller().arrangedObjects()) {
+                if (const auto still = std::dynamic_pointer_cast<GXStill>(item))
+                    changePicture(m_program.delegate(), *still, location("logo.png"));
+            }
+        }));
+        m_actions.push_back(oneStep("Add", [this] { m_newLayers.addScreen(); }));
+        for (const auto& [field, typed] : {std::pair("&Name", "Wall #\r"), {"H-Start", "+7\r"}, {"V-Start", "-=3\r"}}) {
+            m_actions.push_back(oneStep(field, [this, field = field, typed = typed] {
+                QCoreApplication::processEvents(); // the inspector shows what is selected
+                if (auto* edited = m_program.find<QWidget>(field); edited && edited->isEnabled())
+                    type(edited, typed);
+            }));
+        }
         for (const char* command : {"&Left", "&Centre", "&Middle", "&Bottom", "Distribute &Across", "Distribute &Down",
                                     "Place in Ro&ws…", "&Select All", "&Copy", "Cu&t", "&Paste", "Arra&y…"})
-            m_actions.push_back([this, command] { arrange(*m_program.action(command)); });
+            m_actions.push_back(oneStep(command, [this, command] { m_program.action(command)->trigger(); }));
         m_actions.push_back([&] {
             delegate.arraycontroller().setSelectionIndexes({below(kMostItems), below(kMostItems)});
         });
@@ -139,8 +138,13 @@ private:
         return layers.selectedObject().get();
     }
 
-    /// Runs a command on several layers, takes it back and does it again.
-    void arrange(QAction& action)
+    /// Does something with several layers, takes it back and does it again.
+    std::function<void()> oneStep(const char* name, std::function<void()> change)
+    {
+        return [=, this] { doAndUndo(name, change); };
+    }
+
+    void doAndUndo(const char* name, const std::function<void()>& change)
     {
         UndoHistory& history = m_program.application.history();
         const auto project = [&] { return writeProject(m_program.delegate().project()); };
@@ -148,10 +152,10 @@ private:
         // Sizes that drawing computes anew are no change.
         for (const ItemRef& item : m_program.delegate().arraycontroller().arrangedObjects())
             item->drawInRect();
-        history.commit();
+        history.closeStep(); // or typing would go on with the step before
         const DocumentStateRef state = history.state();
         const Bytes before = project();
-        action.trigger();
+        change();
         if (auto* dialog = m_program.window().findChild<QDialog*>(); dialog && dialog->isVisible()) {
             for (NumberField* number : dialog->findChildren<NumberField*>())
                 number->enter(below(2) == 0 ? 1 : 3);
@@ -163,10 +167,10 @@ private:
         const Bytes after = project();
         history.undo();
         if (project() != before)
-            qFatal("undo does not bring back what stood before \"%s\"", qPrintable(action.text()));
+            qFatal("undo does not bring back what stood before \"%s\"", name);
         history.redo();
         if (project() != after)
-            qFatal("redo does not bring back what \"%s\" made", qPrintable(action.text()));
+            qFatal("redo does not bring back what \"%s\" made", name);
     }
 
     /// What is exported of the document now, and once it has been saved and opened again, is the same.
