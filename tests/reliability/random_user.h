@@ -139,7 +139,7 @@ private:
     }
 
     /// Does something with several layers, takes it back and does it again.
-    std::function<void()> oneStep(const char* name, std::function<void()> change)
+    std::function<void()> oneStep(const char* name, const std::function<void()>& change)
     {
         return [=, this] { doAndUndo(name, change); };
     }

@@ -9,7 +9,6 @@ namespace {
 
 using Indexes = GXAppDelegate::ItemController::Indexes;
 
-constexpr int thumbnailColumn = 1;
 constexpr int nameColumn = 2;
 
 /// The launched program with the layers C, B, A (from the top) and the presets GRID, LINES, CROSS, CIRCLE.

@@ -196,7 +196,7 @@ private slots:
             lines.append((*line)->text(0) + ": " + (*line)->text(1));
         QVERIFY(lines.contains("Zoom In: Ctrl++ or Ctrl+=") && lines.filter("Undo").size() == 1);
         for (const QAction* action : program.window().findChildren<QAction*>())
-            QVERIFY(action->shortcut().isEmpty() || lines.filter(": " + action->shortcut().toString()).size() > 0);
+            QVERIFY(action->shortcut().isEmpty() || !lines.filter(": " + action->shortcut().toString()).isEmpty());
         const QPointer<QWidget> window = list->window();
         QTest::keyClick(window->focusWidget(), Qt::Key_Escape);
         QTRY_VERIFY(!window);
