@@ -77,8 +77,9 @@ public:
                     type(edited, typed);
             }));
         }
-        for (const char* command : {"&Left", "&Centre", "&Middle", "&Bottom", "Distribute &Across", "Distribute &Down",
-                                    "Place in Ro&ws…", "&Select All", "&Copy", "Cu&t", "&Paste", "Arra&y…"})
+        for (const char* command :
+             {"&Left", "&Right", "&Centre", "&Top", "&Middle", "&Bottom", "Distribute &Across", "Distribute &Down",
+              "Place in Ro&ws…", "&Select All", "&Copy", "Cu&t", "&Paste", "&Duplicate", "Arra&y…", "&New Project"})
             m_actions.push_back(oneStep(command, [this, command] { m_program.action(command)->trigger(); }));
         m_actions.push_back([&] {
             delegate.arraycontroller().setSelectionIndexes({below(kMostItems), below(kMostItems)});
