@@ -3,8 +3,6 @@
 
 #include "ui/program_under_test.h"
 
-#include <functional>
-
 using namespace wallgrid;
 
 namespace {
