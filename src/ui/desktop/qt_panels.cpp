@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ui/desktop/qt_panels.h"
 
+#include "ui/base/file_location.h"
 #include "ui/base/shown_text.h"
 
 #include <QApplication>
@@ -74,12 +75,6 @@ QCheckBox* addOption(QFileDialog& dialog, const PanelPurpose::Option& option)
     return box;
 }
 
-UrlRef toUrl(const QString& path)
-{
-    const QByteArray bytes = QFile::encodeName(path);
-    return std::make_shared<const Url>(Url::fromFilePath({bytes.constData(), static_cast<std::size_t>(bytes.size())}));
-}
-
 /// The file that will be written for a chosen one.
 QString writtenPath(const QString& chosen, const PanelPurpose& purpose)
 {
@@ -139,7 +134,7 @@ UrlRef QtPanels::runSavePanel()
     const PanelPurpose purpose = std::exchange(m_purpose, {});
     if (!purpose.answer.isEmpty()) {
         purpose.chosen(purpose.answer);
-        return toUrl(purpose.answer);
+        return fileLocation(purpose.answer);
     }
     FilePanel dialog(purpose.extension);
     setUp(dialog, purpose);
@@ -161,7 +156,7 @@ UrlRef QtPanels::runSavePanel()
             purpose.option.apply(option->isChecked());
         if (purpose.chosen)
             purpose.chosen(written);
-        return toUrl(purpose.whole ? written : chosen);
+        return fileLocation(purpose.whole ? written : chosen);
     }
 }
 
@@ -172,7 +167,7 @@ UrlRef QtPanels::runOpenPanel()
     setUp(dialog, purpose);
     dialog.setFileMode(QFileDialog::ExistingFile);
     const QString chosen = run(dialog, purpose.kind);
-    return chosen.isEmpty() ? nullptr : toUrl(chosen);
+    return chosen.isEmpty() ? nullptr : fileLocation(chosen);
 }
 
 void QtPanels::runAlert(std::string_view message, std::string_view informativeText)

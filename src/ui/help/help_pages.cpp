@@ -1,10 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "ui/help/help_pages.h"
 
+#include "ui/base/first_size.h"
+
 #include <QDialogButtonBox>
 #include <QImage>
 #include <QPushButton>
-#include <QScreen>
 #include <QTextBrowser>
 #include <QVBoxLayout>
 
@@ -13,7 +14,6 @@ namespace wallgrid {
 namespace {
 
 constexpr QSize kSize(860, 720);
-constexpr QSize kFrame(16, 48); // about what a desktop adds
 constexpr int kWidestPicture = 780;
 
 class PageBrowser final : public QTextBrowser {
@@ -50,7 +50,7 @@ HelpPages::HelpPages(QWidget* parent)
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(m_browser);
     layout->addWidget(buttons);
-    resize(kSize.boundedTo(screen()->availableSize() - kFrame));
+    resize(firstSize(*this, kSize));
 }
 
 void HelpPages::showPage(const QString& page)

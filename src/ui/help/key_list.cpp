@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "ui/help/key_list.h"
 
+#include "ui/base/first_size.h"
+
 #include <QLineEdit>
 #include <QMenuBar>
-#include <QScreen>
 #include <QTreeWidget>
 #include <QVBoxLayout>
 
@@ -12,7 +13,6 @@ namespace wallgrid {
 namespace {
 
 constexpr QSize kSize(460, 640);
-constexpr QSize kFrame(16, 48); // about what a desktop adds
 constexpr int kCommandWidth = 270;
 
 QString shownName(QString menuText)
@@ -45,7 +45,7 @@ KeyList::KeyList(const QMenuBar& menus)
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(field);
     layout->addWidget(m_list);
-    resize(kSize.boundedTo(screen()->availableSize() - kFrame));
+    resize(firstSize(*this, kSize));
     search({});
     field->setFocus();
 }

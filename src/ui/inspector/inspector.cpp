@@ -6,6 +6,7 @@
 #include "app/layer_names.h"
 #include "app/still_pictures.h"
 #include "items/gx_screen.h"
+#include "ui/base/file_location.h"
 #include "ui/base/fold_heading.h"
 #include "ui/base/heading.h"
 #include "ui/base/image_file_name.h"
@@ -318,9 +319,7 @@ void Inspector::takeFile()
     // A name alone is that of a file beside the present one.
     const auto present = still->ImageURL()->filePath();
     const QDir folder = QFileInfo(QFile::decodeName(present.value_or("/").c_str())).dir();
-    const QByteArray path = QFile::encodeName(folder.absoluteFilePath(m_file->text()));
-    const auto changed =
-        changePicture(m_delegate, *still, std::make_shared<const Url>(Url::fromFilePath(path.toStdString())));
+    const auto changed = changePicture(m_delegate, *still, fileLocation(folder.absoluteFilePath(m_file->text())));
     m_file->setModified(!changed);
     m_refresh.schedule();
     const QString reason = changed ? QString() : QString::fromStdString(changed.error().message);

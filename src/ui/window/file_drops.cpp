@@ -2,6 +2,7 @@
 #include "ui/window/file_drops.h"
 
 #include "app/new_layers.h"
+#include "ui/base/file_location.h"
 #include "ui/preview/zoom_view.h"
 
 #include <QApplication>
@@ -15,6 +16,7 @@
 #include <QWidget>
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace wallgrid {
 
@@ -49,16 +51,10 @@ FileKind kindOf(const QString& path)
     return QImageReader(path).canRead() ? FileKind::Picture : FileKind::Other;
 }
 
-UrlRef locationOf(const QString& path)
-{
-    return std::make_shared<const Url>(Url::fromFilePath(QFile::encodeName(path).toStdString()));
-}
-
 } // namespace
 
-FileDrops::FileDrops(GXAppDelegate& delegate, NewLayers& newLayers, const ZoomView& preview, QWidget& window)
+FileDrops::FileDrops(NewLayers& newLayers, const ZoomView& preview, QWidget& window)
     : QObject(&window)
-    , m_delegate(delegate)
     , m_newLayers(newLayers)
     , m_preview(preview)
 {
@@ -82,36 +78,28 @@ bool FileDrops::eventFilter(QObject* watched, QEvent* event)
     }
     drop->setDropAction(Qt::CopyAction);
     drop->accept();
-    // Later, because the program that the files come from waits, and opening one may ask something.
+    if (event->type() != QEvent::Drop)
+        return true;
+    std::optional<PixelPoint> middle;
     const QPointF position = m_preview.mapFrom(m_preview.window(), drop->position());
-    const bool onPreview = QRectF(m_preview.rect()).contains(position);
-    if (event->type() == QEvent::Drop)
-        QTimer::singleShot(0, this, [=, this] { onPreview ? openOnPreview(paths, position) : open(paths); });
+    if (QRectF(m_preview.rect()).contains(position)) {
+        const QPointF point = m_preview.viewport().toRaster(position * m_preview.devicePixelRatioF());
+        middle = PixelPoint{std::llround(point.x()), std::llround(point.y())};
+    }
+    // Later, because the program that the files come from waits, and opening one may ask something.
+    QTimer::singleShot(0, this, [=, this] { open(paths, middle); });
     return true;
 }
 
-void FileDrops::openOnPreview(const QStringList& paths, QPointF position)
-{
-    const QPointF point = m_preview.viewport().toRaster(position * m_preview.devicePixelRatioF());
-    std::optional<PixelPoint> middle(PixelPoint{std::llround(point.x()), std::llround(point.y())});
-    for (const QString& path : paths) {
-        if (kindOf(path) != FileKind::Picture) {
-            open({path});
-            continue;
-        }
-        m_newLayers.addImageAt(locationOf(path), makeString(QFileInfo(path).completeBaseName().toStdU16String()),
-                               middle);
-        middle.reset(); // or several would cover each other
-    }
-}
-
-void FileDrops::open(const QStringList& paths)
+void FileDrops::open(const QStringList& paths, std::optional<PixelPoint> middle)
 {
     for (const QString& path : paths) {
-        if (kindOf(path) == FileKind::Picture)
-            m_delegate.addImageAt(locationOf(path));
-        else
-            emit openWanted(locationOf(path)->absoluteString());
+        const UrlRef location = fileLocation(path);
+        if (kindOf(path) != FileKind::Picture)
+            emit openWanted(location->absoluteString());
+        else // only the first one where it was dropped, or they would cover each other
+            m_newLayers.addImageAt(location, makeString(QFileInfo(path).completeBaseName().toStdU16String()),
+                                   std::exchange(middle, std::nullopt));
     }
 }
 

@@ -4,7 +4,7 @@
 #include "app/preset_file.h"
 #include "app/undo_history.h"
 #include "ui/fields/number_field.h"
-#include "ui/window/arrange_icon.h"
+#include "ui/window/command_icons.h"
 #include "ui/window/number_dialog.h"
 
 #include <QApplication>
@@ -96,6 +96,13 @@ void LayerActions::asOneStep(Command command)
 
 void LayerActions::makeEditActions()
 {
+    m_selectAll = makeAction(tr("&Select All"), tr("Select all layers"), QKeySequence::SelectAll, 0, [this] {
+        auto& layers = m_delegate.arraycontroller();
+        GXAppDelegate::ItemController::Indexes all;
+        for (std::size_t row = 0; row < layers.arrangedObjects().size(); ++row)
+            all.insert(all.end(), row);
+        layers.setSelectionIndexes(all);
+    });
     m_edit = {
         makeAction(tr("Cu&t"), tr("Copy the selected layers and remove them"), QKeySequence::Cut, 1,
                    [this] {
@@ -104,14 +111,7 @@ void LayerActions::makeEditActions()
                    }),
         makeAction(tr("&Copy"), tr("Copy the selected layers"), QKeySequence::Copy, 1, [this] { copy(); }),
         makeAction(tr("&Paste"), tr("Add the layers that were copied"), QKeySequence::Paste, 0, [this] { paste(); }),
-        makeAction(tr("&Select All"), tr("Select all layers"), QKeySequence::SelectAll, 0,
-                   [this] {
-                       auto& layers = m_delegate.arraycontroller();
-                       GXAppDelegate::ItemController::Indexes all;
-                       for (std::size_t row = 0; row < layers.arrangedObjects().size(); ++row)
-                           all.insert(all.end(), row);
-                       layers.setSelectionIndexes(all);
-                   }),
+        m_selectAll,
         makeAction(tr("&Duplicate"), tr("Put a copy beside each selected layer"), Qt::CTRL | Qt::Key_D, 1,
                    [this] { duplicateLayers(m_delegate); }),
         makeAction(tr("Arra&y…"), tr("Repeat the selected layers side by side and on top of each other"),

@@ -25,7 +25,7 @@ public:
 
     /// Cut, Copy, Paste, Select All, Duplicate and Array.
     const QList<QAction*>& editActions() const { return m_edit; }
-    QAction* selectAll() const { return m_edit[3]; }
+    QAction* selectAll() const { return m_selectAll; }
     void addTo(QMenu& arrange);
     void addTo(QToolBar& bar);
 
@@ -53,6 +53,7 @@ private:
     GXAppDelegate& m_delegate;
     UndoHistory& m_history;
     QWidget& m_window;
+    QAction* m_selectAll;
     QList<QAction*> m_edit;
     QList<QAction*> m_align;         ///< left, centre, right, top, middle, bottom
     QList<QAction*> m_alignInOutput; ///< the same

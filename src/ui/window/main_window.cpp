@@ -3,6 +3,7 @@
 
 #include "app/new_items.h"
 #include "ui/base/empty_hint.h"
+#include "ui/base/first_size.h"
 #include "ui/base/heading.h"
 #include "ui/base/shown_text.h"
 #include "ui/desktop/qt_recent_documents.h"
@@ -31,7 +32,6 @@
 #include <QFileInfo>
 #include <QLineEdit>
 #include <QMenuBar>
-#include <QScreen>
 #include <QScrollArea>
 #include <QSplitter>
 #include <QStatusBar>
@@ -44,9 +44,6 @@ namespace wallgrid {
 namespace {
 
 using Column = ItemTableModel::Column;
-
-/// About what a desktop adds around a window. Nobody knows before the window is shown.
-constexpr QSize kFrame(16, 48);
 
 constexpr int kMessageMilliseconds = 15'000;
 constexpr qsizetype kLongestMessage = 300;
@@ -103,12 +100,12 @@ MainWindow::MainWindow(GXAppDelegate& delegate, UndoHistory& history, QtRecentDo
     makeViewMenu();
     makeHelpMenu();
     nameProject();
-    resize(QSize(1400, 840).boundedTo(screen()->availableSize() - kFrame));
+    resize(firstSize(*this, {1400, 840}));
     m_table->setFocus();
 
     connect(new MissingPictures(delegate, history, *m_failures, *this), &MissingPictures::messageWanted, this,
             &MainWindow::showMessage);
-    connect(new FileDrops(m_delegate, m_newLayers, *m_miniPvw, *this), &FileDrops::openWanted, this, &MainWindow::open);
+    connect(new FileDrops(m_newLayers, *m_miniPvw, *this), &FileDrops::openWanted, this, &MainWindow::open);
     for (QLineEdit* field : findChildren<QLineEdit*>())
         field->setAcceptDrops(false); // a file that is dropped there is meant for the window
 }

@@ -5,7 +5,7 @@
 #include "ui/preview/output_preview.h"
 #include "ui/preview/preview_surface.h"
 #include "ui/preview/zoom_bar.h"
-#include "ui/window/arrange_icon.h"
+#include "ui/window/command_icons.h"
 #include "ui/window/output_window.h"
 
 namespace wallgrid {

@@ -195,7 +195,7 @@ class StageTest : public QObject {
 private slots:
     void thePageYourFirstStageIsRight()
     {
-        QFile page(QString(WALLGRID_SOURCES) + "/docs/first-stage.md");
+        QFile page(":/docs/first-stage.md");
         QVERIFY(page.open(QIODevice::ReadOnly));
         QString text = page.readAll();
         text.replace(QRegularExpression(R"(\n *(?=[a-z`]))"), " "); // a line for each step

@@ -278,12 +278,12 @@ private slots:
         program.delegate().openAbout();
         QCOMPARE(drop({file("a wall.mpr")}), QString("refused"));
         program.delegate().closeAbout();
-        QCOMPARE(drop({file("a wall.mpr"), file("logo #1.png")}), QString("Layer 0, "));
+        QCOMPARE(drop({file("a wall.mpr"), file("logo #1.png")}), QString("Layer 0, logo #1"));
         const auto* still = dynamic_cast<GXStill*>(&program.item(1)); // below the first row, as the Add sheet's
         QCOMPARE(fileName(still->ImageURL()), QString("logo #1.png"));
         const PreviewSurface& preview = *program.window().miniPvw();
         place = preview.mapTo(&program.window(), preview.rect().center());
-        QCOMPARE(drop({file("logo #1.png")}), QString("Layer 0, logo #1, "));
+        QCOMPARE(drop({file("logo #1.png")}), QString("Layer 0, logo #1, logo #1"));
         const PixelPoint middle = program.item(1).frame().origin() + PixelPoint{15, 10};
         QVERIFY(std::abs(middle.x - 960) < 12 && std::abs(middle.y - 540) < 12);
         place = preview.mapTo(&program.window(), QPoint(1, 1));

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "ui/window/arrange_icon.h"
+#include "ui/window/command_icons.h"
 
 #include <QPainter>
 #include <vector>
